@@ -1,0 +1,49 @@
+#include "scores/best_times.h"
+
+#include <limits>
+#include <utility>
+
+#include "scores/windows_1252.h"
+
+namespace solvanta {
+
+void clear_places(GameState& state) {
+    state.BestTime.fill(0);
+    state.BestName.fill(" ");
+    state.BestDate.fill(" ");
+}
+
+int place_for(const GameState& state, std::int32_t seconds) {
+    for (int p = 1; p <= best_places; ++p) {
+        if (seconds < state.BestTime(p) || state.BestTime(p) == 0) return p;
+    }
+    return no_place;
+}
+
+void insert_entry(GameState& state, int place, std::int32_t seconds, std::string name,
+                  std::string date) {
+    for (int p = best_places - 1; p >= place; --p) {
+        state.BestTime(p + 1) = state.BestTime(p);
+        state.BestName(p + 1) = std::move(state.BestName(p));
+        state.BestDate(p + 1) = std::move(state.BestDate(p));
+    }
+    state.BestTime(place) = seconds;
+    state.BestName(place) = std::move(name);
+    state.BestDate(place) = std::move(date);
+}
+
+void count_up(std::int32_t& counter) {
+    if (counter < std::numeric_limits<std::int32_t>::max()) ++counter;
+}
+
+std::string entry_stamp(int day, std::string_view month, int year, int hour,
+                        std::string_view time_separator, int minute) {
+    std::string stamp = std::to_string(day) + ". ";
+    stamp += month;
+    stamp += ' ' + std::to_string(year) + ' ' + std::to_string(hour);
+    stamp += time_separator;
+    stamp += (minute < 10 ? "0" : "") + std::to_string(minute);
+    return to_list_text(stamp);
+}
+
+}  // namespace solvanta

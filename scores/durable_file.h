@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace solvanta {
+
+/// The system calls that reading and durable replacement need, one step each. Paths are UTF-8.
+/// Of a file being written there is one at a time: `create` begins it, `close` ends it.
+class FileCalls {
+  public:
+    FileCalls() = default;
+    FileCalls(const FileCalls&) = delete;
+    FileCalls& operator=(const FileCalls&) = delete;
+    virtual ~FileCalls() = default;
+
+    /// Reads a regular file of at most `limit` bytes whole. A missing file is
+    /// `no_such_file_or_directory`, a longer one `file_too_large`.
+    virtual std::error_code read(const std::string& path, std::size_t limit,
+                                 std::string& bytes) = 0;
+
+    /// Creates the file to be written, or empties it.
+    virtual std::error_code create(const std::string& path) = 0;
+    virtual std::error_code write(std::string_view bytes) = 0;
+    /// Returns once the device holds what was written.
+    virtual std::error_code flush() = 0;
+    /// Ends the writing, whatever came before.
+    virtual std::error_code close() = 0;
+
+    /// Puts `from` in the place of `to` in one step: `to` is the old file or the new one, never
+    /// something between.
+    virtual std::error_code rename(const std::string& from, const std::string& to) = 0;
+    virtual std::error_code remove(const std::string& path) = 0;
+    /// Makes the renaming of the file at `path` survive a power failure.
+    virtual std::error_code sync_directory_of(const std::string& path) = 0;
+};
+
+/// The system's own calls.
+FileCalls& system_file_calls();
+
+/// Replaces the file at `path` by `bytes` so that at every moment, a crash included, it holds the
+/// old content or the new one whole. The new content goes to `path` + ".tmp" first, which is never
+/// read as data. On an error the old file is untouched and the temporary one removed, except
+/// that after a failed directory sync the new file is already in place.
+std::error_code replace_file(FileCalls& calls, const std::string& path, std::string_view bytes);
+
+}  // namespace solvanta

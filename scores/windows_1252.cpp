@@ -1,0 +1,62 @@
+#include "scores/windows_1252.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace solvanta {
+namespace {
+
+/// The characters of bytes 0x80 to 0x9F; the five bytes without one stand for the control
+/// characters of the same number.
+constexpr std::array<char32_t, 32> upper_controls{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char to_byte(char32_t character) {
+    if (character == U'"') return closing_quote;
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+        return static_cast<char>(static_cast<unsigned char>(character));
+    }
+    const auto* found = std::find(upper_controls.begin(), upper_controls.end(), character);
+    if (found == upper_controls.end()) return '?';
+    return static_cast<char>(static_cast<unsigned char>(0x80 + (found - upper_controls.begin())));
+}
+
+unsigned char byte_at(std::string_view text, std::size_t position) {
+    return static_cast<unsigned char>(text[position]);
+}
+
+/// Decodes the character at `position` and moves past it; past one byte when it is malformed.
+std::optional<char32_t> next_character(std::string_view utf8, std::size_t& position) {
+    const unsigned char lead = byte_at(utf8, position++);
+    if (lead < 0x80) return lead;
+    const std::size_t rest = lead >= 0xF0 && lead < 0xF8   ? 3
+                             : lead >= 0xE0 && lead < 0xF0 ? 2
+                             : lead >= 0xC2 && lead < 0xE0 ? 1
+                                                           : 0;
+    if (rest == 0 || utf8.size() - position < rest) return std::nullopt;
+    char32_t character = lead & (0x3FU >> rest);
+    for (std::size_t i = 0; i < rest; ++i) {
+        const unsigned char byte = byte_at(utf8, position + i);
+        if ((byte & 0xC0U) != 0x80U) return std::nullopt;
+        character = (character << 6U) | (byte & 0x3FU);
+    }
+    position += rest;
+    return character;
+}
+
+}  // namespace
+
+std::string to_list_text(std::string_view utf8) {
+    std::string text;
+    for (std::size_t position = 0; position < utf8.size();) {
+        const auto character = next_character(utf8, position);
+        text += character ? to_byte(*character) : '?';
+    }
+    return text;
+}
+
+}  // namespace solvanta
