@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "view/windows.h"
+
+namespace solvanta {
+
+/// The help window.
+class Form2 : public HelpWindow {
+  public:
+    /// Reads the help text from the file at `path` (UTF-8), replacing what was shown. When the
+    /// file can't be read, or is no rich text, the window is empty, and one line goes to standard
+    /// error.
+    void load_help(const std::string& path);
+};
+
+}  // namespace solvanta

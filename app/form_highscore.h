@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/host.h"
+#include "view/windows.h"
+
+namespace solvanta {
+
+class Form_Main;
+
+/// The best-times window: a snapshot of the list, taken each time it is shown.
+class Form_Highscore : public BestTimesWindow {
+  public:
+    /// `table` owns the list, `host` shows the windows; both must outlive the form.
+    Form_Highscore(Form_Main& table, Host& host);
+
+  private:
+    void Comm_clear_highscore_Click();
+
+    Form_Main& table_;
+    Host& host_;
+};
+
+}  // namespace solvanta

@@ -1,0 +1,259 @@
+#include "app/form_main.h"
+
+#include <cassert>
+#include <iostream>
+#include <utility>
+
+#include "core/foundations.h"
+#include "core/stock.h"
+#include "scores/best_times.h"
+#include "scores/clock_text.h"
+#include "scores/list_text.h"
+#include "scores/windows_1252.h"
+#include "view/pictures.h"
+#include "view/table_display.h"
+
+namespace solvanta {
+
+Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, FileCalls& files)
+    : host_(host),
+      seed_random_(std::move(seed_random)),
+      directory_(host.program_directory()),
+      best_times_file_(program_file(directory_, best_times_file_name), files) {
+    clear_places(state);
+    connect_events();
+    connect_rows();
+}
+
+Event Form_Main::checked(std::function<void()> handler) {
+    return [this, handler = std::move(handler)] {
+        handler();
+        assert(is_consistent(state));
+    };
+}
+
+void Form_Main::connect_events() {
+    Command1.Click = checked([this] { Command1_Click(); });
+    Comm_highscore.Click = checked([this] { Comm_highscore_Click(); });
+    Command3.Click = checked([this] { Command3_Click(); });
+    Command_Beenden.Click = checked([this] { Command_Beenden_Click(); });
+    Closed = Command_Beenden.Click;
+    Source_Hide.Click = checked([this] { Source_Hide_Click(); });
+    Source.Click = checked([this] { Source_Click(); });
+    Source.DblClick = checked([this] { Source_DblClick(); });
+    Timer1.Tick = checked([this] { Timer1_Timer(); });
+    InName.KeyDown = [this](int KeyCode) { InName_KeyDown(KeyCode); };
+}
+
+void Form_Main::connect_rows() {
+    for (int Index = 0; Index <= 9; ++Index) {
+        for (TableauRow& row : Iv)
+            row(Index).Click = checked([this, Index] { Iv1_Click(Index); });
+        Iv(1)(Index).DblClick = checked([this, Index] { Iv1_DblClick(Index); });
+    }
+}
+
+void Form_Main::Form_Load() {
+    state.GameWon = false;
+    load_fixed_pictures();
+    Diddle.Visible = false;
+    Scull.Visible = false;
+    for (TableauRow& row : Ih) {
+        for (PictureElement& slot : row)
+            slot.Visible = false;
+    }
+    for (TableauRow& row : Iv) {
+        for (PictureElement& slot : row)
+            slot.Visible = false;
+    }
+    zeiger.Visible = false;
+    FrBestzeiteintrag.Enabled = false;
+    FrBestzeiteintrag.Visible = false;
+    state.WonSinceStart = 0;
+    state.PlayedSinceStart = 0;
+    read_Highscore();
+}
+
+void Form_Main::load_fixed_pictures() {
+    const auto load = [this](std::string_view name) {
+        return Picture::load(program_file(directory_, name));
+    };
+    Diddle.Picture = load(win_picture_file);
+    Scull.Picture = load(skull_picture_file);
+    zeiger.Picture = load(pointer_file);
+    const Picture strip = load(back_strip_file);
+    for (TableauRow& row : Ih) {
+        for (PictureElement& slot : row)
+            slot.Picture = strip;
+    }
+}
+
+void Form_Main::Refresh() {
+    RefreshTable(state, *this, directory_);
+}
+
+void Form_Main::move_pointer(PointerChange change) {
+    if (change != PointerChange::Kept) zeiger.Visible = change == PointerChange::Shown;
+}
+
+void Form_Main::Command1_Click() {
+    if (host_.message("Neues Spiel?", Buttons::YesNo) != Answer::Yes) return;
+    complete_name_entry();
+    deal(state, seed_random_());
+    zeiger.Visible = false;
+    Refresh();
+    state.Seconds = 0;
+    state.ClockRunning = true;
+    Zeitanzeige.Caption = clock_text(state.Seconds);
+    count_up(state.GamesPlayed);
+    count_up(state.PlayedSinceStart);
+    write_Highscore();
+}
+
+void Form_Main::Source_Hide_Click() {
+    if (!game_dealt(state)) return;
+    if (click_stock(state) == StockClick::Refused) refuse_turn();
+    Refresh();
+}
+
+void Form_Main::refuse_turn() {
+    Scull.Visible = true;
+    host_.message(
+        "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist das Spiel "
+        "verloren!",
+        Buttons::Ok);
+    Scull.Visible = false;
+}
+
+void Form_Main::Source_Click() {
+    if (!game_dealt(state)) return;
+    move_pointer(click_waste(state));
+    Refresh();
+}
+
+void Form_Main::Source_DblClick() {
+    if (state.WasteCount > 0) Iv1_DblClick(waste_index);
+}
+
+void Form_Main::Iv1_Click(int Index) {
+    move_pointer(click_column(state, Index + 1));
+    Refresh();
+}
+
+void Form_Main::Iv1_DblClick(int Index) {
+    const bool column_without_open_card =
+        Index < waste_index && (state.FaceUpCount(Index + 1) == 0 || state.Covered(Index + 1));
+    if (column_without_open_card) {
+        Iv1_Click(Index);
+    } else {
+        send_to_foundation(state, Index);
+        zeiger.Visible = false;
+    }
+    Refresh();
+    if (cards_outside_foundations(state) == 0 && !state.GameWon) begin_win();
+}
+
+void Form_Main::Timer1_Timer() {
+    if (!state.ClockRunning) return;
+    count_up(state.Seconds);
+    Zeitanzeige.Caption = clock_text(state.Seconds);
+}
+
+void Form_Main::begin_win() {
+    state.GameWon = true;
+    state.ClockRunning = false;
+    const int place = place_for(state, state.Seconds);
+    Diddle.Visible = true;
+    if (place != no_place) {
+        open_name_entry(place);
+        return;
+    }
+    host_.message("Gratulation! Spiel gewonnen!", Buttons::Ok);
+    end_win();
+}
+
+void Form_Main::open_name_entry(int place) {
+    entry_place_ = place;
+    Platz.Caption = "Platz: " + std::to_string(place);
+    FrBestzeiteintrag.Enabled = true;
+    FrBestzeiteintrag.Visible = true;
+    host_.set_focus(InName);
+    state.NameEntryOpen = true;
+}
+
+void Form_Main::InName_KeyDown(int KeyCode) {
+    if (KeyCode == key_enter) complete_name_entry();
+    assert(is_consistent(state));
+}
+
+void Form_Main::complete_name_entry() {
+    if (!state.NameEntryOpen) return;
+    state.NameEntryOpen = false;
+    const LocalTime now = host_.local_time();
+    const LocaleTexts texts = host_.locale_texts();
+    const std::string& month =
+        texts.month_abbreviations.at(static_cast<std::size_t>(now.month - 1));
+    insert_entry(state, entry_place_, state.Seconds, to_list_text(InName.Text),
+                 entry_stamp(now.day, month, now.year, now.hour, texts.time_separator, now.minute));
+    FrBestzeiteintrag.Enabled = false;
+    FrBestzeiteintrag.Visible = false;
+    end_win();
+}
+
+void Form_Main::end_win() {
+    Diddle.Visible = false;
+    count_up(state.GamesWon);
+    count_up(state.WonSinceStart);
+    write_Highscore();
+}
+
+void Form_Main::clear_Highscore() {
+    clear_places(state);
+    state.GamesPlayed = 0;
+    state.GamesWon = 0;
+    state.PlayedSinceStart = 0;
+    state.WonSinceStart = 0;
+    if (form_highscore_) host_.hide(*form_highscore_);
+    Comm_highscore_Click();
+}
+
+void Form_Main::write_Highscore() {
+    if (const std::error_code error = best_times_file_.write(state)) {
+        std::cerr << "Solvanta: " << best_times_file_name
+                  << " kann nicht geschrieben werden: " << error.message() << '\n';
+    }
+}
+
+void Form_Main::read_Highscore() {
+    if (const std::error_code error = best_times_file_.read(state)) {
+        std::cerr << "Solvanta: " << best_times_file_name
+                  << " kann nicht gelesen werden und bleibt unverändert: " << error.message()
+                  << '\n';
+    }
+}
+
+void Form_Main::Comm_highscore_Click() {
+    if (!form_highscore_) {
+        form_highscore_ = std::make_unique<Form_Highscore>(*this, host_);
+        form_highscore_->Closed = [this] { form_highscore_.reset(); };
+    }
+    form_highscore_->RTB1.TextRTF =
+        list_document(list_lines(state, host_.locale_texts().decimal_separator));
+    host_.show(*form_highscore_);
+}
+
+void Form_Main::Command3_Click() {
+    if (!form2_) {
+        form2_ = std::make_unique<Form2>();
+        form2_->Closed = [this] { form2_.reset(); };
+    }
+    form2_->load_help(program_file(directory_, "Help.rtf"));
+    host_.show(*form2_);
+}
+
+void Form_Main::Command_Beenden_Click() {
+    complete_name_entry();
+    host_.quit();
+}
+
+}  // namespace solvanta
