@@ -1,0 +1,272 @@
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "scores/best_times_format.h"
+#include "tests/support/player.h"
+#include "tests/support/position.h"
+
+namespace solvanta::test {
+namespace {
+
+/// One double click away from the win: the king of clubs alone on column 4.
+const std::string nearly_won = "F 13 13 13 13 13 13 13 12; 4 XK";
+
+std::string list_file(const Player& player) {
+    const auto file = player.files.files.find(MemoryFiles::list_path);
+    return file == player.files.files.end() ? "" : file->second;
+}
+
+constexpr const char* list_caption = "Highscores - Top 30";
+
+/// The window with this caption if it is shown.
+template <typename Window>
+Window* shown(const Player& player, const std::string& caption) {
+    for (Form* form : player.host.visible) {
+        if (form->Caption == caption) return static_cast<Window*>(form);
+    }
+    return nullptr;
+}
+
+void win(Player& player, int seconds) {
+    player.set_up(nearly_won);
+    player.table.state.Seconds = seconds;
+    player.play("c4!");
+}
+
+TEST(Clock, CountsFromDealToWinOnly) {
+    Player player;
+    player.play("tick tick");
+    EXPECT_EQ(player.table.Zeitanzeige.Caption, "");
+    player.deal();
+    for (int i = 0; i < 75; ++i)
+        player.play("tick");
+    EXPECT_EQ(player.table.Zeitanzeige.Caption, "1:15");
+    player.host.during_message = [&] { player.play("tick"); };
+    player.host.answers = {Answer::No};
+    player.deal();
+    EXPECT_EQ(player.table.Zeitanzeige.Caption, "1:16");
+    player.host.during_message = nullptr;
+
+    win(player, 75);
+    player.play("tick tick");
+    EXPECT_EQ(player.table.state.Seconds, 75);
+    EXPECT_FALSE(player.table.state.ClockRunning);
+}
+
+TEST(Stock, RefusesTheFourthPassBehindTheSkull) {
+    Player player;
+    player.set_up("D 1; S; F 13 13 13 13 13 13 13 11; W XD; 4 XK; sel 4");
+    const std::string before = player.position();
+    bool seen = false;
+    player.host.during_message = [&] {
+        seen = player.table.Scull.Visible;
+        player.play("tick");
+    };
+    for (int times = 1; times <= 2; ++times) {
+        player.play("stock");
+        EXPECT_TRUE(seen);
+        EXPECT_FALSE(player.table.Scull.Visible);
+        EXPECT_EQ(player.position(), before);
+        EXPECT_EQ(player.table.state.Seconds, times);
+        ASSERT_EQ(player.host.messages.size(), static_cast<std::size_t>(times));
+        EXPECT_EQ(player.host.messages.back(),
+                  "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist "
+                  "das Spiel verloren!");
+    }
+}
+
+TEST(Win, TakesTheRoadIntoTheList) {
+    Player player(MemoryFiles("100,\"A\",\"d\"\r\n120,\"B\",\"d\"\r\n"));
+    player.deal();
+    const std::string file_at_deal = list_file(player);
+    win(player, 120);
+    const Form_Main& table = player.table;
+    EXPECT_TRUE(table.state.GameWon && table.state.NameEntryOpen);
+    EXPECT_TRUE(table.Diddle.Visible);
+    EXPECT_TRUE(table.FrBestzeiteintrag.Visible && table.FrBestzeiteintrag.Enabled);
+    EXPECT_EQ(table.Platz.Caption, "Platz: 3");
+    EXPECT_EQ(player.host.focused, &table.InName);
+    EXPECT_EQ(list_file(player), file_at_deal);
+    EXPECT_EQ(table.state.GamesWon, 0);
+
+    player.table.InName.KeyDown('M');
+    player.play("c4! waste stock tick");
+    EXPECT_TRUE(table.state.NameEntryOpen);
+    player.host.now = {2026, 12, 25, 23, 40};  // the moment of Enter counts
+    player.enter_name(" Jörg \"€\" ");
+    EXPECT_FALSE(table.state.NameEntryOpen || table.Diddle.Visible);
+    EXPECT_FALSE(table.FrBestzeiteintrag.Visible || table.FrBestzeiteintrag.Enabled);
+    EXPECT_EQ(table.state.BestTime(3), 120);
+    EXPECT_EQ(table.state.BestName(3), " J\xF6rg \x94\x80\x94 ");
+    EXPECT_EQ(table.state.BestDate(3), "25. Dez 2026 23:40");
+    EXPECT_EQ(table.state.GamesWon, 1);
+    EXPECT_EQ(table.state.WonSinceStart, 1);
+    EXPECT_EQ(list_file(player), format_best_times(table.state));
+    EXPECT_EQ(table.InName.Text, " Jörg \"€\" ");
+
+    const std::size_t writes = player.files.calls.size();
+    player.enter_name("again");
+    player.play("c4! waste!");
+    EXPECT_EQ(table.state.GamesWon, 1);
+    EXPECT_EQ(player.files.calls.size(), writes);
+
+    win(player, 50);
+    EXPECT_EQ(table.Platz.Caption, "Platz: 1");
+    player.enter_name("");
+    EXPECT_EQ(table.state.BestName(1), "");
+    EXPECT_EQ(table.state.BestName(4), " J\xF6rg \x94\x80\x94 ");
+}
+
+TEST(Win, TooSlowIsCongratulatedAndCounted) {
+    std::string full;
+    for (int p = 1; p <= 30; ++p)
+        full += std::string(p == 11 ? "9,3\r\n" : "") + "10,\"A\",\"d\"\r\n";
+    Player player{MemoryFiles(full)};
+    bool shown = false;
+    player.host.during_message = [&] { shown = player.table.Diddle.Visible; };
+    win(player, 10);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(player.host.messages, std::vector<std::string>{"Gratulation! Spiel gewonnen!"});
+    EXPECT_FALSE(player.table.Diddle.Visible || player.table.state.NameEntryOpen);
+    EXPECT_EQ(player.table.state.GamesPlayed, 9);
+    EXPECT_EQ(player.table.state.GamesWon, 4);
+    EXPECT_EQ(player.table.state.WonSinceStart, 1);
+    EXPECT_EQ(list_file(player), format_best_times(player.table.state));
+}
+
+TEST(Win, CanComeFromTheWasteAndOnlyByDoubleClick) {
+    Player player;
+    player.set_up("F 13 13 13 13 13 13 13 12; S XK");
+    player.play("stock waste waste");
+    EXPECT_FALSE(player.table.state.GameWon);
+    player.play("waste!");
+    EXPECT_TRUE(player.table.state.GameWon);
+}
+
+TEST(Win, PendingNameIsEnteredBeforeWhatOvertakesIt) {
+    const auto pending = [](Player& player) {
+        win(player, 77);
+        player.table.InName.Text = "Eva";
+    };
+    const auto expect_entered = [](const Player& player) {
+        EXPECT_EQ(player.table.state.BestTime(1), 77);
+        EXPECT_EQ(player.table.state.BestName(1), "Eva");
+        EXPECT_EQ(player.table.state.GamesWon, 1);
+        EXPECT_EQ(list_file(player), format_best_times(player.table.state));
+        EXPECT_FALSE(player.table.state.NameEntryOpen || player.table.Diddle.Visible ||
+                     player.table.FrBestzeiteintrag.Visible);
+    };
+    {
+        SCOPED_TRACE("declined, then confirmed deal");
+        Player player;
+        pending(player);
+        player.host.answers = {Answer::No};
+        player.deal();
+        EXPECT_TRUE(player.table.state.NameEntryOpen);
+        EXPECT_EQ(player.table.state.BestTime(1), 0);
+        player.deal();
+        expect_entered(player);
+        EXPECT_EQ(player.table.state.DeckCount, 49);
+    }
+    for (const bool by_button : {true, false}) {
+        SCOPED_TRACE(by_button ? "end by the button" : "end by the close box");
+        Player player;
+        pending(player);
+        by_button ? player.table.Command_Beenden.Click() : player.host.close(player.table);
+        expect_entered(player);
+        EXPECT_TRUE(player.host.has_quit);
+    }
+    SCOPED_TRACE("clearing");
+    Player player;
+    pending(player);
+    std::vector<std::string> written;
+    player.files.before = [&](const std::string& call) {
+        if (call == "sync") written.push_back(list_file(player));
+        return std::error_code{};
+    };
+    player.table.Comm_highscore.Click();
+    shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
+    ASSERT_EQ(written.size(), 2U);
+    EXPECT_EQ(written[0].substr(0, 9), "77,\"Eva\",");
+    EXPECT_EQ(written[1].substr(0, 9), "0,\" \",\" \"");
+    EXPECT_FALSE(player.table.state.NameEntryOpen);
+}
+
+TEST(BestTimesWindow, IsASnapshotUntilShownAgain) {
+    Player player(MemoryFiles("65,\"{\\b}\xDF\",\"d\"\r\n"));
+    player.table.Comm_highscore.Click();
+    auto* list = shown<Form_Highscore>(player, list_caption);
+    ASSERT_TRUE(list);
+    const std::string first = list->RTB1.TextRTF;
+    EXPECT_NE(first.find(" 1:   1:05  \\{\\\\b\\}\\'df  "), std::string::npos) << first;
+    EXPECT_NE(first.find("Spiele 0 Gewonnen: 0 [0,00%]  Seit Spielstart 0 Gewonnen: 0 [0,00%]"),
+              std::string::npos);
+    player.deal();
+    EXPECT_EQ(list->RTB1.TextRTF, first);
+    player.table.Comm_highscore.Click();
+    EXPECT_NE(list->RTB1.TextRTF.find("Spiele 1 "), std::string::npos);
+    list->Command_Ok.Click();
+    EXPECT_FALSE(shown<Form_Highscore>(player, list_caption));
+    player.table.Comm_highscore.Click();
+    EXPECT_EQ(shown<Form_Highscore>(player, list_caption), list);
+
+    player.host.close(*list);
+    player.table.Comm_highscore.Click();
+    EXPECT_NE(shown<Form_Highscore>(player, list_caption)->RTB1.TextRTF, first);
+}
+
+TEST(BestTimesWindow, ClearsListAndCountersWhenConfirmed) {
+    Player player(MemoryFiles("65,\"A\",\"d\"\r\n"));
+    player.deal();
+    player.table.Comm_highscore.Click();
+    const std::string before = list_file(player);
+    player.host.answers = {Answer::Cancel, Answer::Ok};
+    shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
+    EXPECT_EQ(player.host.messages.back(), "Soll die Highscore-Liste wirklich gelöscht werden?");
+    EXPECT_EQ(list_file(player), before);
+    EXPECT_EQ(player.table.state.BestTime(1), 65);
+
+    shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
+    std::string cleared;
+    for (int line = 1; line <= 31; ++line) {
+        cleared += line == 11 ? "0,0\r\n" : "0,\" \",\" \"\r\n";
+    }
+    EXPECT_EQ(list_file(player), cleared);
+    EXPECT_EQ(player.table.state.PlayedSinceStart, 0);
+    const auto* list = shown<Form_Highscore>(player, list_caption);
+    ASSERT_TRUE(list);
+    EXPECT_NE(list->RTB1.TextRTF.find("Spiele 0 Gewonnen: 0 [0,00%]"), std::string::npos);
+    EXPECT_EQ(list->RTB1.TextRTF.find("1:05"), std::string::npos);
+}
+
+TEST(Help, IsReadAgainAtEachClick) {
+    Player player;
+    player.host.directory = testing::TempDir() + "solvanta-help";
+    std::filesystem::create_directories(player.host.directory);
+    const std::string path = player.host.directory + "/Help.rtf";
+    Form_Main table(player.host);
+    const std::pair<std::string, std::string> contents[] = {{"{\\rtf1 eins}", "{\\rtf1 eins}"},
+                                                            {"{\\rtf1 zwei}", "{\\rtf1 zwei}"},
+                                                            {"kein RTF", ""},
+                                                            {"", ""}};
+    Form2* help = nullptr;
+    for (const auto& [content, text] : contents) {
+        std::ofstream(path, std::ios::binary) << content;
+        table.Command3.Click();
+        Form2* now_shown = shown<Form2>(player, "Hilfe");
+        ASSERT_TRUE(now_shown);
+        EXPECT_TRUE(!help || help == now_shown);
+        help = now_shown;
+        EXPECT_EQ(help->RichTextBox1.TextRTF, text);
+    }
+    std::filesystem::remove_all(player.host.directory);
+    player.host.close(*help);
+    table.Command3.Click();
+    ASSERT_TRUE(shown<Form2>(player, "Hilfe"));
+    EXPECT_EQ(shown<Form2>(player, "Hilfe")->RichTextBox1.TextRTF, "");
+}
+
+}  // namespace
+}  // namespace solvanta::test

@@ -1,0 +1,204 @@
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "core/moves.h"
+#include "tests/support/player.h"
+#include "tests/support/position.h"
+
+namespace solvanta::test {
+namespace {
+
+TEST(Rules, PlacementFollowsTheCardNumbers) {
+    const auto kings = {13, 26, 39, 52};
+    for (CardNumber s = 1; s <= 52; ++s) {
+        for (CardNumber t = 1; t <= 52; ++t) {
+            const bool is_king = std::find(kings.begin(), kings.end(), s) != kings.end();
+            const bool neighbours =
+                t - 1 == s - 13 || t - 1 == s + 13 || t - 1 == s - 39 || t - 1 == s + 39;
+            EXPECT_EQ(may_lie_on(s, t), !is_king && neighbours)
+                << print_card(s) << " on " << print_card(t);
+        }
+    }
+}
+
+/// What is played on a position and the position it leads to.
+struct Case {
+    const char* name;
+    const char* before;
+    const char* played;
+    const char* after;
+};
+
+void expect_plays(const Case& c) {
+    SCOPED_TRACE(c.name);
+    Player player;
+    player.set_up(c.before);
+    player.play(c.played);
+    EXPECT_EQ(player.position(), print_position(parse_position(c.after)));
+    EXPECT_TRUE(player.host.messages.empty());
+}
+
+TEST(Rules, SelectionAndMoves) {
+    const Case cases[] = {
+        {"a column is selected and given up", "1 H5", "c1 c1", "1 H5"},
+        {"the waste is selected and given up", "W H5", "waste waste", "W H5"},
+        {"an empty waste can't be selected", "1 H5", "waste", "1 H5"},
+        {"the waste takes the selection over", "W P2; 1 H5", "c1 waste", "W P2; 1 H5; sel 0"},
+        {"an empty waste leaves a selection", "1 H5", "c1 waste", "1 H5; sel 1"},
+        {"a fitting waste card moves", "W P4 X4; 1 H5", "waste c1", "W P4; 1 H5 X4"},
+        {"the last waste card moves", "W X4; 1 H5", "waste c1", "1 H5 X4"},
+        {"a refused waste card is given up", "W H4; 1 H5", "waste c1", "W H4; 1 H5; sel 1"},
+        {"the whole run moves", "1 P9 H8 X7; 2 K10", "c1 c2", "2 K10 P9 H8 X7"},
+        {"a run moves by any of its cards", "1 P9 H8 X7; 2 K10", "c1.3 c2", "2 K10 P9 H8 X7"},
+        {"a run moves onto any card of a run", "1 P9 H8; 2 XB K10", "c1.2 c2.2", "2 XB K10 P9 H8"},
+        {"a run is never split", "1 P9 H8; 2 X9", "c1 c2", "1 P9 H8; 2 X9; sel 2"},
+        {"same colour is refused", "1 P9; 2 X10", "c1 c2", "1 P9; 2 X10; sel 2"},
+        {"one higher is refused", "1 H10; 2 X9", "c1 c2", "1 H10; 2 X9; sel 2"},
+        {"two lower is refused", "1 H8; 2 X10", "c1 c2", "1 H8; 2 X10; sel 2"},
+        {"an ace takes nothing", "1 PK; 2 H1", "c1 c2", "1 PK; 2 H1; sel 2"},
+        {"a king goes on no card", "W PK; 2 H1", "waste c2", "W PK; 2 H1; sel 2"},
+        {"a king goes into an empty column", "W PK", "waste c7", "7 PK"},
+        {"a run headed by a king goes too", "1 P5 | HK XD", "c1 c2", "1 P5?; 2 HK XD"},
+        {"no other card goes there", "W PD; 1 H5 X4", "waste c3 c1 c3 c3", "W PD; 1 H5 X4; sel 1"},
+        {"an empty column can't be selected", "1 H5", "c2", "1 H5"},
+        {"the next card comes covered", "1 H2 X3 | P4; 2 H5", "c1 c2", "1 H2 | X3?; 2 H5 P4"},
+        {"a click turns it, the next selects", "1 H2 | X3?", "c1 c1", "1 H2 | X3; sel 1"},
+        {"a fitting waste card waits for it", "W H4; 1 H2 | P5?", "waste c1 c1", "1 H2 | P5 H4"},
+        {"an unfit waste card stays selected", "W H7; 1 H2 | P5?", "waste c1",
+         "W H7; 1 H2 | P5; sel 0"},
+        {"a selected column waits for it", "1 H2 | P5?; 2 H4 X3", "c2 c1 c1", "1 H2 | P5 H4 X3"},
+        {"a fitting run fits either twin", "1 P9; 2 K10; 3 K10", "c1 c3", "2 K10; 3 K10 P9"},
+        {"a run grows to thirteen", "1 HK; 2 PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1", "c2 c1",
+         "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1"},
+    };
+    for (const Case& c : cases)
+        expect_plays(c);
+}
+
+TEST(Rules, StockAndPasses) {
+    // Five cards are in play: the four highest hearts and the king of spades.
+    const std::string others_done = "F 13 13 13 13 9 12 13 13; ";
+    const Case cases[] = {
+        {"three, the deepest on top", "S H10 HB HD HK; W PK", "stock", "S H10; W PK HK HD HB"},
+        {"one left of three", "S H10; W HB HD HK PK", "stock", "S; W HB HD HK PK H10"},
+        {"two in the second pass", "D 2; S H10 HB HD; W HK PK", "stock",
+         "D 2; S H10; W HK PK HD HB"},
+        {"one in the third", "D 1; S H10 HB; W HD HK PK", "stock stock",
+         "D 1; S; W HD HK PK HB H10"},
+        {"a turn draws nothing", "S; W H10 HB HD HK PK", "stock", "D 2; S PK HK HD HB H10"},
+        {"and keeps the order of the pass", "S; W H10 HB HD HK PK", "stock stock",
+         "D 2; S PK HK HD; W H10 HB"},
+        {"an empty waste uses up a pass", "S; 1 PK HD; 2 HK; 3 HB; 4 H10", "stock stock",
+         "D 1; S; 1 PK HD; 2 HK; 3 HB; 4 H10"},
+        {"a selection stands through a draw", "S H10 HB; W HD HK; 1 PK", "waste stock",
+         "S; W HD HK HB H10; 1 PK; sel 0"},
+        {"and means the new top card", "S HD H10 HB; W HK; 1 PK", "waste stock c1",
+         "S; W HK HB H10; 1 PK HD"},
+        {"after a turn it moves nothing", "S; W H10 HB HD HK; 1 PK", "waste stock c2",
+         "D 2; S HK HD HB H10; 1 PK; sel 0"},
+        {"ends by a column click", "S; W H10 HB HK HD; 1 PK", "waste stock c1",
+         "D 2; S HD HK HB H10; 1 PK; sel 1"},
+        {"or by a click on the empty waste", "S; W H10 HB HK HD; 1 PK", "waste stock waste",
+         "D 2; S HD HK HB H10; 1 PK"},
+        {"or comes to life with a draw", "S; W H10 HD HK HB; 1 PK", "waste stock stock c1",
+         "D 2; S HB HK; W H10; 1 PK HD"},
+        {"a column stays selected", "S; W H10 HB HD HK; 1 PK", "c1 stock stock",
+         "D 2; S HK HD; W H10 HB; 1 PK; sel 1"},
+        {"a second quick press is no click", "S H10 HB HD HK; W PK", "stock!",
+         "S H10; W PK HK HD HB"},
+    };
+    for (const Case& c : cases) {
+        const std::string before = others_done + c.before;
+        const std::string after = others_done + c.after;
+        expect_plays({c.name, before.c_str(), c.played, after.c_str()});
+    }
+}
+
+TEST(Rules, DoubleClicks) {
+    const Case cases[] = {
+        {"the first ace opens the lower foundation", "1 H1", "c1!", "F 1"},
+        {"the second ace the higher one", "F 1; 1 H1", "c1!", "F 1 0 0 0 1"},
+        {"at equal height the lower one grows", "F 3 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 3"},
+        {"otherwise the one that fits", "F 4 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 4"},
+        {"a king completes thirteen", "F 0 12; 1 PK", "c1!", "F 0 13"},
+        {"the next suit's ace does not follow it", "F 13; 1 P1", "c1!", "F 13 1"},
+        {"each suit has its pair", "W K1 X1 P1", "waste! waste! waste!", "F 0 1 1 1"},
+        {"a misfit only ends the selection", "W H9; 1 H5", "waste c1!", "W H9; 1 H5"},
+        {"a misfit on the waste too", "W H9; 1 H5", "c1 waste!", "W H9; 1 H5"},
+        {"an empty waste does nothing", "1 H5", "waste!", "1 H5"},
+        {"nor does an empty column", "1 H5", "c2!", "1 H5"},
+        {"the card below is exposed", "1 H3 P2 H1", "c1!", "F 1; 1 H3 P2"},
+        {"the next face-down card comes covered", "1 X9 H5 | H1", "c1!", "F 1; 1 X9 | H5?"},
+        {"a covered card is turned, then sent", "1 X9 | H1?", "c1!", "F 1; 1 X9?"},
+        {"a covered misfit is turned", "1 X9 | H7?", "c1!", "1 X9 | H7"},
+        {"a strip takes it as one click", "1 H3 P2 H1", "c1.2!", "1 H3 P2 H1; sel 1"},
+        {"a king moved in is tried at once", "F 12; W HK", "waste c3!", "F 13"},
+        {"and stays when it does not fit", "W PK", "waste c3!", "3 PK"},
+        {"a run moved in leaves a strip there", "F 0 11; 1 HK PD", "c1 c2!", "F 0 11; 2 HK PD"},
+        {"a card moved on leaves a strip there", "F 0 0 0 3; W X4; 1 H5", "waste c1!",
+         "F 0 0 0 3; 1 H5 X4"},
+    };
+    for (const Case& c : cases)
+        expect_plays(c);
+}
+
+TEST(Rules, ConsistencyCheckNoticesEveryFault) {
+    using Fault = std::function<void(GameState&)>;
+    const std::string sound = "F 2 0 0 0 1; W H9; 1 X2 | PK HD; 2 X7 | H8?; sel 1";
+    ASSERT_EQ(violated_invariant(parse_position(sound)), "");
+    ASSERT_EQ(violated_invariant(GameState{}), "");
+    const std::pair<const char*, Fault> faults[] = {
+        {"a card lost", [](GameState& s) { --s.DeckCount; }},
+        {"a card changed", [](GameState& s) { s.Waste(1) = 10; }},
+        {"no card at all", [](GameState& s) { s.Waste(1) = 0; }},
+        {"a count below zero", [](GameState& s) { s.WasteCount = -1; }},
+        {"a count too high", [](GameState& s) { s.FaceUpCount(4) = 14; }},
+        {"a fourth pass", [](GameState& s) { s.DrawSize = 4; }},
+        {"a run out of order", [](GameState& s) { std::swap(s.FaceUp(1)(1), s.FaceUp(1)(2)); }},
+        {"a covered run", [](GameState& s) { s.Covered(1) = true; }},
+        {"a covered selection",
+         [](GameState& s) {
+             s.Selected.fill(false);
+             s.Selected(2) = true;
+         }},
+        {"two selections", [](GameState& s) { s.Selected(0) = true; }},
+        {"an empty column selected",
+         [](GameState& s) {
+             s.Selected.fill(false);
+             s.Selected(9) = true;
+         }},
+        {"a front missing",
+         [](GameState& s) {
+             s.FaceUpCount(2) = 0;
+             s.Covered(2) = false;
+             s.Deck(++s.DeckCount) = s.FaceUp(2)(1);
+         }},
+        {"a foundation of the wrong suit",
+         [](GameState& s) { std::swap(s.FoundationCount(1), s.FoundationCount(2)); }},
+        {"a higher foundation first",
+         [](GameState& s) {
+             s.Deck(++s.DeckCount) = 2;
+             s.Deck(++s.DeckCount) = 1;
+             s.FoundationCount(1) = 0;
+         }},
+        {"a win with cards left",
+         [](GameState& s) {
+             s.GameWon = true;
+             s.ClockRunning = false;
+         }},
+        {"a name asked for without a win", [](GameState& s) { s.NameEntryOpen = true; }},
+        {"a negative clock", [](GameState& s) { s.Seconds = -1; }},
+    };
+    for (const auto& [name, fault] : faults) {
+        GameState state = parse_position(sound);
+        fault(state);
+        EXPECT_FALSE(is_consistent(state)) << name;
+    }
+}
+
+}  // namespace
+}  // namespace solvanta::test

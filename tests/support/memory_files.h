@@ -1,0 +1,79 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "scores/durable_file.h"
+
+namespace solvanta::test {
+
+/// Files in memory whose every call can be made to fail: names of the calls run through `before`,
+/// and an error it answers is what the call answers, undone.
+class MemoryFiles : public FileCalls {
+  public:
+    MemoryFiles() = default;
+    explicit MemoryFiles(std::string list) : files{{list_path, std::move(list)}} {}
+    MemoryFiles(const MemoryFiles& other) : FileCalls(), files(other.files), before(other.before) {}
+
+    static constexpr const char* list_path = "/nowhere/highscore.scr";
+
+    std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {
+        if (const auto error = begin("read")) return error;
+        const auto file = files.find(path);
+        if (file == files.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
+        if (file->second.size() > limit) return std::make_error_code(std::errc::file_too_large);
+        bytes = file->second;
+        return {};
+    }
+
+    std::error_code create(const std::string& path) override {
+        if (const auto error = begin("create")) return error;
+        written_ = &files[path];
+        written_->clear();
+        return {};
+    }
+
+    std::error_code write(std::string_view bytes) override {
+        const auto error = begin("write");
+        // A full disk takes a part.
+        *written_ += bytes.substr(0, error ? bytes.size() / 2 : bytes.size());
+        return error;
+    }
+
+    std::error_code flush() override { return begin("flush"); }
+
+    std::error_code close() override { return begin("close"); }
+
+    std::error_code rename(const std::string& from, const std::string& to) override {
+        if (const auto error = begin("rename")) return error;
+        files[to] = files.at(from);
+        files.erase(from);
+        return {};
+    }
+
+    std::error_code remove(const std::string& path) override {
+        files.erase(path);
+        return begin("remove");
+    }
+
+    std::error_code sync_directory_of(const std::string& /*path*/) override {
+        return begin("sync");
+    }
+
+    std::map<std::string, std::string> files;
+    std::vector<std::string> calls;
+    std::function<std::error_code(const std::string& call)> before;
+
+  private:
+    std::error_code begin(const std::string& call) {
+        calls.push_back(call);
+        return before ? before(call) : std::error_code{};
+    }
+
+    std::string* written_ = nullptr;
+};
+
+}  // namespace solvanta::test

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <deque>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace solvanta::test {
+
+/// A Host without windows: it notes what is asked of it and answers from what the test prepared.
+class NullHost : public Host {
+  public:
+    void show(Form& form) override { visible.insert(&form); }
+
+    void hide(Form& form) override { visible.erase(&form); }
+
+    Answer message(const std::string& text, Buttons buttons) override {
+        messages.push_back(text);
+        if (during_message) during_message();
+        if (answers.empty()) return default_answer(buttons);
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+
+    void set_focus(TextBox& box) override { focused = &box; }
+
+    void quit() override { has_quit = true; }
+
+    std::string program_directory() const override { return directory; }
+
+    LocalTime local_time() const override { return now; }
+
+    LocaleTexts locale_texts() const override { return texts; }
+
+    /// Closes a form's window as its close box does.
+    void close(Form& form) {
+        visible.erase(&form);
+        const Event closed = form.Closed;
+        if (closed) closed();
+    }
+
+    std::deque<Answer> answers;  ///< given in turn; without one the default button is pressed
+    std::vector<std::string> messages;
+    Event during_message;
+    std::set<Form*> visible;
+    TextBox* focused = nullptr;
+    bool has_quit = false;
+    std::string directory = "/nowhere";
+    LocalTime now{2026, 1, 3, 9, 5};
+    LocaleTexts texts{
+        {"Jan", "Feb", "Mär", "Apr", "Mai", "Jun", "Jul", "Aug", "Sep", "Okt", "Nov", "Dez"},
+        ":",
+        ","};
+
+  private:
+    static Answer default_answer(Buttons buttons) {
+        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+};
+
+}  // namespace solvanta::test

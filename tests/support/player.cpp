@@ -1,0 +1,103 @@
+#include "tests/support/player.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/position.h"
+#include "tests/support/table_check.h"
+#include "view/table_display.h"
+
+namespace solvanta::test {
+
+Player::Player(std::uint64_t seed) : Player(seed, MemoryFiles()) {}
+
+Player::Player(std::uint64_t seed, const MemoryFiles& at_start)
+    : files(at_start),
+      table(
+          host, [seed]() mutable { return random_from_seed(seed++); }, files) {
+    table.Form_Load();
+    host.show(table);
+}
+
+void Player::set_up(const std::string& position) {
+    GameState& state = table.state;
+    GameState placed = parse_position(position);
+    placed.BestTime = state.BestTime;
+    placed.BestName = state.BestName;
+    placed.BestDate = state.BestDate;
+    placed.GamesPlayed = state.GamesPlayed;
+    placed.GamesWon = state.GamesWon;
+    placed.PlayedSinceStart = state.PlayedSinceStart;
+    placed.WonSinceStart = state.WonSinceStart;
+    state = placed;
+    table.zeiger.Visible = state.Selected(0);
+    RefreshTable(state, table, host.directory);
+    table.Zeitanzeige.Caption = "0:00";
+    check();
+}
+
+void Player::deal() {
+    table.Command1.Click();
+    check();
+}
+
+void Player::click(Twips x, Twips y) {
+    mouse_.press(x, y);
+    mouse_.release(x, y);
+    check();
+}
+
+void Player::double_click(Twips x, Twips y) {
+    click(x, y);
+    mouse_.double_press(x, y);
+    mouse_.release(x, y);
+    check();
+}
+
+void Player::play(const std::string& words) {
+    std::istringstream in(words);
+    for (std::string word; in >> word;)
+        play_word(word);
+}
+
+void Player::play_word(const std::string& word) {
+    if (word == "tick") {
+        table.Timer1.Tick();
+        check();
+        return;
+    }
+    const bool twice = word.back() == '!';
+    const std::string place = word.substr(0, word.size() - (twice ? 1 : 0));
+    const PictureElement* element = nullptr;
+    if (place == "stock") {
+        element = &table.Source_Hide;
+    } else if (place == "waste") {
+        element = &table.Source;
+    } else {
+        const std::size_t dot = place.find('.');
+        const int row = dot == std::string::npos ? 1 : std::stoi(place.substr(dot + 1));
+        element = &table.Iv(row)(std::stoi(place.substr(1)) - 1);
+    }
+    ASSERT_TRUE(element->Visible) << word;
+    const Twips x = element->Left + 900;
+    const Twips y = element->Top + 60;
+    twice ? double_click(x, y) : click(x, y);
+}
+
+void Player::enter_name(const std::string& name) {
+    table.InName.Text = name;
+    table.InName.KeyDown(key_enter);
+    check();
+}
+
+std::string Player::position() const {
+    return print_position(table.state);
+}
+
+void Player::check() const {
+    ASSERT_EQ(violated_invariant(table.state), "") << position();
+    expect_table_shows(table, host.directory);
+}
+
+}  // namespace solvanta::test

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "app/form_main.h"
+#include "platform/mouse.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/null_host.h"
+
+namespace solvanta::test {
+
+/// A started program over the null host and a player with a mouse in front of it. Every event is
+/// followed by a check of the record and of the table that shows it.
+class Player {
+  public:
+    explicit Player(std::uint64_t seed = 1);
+
+    /// The same with files that are there at start-up.
+    explicit Player(const MemoryFiles& at_start) : Player(1, at_start) {}
+
+    /// Puts a position on the table as if play had led there; list and counters stay.
+    void set_up(const std::string& position);
+
+    /// Confirms a new game.
+    void deal();
+
+    /// Plays the words in turn: "stock", "waste", "c4" (the exposed card of column 4 or its empty
+    /// place), "c4.3" (the card in face-up row 3 of column 4), "tick"; with '!' behind it the
+    /// place is double clicked.
+    void play(const std::string& words);
+
+    /// Presses and releases the left button at a place in twips, once or as a double click.
+    void click(Twips x, Twips y);
+    void double_click(Twips x, Twips y);
+
+    /// Types `name` into the name box and presses Enter.
+    void enter_name(const std::string& name);
+
+    std::string position() const;
+
+    MemoryFiles files;
+    NullHost host;
+    Form_Main table;
+
+  private:
+    Player(std::uint64_t seed, const MemoryFiles& at_start);
+
+    void play_word(const std::string& word);
+    void check() const;
+
+    Mouse mouse_{table};
+};
+
+}  // namespace solvanta::test
