@@ -80,8 +80,11 @@ void Player::play_word(const std::string& word) {
         element = &table.Iv(row)(std::stoi(place.substr(1)) - 1);
     }
     ASSERT_TRUE(element->Visible) << word;
-    const Twips x = element->Left + 900;
+    // Left and right in turn: two words in quick succession are never taken for a double click.
+    on_the_left_ = !on_the_left_;
+    const Twips x = element->Left + (on_the_left_ ? 300 : 900);
     const Twips y = element->Top + 60;
+    if (on_click) on_click(x, y, twice);
     twice ? double_click(x, y) : click(x, y);
 }
 

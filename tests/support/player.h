@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "app/form_main.h"
@@ -38,6 +39,9 @@ class Player {
 
     std::string position() const;
 
+    /// Called for each word that uses the mouse with the place it clicks.
+    std::function<void(Twips x, Twips y, bool twice)> on_click;
+
     MemoryFiles files;
     NullHost host;
     Form_Main table;
@@ -49,6 +53,7 @@ class Player {
     void check() const;
 
     Mouse mouse_{table};
+    bool on_the_left_ = false;
 };
 
 }  // namespace solvanta::test

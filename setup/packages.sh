@@ -1,0 +1,81 @@
+# What building, playing and testing need, for the commands ./play and ./test to source.
+
+packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
+    qt6-translations-l10n"
+packages_tour="faketime imagemagick libgtest-dev openbox xdotool xvfb"
+packages_test="$packages_tour libcairo2-dev libgif-dev libgtest-dev libjpeg-dev librsvg2-dev"
+
+say() {
+    printf '%s\n' "$*" >&2
+}
+
+# Names what other systems call the packages.
+name_packages() {
+    say "Solvanta needs a C++20 compiler, CMake, Ninja and Qt 6; for the tests also GoogleTest."
+    say "  Debian, Ubuntu: apt-get install" $packages_build $packages_test
+    say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
+        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb xdotool ImageMagick" \
+        "libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel"
+    say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
+        "gtest xorg-server-xvfb xdotool imagemagick libfaketime openbox librsvg giflib libjpeg-turbo"
+    say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
+}
+
+# Installs those of the named Debian packages that are missing. Ends the command where that is
+# not possible.
+install_packages() {
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        if ! command -v cmake >/dev/null || ! command -v ninja >/dev/null; then
+            name_packages
+            exit 1
+        fi
+        return
+    fi
+    local missing=() package
+    local installed
+    installed=$(dpkg-query --show --showformat='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+        sed -n 's/ installed$//p')
+    for package in "$@"; do
+        grep -qx -- "$package" <<<"$installed" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            name_packages
+            exit 1
+        fi
+        as_root=(sudo)
+    fi
+    say "Installing: ${missing[*]}"
+    local log
+    log=$(mktemp)
+    if ! { "${as_root[@]}" apt-get update &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install --yes \
+            --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        name_packages
+        exit 1
+    fi
+    rm -f "$log"
+}
+
+# configure_and_build PRESET OPTIONS... -- TARGETS...: quiet unless something goes wrong.
+configure_and_build() {
+    local preset=$1 log
+    shift
+    local options=()
+    while [ "$1" != -- ]; do
+        options+=("$1")
+        shift
+    done
+    shift
+    log=$(mktemp)
+    if ! { cmake --preset "$preset" -G Ninja "${options[@]}" &&
+        cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}
