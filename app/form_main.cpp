@@ -28,8 +28,12 @@ Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, File
 Event Form_Main::checked(std::function<void()> handler) {
     return [this, handler = std::move(handler)] {
         handler();
-        assert(is_consistent(state));
+        check_record();
     };
+}
+
+void Form_Main::check_record() const {
+    assert(is_consistent(state));
 }
 
 void Form_Main::connect_events() {
@@ -183,7 +187,7 @@ void Form_Main::open_name_entry(int place) {
 
 void Form_Main::InName_KeyDown(int KeyCode) {
     if (KeyCode == key_enter) complete_name_entry();
-    assert(is_consistent(state));
+    check_record();
 }
 
 void Form_Main::complete_name_entry() {

@@ -50,8 +50,10 @@ class Form_Main : public TableWindow {
   private:
     void connect_events();
     void connect_rows();
-    /// An event that runs `handler` and checks the record afterwards in debug builds.
+    /// An event that runs `handler` and checks the record afterwards.
     Event checked(std::function<void()> handler);
+    /// Stops debug builds when the record is inconsistent.
+    void check_record() const;
 
     void load_fixed_pictures();
     void Refresh();

@@ -71,7 +71,7 @@ std::vector<std::string> list_lines(const GameState& state, std::string_view dec
 }
 
 std::string list_document(const std::vector<std::string>& lines) {
-    std::string document = "{\\rtf1\\ansi\\ansicpg1252 ";
+    std::string document = R"({\rtf1\ansi\ansicpg1252 )";
     for (std::size_t i = 0; i < lines.size(); ++i) {
         document += '{';
         for (const char character : lines[i])

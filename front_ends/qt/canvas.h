@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+#include "front_ends/qt/window_parts.h"
+#include "platform/mouse.h"
+
+namespace solvanta::qt {
+
+/// Paints the picture elements and labels of a container and passes the left mouse button on to
+/// its Mouse. It is also the parent of the container's controls.
+class Canvas : public QWidget {
+  public:
+    Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+    const QColor& background() const { return background_; }
+    void paint_elements(QPainter& painter, const QRegion& region) const;
+
+  private:
+    QPointF place_in_canvas(const QMouseEvent& event) const;
+    void paint(QPainter& painter, const PictureElement& element) const;
+    void paint(QPainter& painter, const Label& label) const;
+
+    Container& container_;
+    QColor background_;
+    WindowParts& parts_;
+    Mouse mouse_;
+};
+
+/// A frame: its border and caption, and inside the border what its container holds.
+class FrameBox final : public Canvas {
+  public:
+    FrameBox(Frame& frame, WindowParts& parts, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void paint_border(QPainter& painter) const;
+
+    Frame& frame_;
+};
+
+}  // namespace solvanta::qt

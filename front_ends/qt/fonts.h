@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace solvanta::qt {
+
+enum class FontKind { Unknown, Sans, Serif, FixedPitch, Symbols };
+
+/// The kind of a font family known by name, whatever its case; Unknown for every other name.
+FontKind font_kind(const QString& name);
+
+/// The families to ask for when a text wants `name`: the name itself, then free families of the
+/// same kind and, where there are any, of the same widths. `otherwise` is the kind to assume for a
+/// name that is not known by itself; without one it counts as sans serif. The list is never empty,
+/// and an empty `name` is left out of it.
+QStringList font_families(const QString& name, FontKind otherwise = FontKind::Unknown);
+
+}  // namespace solvanta::qt

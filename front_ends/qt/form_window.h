@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QTimer>
+#include <QWidget>
+
+#include "front_ends/qt/window_parts.h"
+
+namespace solvanta::qt {
+
+/// The window of one form.
+class FormWindow final : public QWidget {
+  public:
+    /// `close_box` is called once the player closes the window; the form must outlive the window
+    /// or the call of `let_go`.
+    FormWindow(Form& form, WindowParts parts, const QIcon& icon,
+               std::function<void(FormWindow&)> close_box);
+
+    Form& form() const { return form_; }
+
+    /// Brings everything shown in line with the form.
+    void sync();
+
+    /// Shows the window in front of the others, restored if it is minimised.
+    void bring_forward();
+
+    /// Gives `box` the keyboard focus; answers whether it is one of this window's.
+    bool focus(const TextBox& box);
+
+    /// Hides the window for good; nothing of it touches the form any more.
+    void let_go();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void start(Timer& timer);
+    void centre();
+
+    Form& form_;
+    WindowParts parts_;
+    std::function<void(FormWindow&)> close_box_;
+    std::vector<QTimer*> timers_;
+    bool let_go_ = false;
+};
+
+}  // namespace solvanta::qt

@@ -1,0 +1,92 @@
+#include "front_ends/qt/look.h"
+
+#include <QDir>
+#include <QLibraryInfo>
+#include <QLoggingCategory>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTranslator>
+
+#include "front_ends/qt/fonts.h"
+#include "front_ends/qt/trouble.h"
+
+namespace solvanta::qt {
+namespace {
+
+constexpr int standard_pixels = 12;
+constexpr int button_pixels = 11;
+
+QFont standard_font(int pixels) {
+    QFont font = QApplication::font();
+    font.setPixelSize(pixels);
+    return font;
+}
+
+QPalette light_palette() {
+    const QColor face(0xf0, 0xf0, 0xee);
+    QPalette palette(face, face);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(0x2c, 0x6e, 0x4f));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+}  // namespace
+
+void prepare_application(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(light_palette());
+    QApplication::setQuitOnLastWindowClosed(false);
+    // A picture that can't be read is reported once, by us.
+    QLoggingCategory::setFilterRules("qt.gui.imageio*=false");
+    auto* german = new QTranslator(&application);
+    if (german->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(german);
+    }
+}
+
+QColor to_color(const Color& color) {
+    return {color.red, color.green, color.blue};
+}
+
+QFont to_font(const Font& font) {
+    if (font.family.empty()) return standard_font(standard_pixels);
+    QFont result;
+    result.setFamilies(font_families(QString::fromStdString(font.family)));
+    result.setPixelSize(qMax(1, qRound(font.points * 96 / 72)));
+    result.setBold(font.bold);
+    return result;
+}
+
+QFont button_font() {
+    return standard_font(button_pixels);
+}
+
+QString button_style() {
+    return QStringLiteral(R"(
+        QPushButton {
+            padding: 0; color: #161616; border: 1px solid #23302a; border-radius: 3px;
+            background: qlineargradient(x1:0, y1:0, x2:0, y2:1,
+                stop:0 #fdfdfb, stop:0.5 #ecece6, stop:1 #cfd0c8);
+        }
+        QPushButton:hover { background: #fffdf0; }
+        QPushButton:focus {
+            border: 1px solid #ffc228;
+            background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #fffdf2, stop:1 #ecd9a0);
+        }
+        QPushButton:pressed { background: #c3c6bc; padding: 1px 0 0 1px; }
+        QPushButton:disabled { color: #8c8c88; background: #d6d6d2; }
+    )");
+}
+
+QIcon program_icon(const QString& directory) {
+    const QDir files(directory);
+    QIcon icon;
+    for (const QString& name : files.entryList({"Solvanta.ico", "Solvanta*.png"}, QDir::Files)) {
+        icon.addFile(files.filePath(name));
+    }
+    if (icon.availableSizes().isEmpty()) report_once("Solvanta.ico", "Symbol nicht gefunden");
+    return icon;
+}
+
+}  // namespace solvanta::qt

@@ -1,0 +1,27 @@
+#include <iostream>
+
+#include <QApplication>
+
+#include "app/form_main.h"
+#include "front_ends/qt/display_probe.h"
+#include "front_ends/qt/host.h"
+#include "front_ends/qt/look.h"
+#include "front_ends/qt/stop_signals.h"
+
+int main(int argc, char** argv) {
+    using namespace solvanta;
+    if (!qt::display_available()) {
+        std::cerr << "Solvanta: kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht "
+                     "erreichbar).\n";
+        return 1;
+    }
+    QApplication application(argc, argv);
+    qt::prepare_application(application);
+    qt::QtHost host;
+    qt::on_stop_signals(application, [&host] { host.close_first(); });
+
+    Form_Main table(host);
+    table.Form_Load();
+    host.show(table);
+    return QApplication::exec();
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <utility>
+
+#include <QImage>
+#include <QPainter>
+#include <QString>
+
+#include "platform/elements.h"
+
+namespace solvanta::qt {
+
+/// The file to show for the picture at `path` on a screen with `ratio` device pixels to a pixel:
+/// its neighbour `Name@2x.ext` from a ratio of 2 on, else itself. Whether it exists is not asked.
+QString file_for_ratio(const QString& path, double ratio);
+
+/// Reads a picture in the format its suffix names, ready for painting; its size in logical pixels
+/// is that of the plain file. Null, with one line on standard error for each file name in a run,
+/// when the file is missing, damaged, cut short, or absurdly large.
+QImage read_picture(const QString& path, double ratio);
+
+/// Paints `source`, a part of `image` in its own pixels, into `target`.
+void paint_image(QPainter& painter, const QRectF& target, const QImage& image,
+                 const QRectF& source);
+
+/// What stands in for a picture that can't be read: a light box bearing the file's name.
+void paint_placeholder(QPainter& painter, const QRectF& place, const QString& name);
+
+/// The images of the pictures on show. An image is read when it is first asked for and shared
+/// among the copies of one load, never between two loads.
+class Pictures {
+  public:
+    /// The image of `picture` for a screen of this ratio; null when it can't be read.
+    const QImage& image(const Picture& picture, double ratio);
+
+    /// Drops the images of all loads but these.
+    void keep_only(const std::set<std::uint64_t>& loads);
+
+  private:
+    std::map<std::pair<std::uint64_t, bool>, QImage> images_;  // by load and by high resolution
+};
+
+/// Adds the loads held by the elements of `container` to `loads`.
+void collect_loads(const Container& container, std::set<std::uint64_t>& loads);
+
+}  // namespace solvanta::qt

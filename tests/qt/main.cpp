@@ -1,0 +1,31 @@
+#include <iostream>
+
+#include <QApplication>
+#include <QTemporaryFile>
+#include <gtest/gtest.h>
+
+#include "front_ends/qt/look.h"
+
+namespace {
+
+/// The platform tells at every window what it can't do; that is no news here.
+void write_message(QtMsgType /*type*/, const QMessageLogContext& /*where*/, const QString& text) {
+    if (!text.startsWith("This plugin does not support")) std::cerr << text.toStdString() << '\n';
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    // By itself the platform's screen is too small for the card table.
+    QTemporaryFile screen;
+    if (!screen.open()) return 1;
+    screen.write(R"({"screens": [{"name": "test", "x": 0, "y": 0, "width": 1280, "height": 1024,
+                     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    screen.flush();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toLocal8Bit());
+    qInstallMessageHandler(write_message);
+    QApplication application(argc, argv);
+    solvanta::qt::prepare_application(application);
+    return RUN_ALL_TESTS();
+}
