@@ -31,10 +31,10 @@ install_packages() {
         fi
         return
     fi
-    local missing=() package
-    local installed
+    local missing=() package installed
+    # A package that was never there makes dpkg-query fail, but it still tells of the others.
     installed=$(dpkg-query --show --showformat='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
-        sed -n 's/ installed$//p')
+        sed -n 's/ installed$//p' || true)
     for package in "$@"; do
         grep -qx -- "$package" <<<"$installed" || missing+=("$package")
     done
