@@ -7,6 +7,7 @@
 # The screenshots go to OUTPUT_DIRECTORY; their names are printed. The program's clock is set to
 # the moment of the golden game, so that the cards are those the clicks are meant for.
 set -euo pipefail
+export LC_ALL=C.UTF-8  # or the name could not be typed
 
 program_directory=$1 tour_clicks=$2 output=$3
 dealt_at=$(head -n 1 "$(dirname "$0")/golden_game.txt")
