@@ -321,7 +321,6 @@ void Reader::color_word(std::string_view name, Number number) {
     constexpr int most = 255;
     const int value = within(number, 0, 0, most);
     if (name != "red" && name != "green" && name != "blue") return;
-    if (!color_.isValid()) color_ = Qt::black;
     if (name == "red") color_.setRed(value);
     if (name == "green") color_.setGreen(value);
     if (name == "blue") color_.setBlue(value);

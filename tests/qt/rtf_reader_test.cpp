@@ -76,8 +76,9 @@ std::string layout_of_last(std::string_view rtf) {
     read_rtf(rtf, document);
     const QTextBlockFormat format = document.lastBlock().blockFormat();
     QStringList layout{QString::number(int(format.alignment()))};
-    for (const double pixels : {format.leftMargin(), format.rightMargin(), format.textIndent(),
-                                format.topMargin(), format.lineHeight()}) {
+    for (const double pixels :
+         {format.leftMargin(), format.rightMargin(), format.textIndent(), format.topMargin(),
+          format.lineHeight(), double(format.lineHeightType())}) {
         layout << QString::number(pixels);
     }
     return layout.join(' ').toStdString();
@@ -105,6 +106,7 @@ TEST(RtfReader, ShowsTheText) {
         {R"({\u9829?\u-10179?\u-8704?\u128514?!})", "♥😀😂!"},
         {R"({\uc0\u9829 a\uc2\u9824\'3f?b\uc3\u9830{}c})", "♥a♠b♦c"},
         {R"({{\uc0\u9829}\u9824??})", "♥♠?"},
+        {R"({\u9829\u9824?{\u9830}a}b)", "♥♠♦a"},
         {R"({\u9829\bin3 ?{}x})", "♥x"},
         {R"({\u55357?x\u56834?\b\u55357?})", "\uFFFDx\uFFFD\uFFFD"},
         {R"({\u8233?\u64976?\u65535?\u0?\u13?a})", "\uFFFD\uFFFD\uFFFDa"},
@@ -116,6 +118,7 @@ TEST(RtfReader, ShowsTheText) {
         {R"({\pard{\pntext\f0\'95\tab}{\*\pn\pnlvlblt{\pntxtb\'95}}a\par{\listtext 2.\tab}b})",
          "•\ta|2.\tb"},
         {R"({{\fonttbl{\f7\fcharset2 Own;}}{\f7\'b7}\'b7})", "•·"},
+        {"{{\\*\\own a\\\nb}c}", "c"},
         {R"({\bin4 }}}}a\bin-3 b)", "ab"},
         {"{a}b{c}", "a"},
         {"{a{b{c", "abc"},
@@ -137,6 +140,8 @@ TEST(RtfReader, GivesCharactersTheirLook) {
         {R"({{\fonttbl{\f0\fswiss Arial;}}x})", "Arial 16"},
         {R"({\deff1{\fonttbl\f0 Arial;\f1\froman Times New Roman;}\fs21 x})", "Times New Roman 14"},
         {R"({{\fonttbl{\f0 Arial;}{\f1\fmodern{\*\falt y}Own;}}\f1 x})", "Own 16 fixed"},
+        {R"({{\fonttbl{\f0 y}\f1 z\f2 Own}\f2 x})", "Own 16"},
+        {R"({{\*\own\fonttbl{\f0 Arial;}}x})", ""},
         {R"({{\fonttbl{\f0 Courier New;}}\b\i\fs2\plain x})", "Courier New 16 fixed"},
         {R"({\fs1000000 x})", "267"},
         {R"({\fs0 x})", "1"},
@@ -147,23 +152,29 @@ TEST(RtfReader, GivesCharactersTheirLook) {
         {R"({{\colortbl;\red255\green0\blue0;}\cf1\highlight1 x})", "#ff0000 on #ff0000"},
         {R"({{\colortbl;\red300\green-5\blue16;}\cf1 x})", "#ff0010"},
         {R"({{\colortbl\red1\green2\blue3;}\cf0\cb0 x})", "#010203"},
+        {R"({{\colortbl;\red1;;}\cf2 x})", ""},
         {R"({{\colortbl;\red1;}\cf1\cf0\cb99 x})", ""},
     };
     for (const auto& [rtf, expected] : table)
         EXPECT_EQ(look_of_x(rtf), expected) << rtf;
+
+    // 300 groups deep, 40 of them closed again: still within what the deepest ones share.
+    EXPECT_EQ(look_of_x(repeated("{", 300) + "\\b y" + repeated("}", 40) + "x"), "bold");
 }
 
 TEST(RtfReader, LaysParagraphsOut) {
     const std::vector<Expectation> table{
-        {"{a}", "1 0 0 0 0 0"},
-        {R"({\qc\li720\ri360\fi-360\sb60\sa120 a})", "4 48 24 -24 4 0"},
-        {R"({\qr a\par\pard\sb30 b})", "1 0 0 0 2 0"},
-        {R"({\qj\sa60 a\par\sb30 b})", "8 0 0 0 6 0"},
-        {R"({\qr{\qc a}\par})", "2 0 0 0 0 0"},
-        {R"({\li300\fi-9000\ri-50 a})", "1 20 0 -20 0 0"},
-        {R"({\li99999999999\sb99999999999 a})", "1 240 0 0 192 0"},
-        {R"({\sl360\slmult1 a})", "1 0 0 0 0 150"},
-        {R"({\sl-300 a})", "1 0 0 0 0 20"},
+        {"{a}", "1 0 0 0 0 0 0"},
+        {R"({\qc\li720\ri360\fi-360\sb60\sa120 a})", "4 48 24 -24 4 0 0"},
+        {R"({\qr a\par\pard\sb30 b})", "1 0 0 0 2 0 0"},
+        {R"({\qj\sa60 a\par\sb30 b})", "8 0 0 0 6 0 0"},
+        {R"({\qr{\qc a}\par})", "2 0 0 0 0 0 0"},
+        {R"({\li300\fi-9000\ri-50 a})", "1 20 0 -20 0 0 0"},
+        {R"({\li99999999999\sb99999999999 a})", "1 240 0 0 192 0 0"},
+        {R"({\li-99999999999 a})", "1 0 0 0 0 0 0"},
+        {R"({\sl360\slmult1 a})", "1 0 0 0 0 150 1"},
+        {R"({\sl300 a})", "1 0 0 0 0 20 3"},
+        {R"({\sl-300 a})", "1 0 0 0 0 20 2"},
     };
     for (const auto& [rtf, expected] : table)
         EXPECT_EQ(layout_of_last(rtf), expected) << rtf;
@@ -221,7 +232,6 @@ TEST(RtfReader, EmptiesTheDocumentForAnythingElse) {
 
 TEST(RtfReader, StaysFastAndKeepsItsLimits) {
     const int million = 1'000'000;
-    const std::string tabs = repeated("\\tx9", million);
     struct {
         const char* name;
         std::string rtf;
@@ -234,7 +244,7 @@ TEST(RtfReader, StaysFastAndKeepsItsLimits) {
         {"broken bytes", "{" + repeated("\\'", million) + "a", 1, 1},
         {"fonts", R"({{\fonttbl)" + repeated("\\f123456 a;", 100'000) + "}a", 1, 1},
         {"colours", R"({{\colortbl)" + repeated(";", million) + "}a", 1, 1},
-        {"tabs", "{" + tabs + " a", 1, 1},
+        {"tabs", "{" + repeated("\\tx9\\par", million / 10), 99'999, 99'999},
         {"paragraphs", "{" + repeated("\\par", million), 99'999, 99'999},
         {"looks", "{" + repeated("\\b a\\b0 a", million / 10), million / 5, million / 5 + 100},
         {"long word", "{" + repeated("a", 3 * million), 1 << 20, (1 << 20) + 256},
@@ -254,6 +264,11 @@ TEST(RtfReader, StaysFastAndKeepsItsLimits) {
         EXPECT_GE(document.characterCount() - 1, least) << name;
         EXPECT_LE(document.characterCount() - 1, most) << name;
     }
+}
+
+TEST(RtfReader, PartsLongParagraphsBetweenCharacters) {
+    const std::string letters(4095, 'a');
+    EXPECT_EQ(text_of("{" + letters + "\\u-10179?\\u-8704?b}"), letters + "😀|b");
 }
 
 TEST(RtfReader, SurvivesNoise) {

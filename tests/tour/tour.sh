@@ -78,6 +78,8 @@ start_screen() {
     read -r number <"$work/display"
     export DISPLAY=:$number
     openbox >>"$work/screen.log" 2>&1 &
+    # A window that comes while the window manager starts may never be shown.
+    wait_for xdotool get_num_desktops
 }
 
 # start_game COMMAND...: the game, started through a command that may change its surroundings.
