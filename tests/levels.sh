@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Checks that every folder includes only folders of a lower level, and a toolkit only in its own
+# front end's folder.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+declare -A may_include=(
+    [core]="core"
+    [platform]="platform"
+    [scores]="scores|core"
+    [view]="view|core|platform"
+    [app]="app|view|scores|core|platform"
+    [front_ends/qt]="front_ends/qt|app|scores|platform"
+)
+status=0
+for folder in "${!may_include[@]}"; do
+    if grep -nH '^#include "' "$folder"/*.h "$folder"/*.cpp |
+        grep -vE "#include \"(${may_include[$folder]})/[^/\"]*\""; then
+        status=1
+    fi
+done
+if grep -nE '^#include <(Q[A-Za-z]|windows\.h)' -r core platform scores view app; then
+    status=1
+fi
+exit $status
