@@ -2,7 +2,7 @@
 
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
-packages_tour="faketime imagemagick libgtest-dev openbox xdotool xvfb"
+packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libgtest-dev libjpeg-dev librsvg2-dev"
 
 say() {

@@ -80,6 +80,8 @@ start_screen() {
     openbox >>"$work/screen.log" 2>&1 &
     # A window that comes while the window manager starts may never be shown.
     wait_for xdotool get_num_desktops
+    # With umlauts on its keys none has to be put there while typing, which may come too late.
+    setxkbmap de
 }
 
 # start_game COMMAND...: the game, started through a command that may change its surroundings.
