@@ -21,21 +21,20 @@ PictureElement* Mouse::element_at(Twips x, Twips y) const {
 
 void Mouse::press(Twips x, Twips y) {
     pressed_ = element_at(x, y);
+    follows_press_ = true;
 }
 
-bool Mouse::double_press(Twips x, Twips y) {
+void Mouse::double_press(Twips x, Twips y) {
+    if (!follows_press_) return press(x, y);
+    follows_press_ = false;
     pressed_ = nullptr;
     const PictureElement* element = element_at(x, y);
-    if (!element || !element->DblClick) return false;
-    element->DblClick();
-    return true;
+    if (element && element->DblClick) element->DblClick();
 }
 
-bool Mouse::release(Twips x, Twips y) {
+void Mouse::release(Twips x, Twips y) {
     const PictureElement* pressed = std::exchange(pressed_, nullptr);
-    if (!pressed || pressed != element_at(x, y)) return false;
-    pressed->Click();
-    return true;
+    if (pressed && pressed == element_at(x, y)) pressed->Click();
 }
 
 }  // namespace solvanta

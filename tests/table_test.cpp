@@ -163,11 +163,26 @@ TEST(Table, ClicksNeedPressAndReleaseOnOneElement) {
     player.set_up("1 H5; 2 P9");
     Mouse mouse(player.table);
     mouse.press(200, 1900);
-    EXPECT_FALSE(mouse.release(1400, 1900));
+    mouse.release(1400, 1900);
     mouse.press(1250, 1900);  // between the columns
-    EXPECT_FALSE(mouse.release(200, 1900));
-    EXPECT_FALSE(mouse.release(200, 1900));
+    mouse.release(200, 1900);
+    mouse.release(200, 1900);
     EXPECT_EQ(player.position(), print_position(parse_position("1 H5; 2 P9")));
+}
+
+TEST(Table, TakesASecondPressWithoutAFirstForAFirst) {
+    Player player;
+    player.set_up("1 H1");
+    Mouse mouse(player.table);
+    mouse.double_press(200, 1900);
+    mouse.release(200, 1900);
+    EXPECT_EQ(player.position(), print_position(parse_position("1 H1; sel 1")));
+    mouse.forget_press();  // a box was clicked in between
+    mouse.double_press(200, 1900);
+    mouse.release(200, 1900);
+    EXPECT_EQ(player.position(), print_position(parse_position("1 H1")));
+    mouse.double_press(200, 1900);
+    EXPECT_EQ(player.position(), print_position(parse_position("F 1")));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "front_ends/qt/canvas.h"
 
-#include <QFileInfo>
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -37,6 +37,15 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       parts_(parts),
       mouse_(container) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    qApp->installEventFilter(this);
+}
+
+/// A press on anything else: Qt may take the next one here for the second of a double click.
+bool Canvas::eventFilter(QObject* receiver, QEvent* event) {
+    const bool press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (press && receiver != this && receiver->isWidgetType()) mouse_.forget_press();
+    return false;
 }
 
 void Canvas::paintEvent(QPaintEvent* event) {
@@ -62,8 +71,7 @@ void Canvas::paint(QPainter& painter, const PictureElement& element) const {
     const QRectF place = place_of(element);
     const QImage& image = parts_.pictures.image(element.Picture, devicePixelRatioF());
     if (image.isNull()) {
-        const QString path = QString::fromStdString(element.Picture.path());
-        return paint_placeholder(painter, place, QFileInfo(path).fileName());
+        return paint_placeholder(painter, place, element.Picture);
     }
     QSizeF size = image.deviceIndependentSize();
     if (element.CutToHeight) size.setHeight(qMin(size.height(), place.height()));

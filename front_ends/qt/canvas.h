@@ -19,6 +19,7 @@ class Canvas : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
 
     const QColor& background() const { return background_; }
     void paint_elements(QPainter& painter, const QRegion& region) const;
