@@ -50,8 +50,7 @@ class PictureView final : public QWidget {
         QPainter painter(this);
         const QImage& image = parts_.pictures.image(box_.Picture, devicePixelRatioF());
         if (image.isNull()) {
-            const QString path = QString::fromStdString(box_.Picture.path());
-            return paint_placeholder(painter, rect(), path.mid(path.lastIndexOf('/') + 1));
+            return paint_placeholder(painter, rect(), box_.Picture);
         }
         painter.fillRect(rect(), parts_.background);
         QRectF target(QPointF(), image.deviceIndependentSize().scaled(size(), Qt::KeepAspectRatio));

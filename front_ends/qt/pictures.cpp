@@ -15,13 +15,17 @@ namespace {
 constexpr int largest_side = 4096;
 constexpr double high_ratio = 2;
 
-/// Qt takes a bitmap cut short for a whole one with black rows, so its header is asked.
+/// Qt takes a file cut short for a whole one and leaves the missing part black or blank, so the
+/// file itself is asked: a bitmap's header knows its length, the others end with a mark.
 bool is_cut_short(const QString& path, const QByteArray& format) {
-    if (format != "bmp") return false;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return true;
-    const QByteArray start = file.read(6);
-    return start.size() < 6 || qFromLittleEndian<quint32>(start.constData() + 2) > file.size();
+    if (format == "bmp") {
+        const QByteArray start = file.read(6);
+        return start.size() < 6 || qFromLittleEndian<quint32>(start.constData() + 2) > file.size();
+    }
+    const QByteArray end_mark = format == "gif" ? ";" : "\xFF\xD9";
+    return !file.seek(qMax<qint64>(0, file.size() - end_mark.size())) || file.readAll() != end_mark;
 }
 
 QImage read_file(const QString& path) {
@@ -91,7 +95,8 @@ void paint_image(QPainter& painter, const QRectF& target, const QImage& image,
     painter.drawImage(target, image, source);
 }
 
-void paint_placeholder(QPainter& painter, const QRectF& place, const QString& name) {
+void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& picture) {
+    const QString name = QFileInfo(QString::fromStdString(picture.path())).fileName();
     painter.save();
     painter.fillRect(place, QColor(0x50, 0x50, 0x50));
     const QRectF inside = place.adjusted(1, 1, -1, -1);

@@ -26,8 +26,8 @@ QImage read_picture(const QString& path, double ratio);
 void paint_image(QPainter& painter, const QRectF& target, const QImage& image,
                  const QRectF& source);
 
-/// What stands in for a picture that can't be read: a light box bearing the file's name.
-void paint_placeholder(QPainter& painter, const QRectF& place, const QString& name);
+/// What stands in for a picture that can't be read: a light box bearing its file's name.
+void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& picture);
 
 /// The images of the pictures on show. An image is read when it is first asked for and shared
 /// among the copies of one load, never between two loads.

@@ -66,10 +66,16 @@ TEST(Pictures, ThatCannotBeReadGiveAPlaceholderAndOneLine) {
                       QByteArray(whole).replace(18, 8, "\xff\xff\xff\x7f\xff\xff\xff\x7f"));
     files.write_bytes("noise.jpg", QByteArray(5000, 'x'));
     files.write_bytes("noise.gif", "GIF89a" + QByteArray(50, '\xff'));
+    files.write("whole.jpg", {72, 96}, Qt::blue);
+    const QByteArray whole_jpeg = files.bytes("whole.jpg");
+    files.write_bytes("cut.jpg", whole_jpeg.left(whole_jpeg.size() * 9 / 10));
+    const QByteArray whole_gif = QByteArray::fromHex(
+        "47494638396101000100800000ffffff0000002c00000000010001000002024401003b");
+    files.write_bytes("cut.gif", whole_gif.chopped(1));
     files.write_bytes("no_suffix", whole);
-    for (const char* name :
-         {"missing.bmp", "png_inside.bmp", "huge.bmp", "empty.bmp", "noise.bmp", "cut.bmp",
-          "header_only.bmp", "vast.bmp", "noise.jpg", "noise.gif", "no_suffix", ""}) {
+    for (const char* name : {"missing.bmp", "png_inside.bmp", "huge.bmp", "empty.bmp", "noise.bmp",
+                             "cut.bmp", "header_only.bmp", "vast.bmp", "noise.jpg", "cut.jpg",
+                             "noise.gif", "cut.gif", "no_suffix", ""}) {
         QtHost host;
         TestForm form;
         PictureElement& element = form.add_picture(10, 10, 72, 96);
