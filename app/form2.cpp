@@ -1,19 +1,23 @@
 #include "app/form2.h"
 
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
 namespace solvanta {
+namespace {
 
-void Form2::load_help(const std::string& path) {
-    const std::u8string name(path.begin(), path.end());
-    std::ifstream file(std::filesystem::path(name), std::ios::binary);
-    RichTextBox1.TextRTF.assign(std::istreambuf_iterator<char>(file), {});
-    if (!RichTextBox1.TextRTF.starts_with("{\\rtf")) {
-        RichTextBox1.TextRTF.clear();
-        std::cerr << "Solvanta: " << path << " kann nicht gelesen werden.\n";
+constexpr std::size_t size_limit = std::size_t{4} << 20;
+
+}  // namespace
+
+void Form2::load_help(FileCalls& files, const std::string& path) {
+    std::string& text = RichTextBox1.TextRTF;
+    text.clear();
+    if (const std::error_code error = files.read(path, size_limit, text)) {
+        std::cerr << "Solvanta: " << path << " kann nicht gelesen werden: " << error.message()
+                  << '\n';
+    } else if (!text.starts_with("{\\rtf")) {
+        std::cerr << "Solvanta: " << path << " ist kein formatierter Text.\n";
+        text.clear();
     }
 }
 

@@ -16,6 +16,7 @@ void Form_Highscore::Comm_clear_highscore_Click() {
     table_.complete_name_entry();
     table_.clear_Highscore();
     table_.write_Highscore();
+    table_.check_record();
 }
 
 }  // namespace solvanta

@@ -18,6 +18,7 @@ namespace solvanta {
 Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, FileCalls& files)
     : host_(host),
       seed_random_(std::move(seed_random)),
+      files_(files),
       directory_(host.program_directory()),
       best_times_file_(program_file(directory_, best_times_file_name), files) {
     clear_places(state);
@@ -148,7 +149,7 @@ void Form_Main::Iv1_DblClick(int Index) {
     const bool column_without_open_card =
         Index < waste_index && (state.FaceUpCount(Index + 1) == 0 || state.Covered(Index + 1));
     if (column_without_open_card) {
-        Iv1_Click(Index);
+        move_pointer(click_column(state, Index + 1));
     } else {
         send_to_foundation(state, Index);
         zeiger.Visible = false;
@@ -224,7 +225,7 @@ void Form_Main::clear_Highscore() {
 void Form_Main::write_Highscore() {
     if (const std::error_code error = best_times_file_.write(state)) {
         std::cerr << "Solvanta: " << best_times_file_name
-                  << " kann nicht geschrieben werden: " << error.message() << '\n';
+                  << " kann nicht sicher geschrieben werden: " << error.message() << '\n';
     }
 }
 
@@ -251,7 +252,7 @@ void Form_Main::Command3_Click() {
         form2_ = std::make_unique<Form2>();
         form2_->Closed = [this] { form2_.reset(); };
     }
-    form2_->load_help(program_file(directory_, "Help.rtf"));
+    form2_->load_help(files_, program_file(directory_, "Help.rtf"));
     host_.show(*form2_);
 }
 

@@ -20,7 +20,7 @@ namespace solvanta {
 class Form_Main : public TableWindow {
   public:
     /// `host` shows the windows and must outlive the form. `seed_random` is asked for fresh random
-    /// values at each deal; `files` reads and writes the best-times file.
+    /// values at each deal; `files` reads and writes the files beside the program.
     explicit Form_Main(Host& host, std::function<RandomSource()> seed_random = random_from_clock,
                        FileCalls& files = system_file_calls());
 
@@ -45,6 +45,9 @@ class Form_Main : public TableWindow {
     /// If a won game waits for its name, enters it as if Enter had been pressed.
     void complete_name_entry();
 
+    /// Stops debug builds when the record is inconsistent.
+    void check_record() const;
+
     GameState state;
 
   private:
@@ -52,8 +55,6 @@ class Form_Main : public TableWindow {
     void connect_rows();
     /// An event that runs `handler` and checks the record afterwards.
     Event checked(std::function<void()> handler);
-    /// Stops debug builds when the record is inconsistent.
-    void check_record() const;
 
     void load_fixed_pictures();
     void Refresh();
@@ -77,6 +78,7 @@ class Form_Main : public TableWindow {
 
     Host& host_;
     std::function<RandomSource()> seed_random_;
+    FileCalls& files_;
     std::string directory_;
     BestTimesFile best_times_file_;
     std::unique_ptr<Form_Highscore> form_highscore_;

@@ -13,7 +13,7 @@ inline constexpr int waste_index = 100;
 void send_to_foundation(GameState& state, int Index);
 
 /// Takes the card that has just gone to a foundation away from where it lay: the waste (`source`
-/// above `waste_index`) or a column (1 to 10). A face-down card that comes to the front is left
+/// `waste_index` or more) or a column (1 to 10). A face-down card that comes to the front is left
 /// covered; an empty column stays as it is.
 void RemoveTopCard(GameState& state, int source);
 
