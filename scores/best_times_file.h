@@ -22,8 +22,9 @@ class BestTimesFile {
     /// content is unknown must not be replaced. Files over 1 MiB are taken for something else.
     std::error_code read(GameState& state);
 
-    /// Replaces the file durably by what `state` holds. After an error the old file is as it was,
-    /// and the next call tries again. Does nothing, and reports nothing, after a failed `read`.
+    /// Replaces the file durably by what `state` holds. After an error the old file is as it was
+    /// (or, if only the directory could not be flushed, already the new one), and the next call
+    /// tries again. Does nothing, and reports nothing, after a failed `read`.
     std::error_code write(const GameState& state);
 
   private:

@@ -8,21 +8,24 @@
 namespace solvanta {
 namespace {
 
-/// The characters of bytes 0x80 to 0x9F; the five bytes without one stand for the control
-/// characters of the same number.
-constexpr std::array<char32_t, 32> upper_controls{
+constexpr unsigned char first_special = 0x80;
+
+/// The characters of the 32 bytes from `first_special` on.
+constexpr std::array<char16_t, 32> specials{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 char to_byte(char32_t character) {
     if (character == U'"') return closing_quote;
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+    if (character < U' ' || character == 0x7F) return ' ';
+    if (character < first_special || (character >= 0xA0 && character <= 0xFF)) {
         return static_cast<char>(static_cast<unsigned char>(character));
     }
-    const auto* found = std::find(upper_controls.begin(), upper_controls.end(), character);
-    if (found == upper_controls.end()) return '?';
-    return static_cast<char>(static_cast<unsigned char>(0x80 + (found - upper_controls.begin())));
+    const auto* found = std::find(specials.begin(), specials.end(), character);
+    if (found == specials.end()) return '?';
+    return static_cast<char>(
+        static_cast<unsigned char>(first_special + (found - specials.begin())));
 }
 
 unsigned char byte_at(std::string_view text, std::size_t position) {
@@ -49,6 +52,11 @@ std::optional<char32_t> next_character(std::string_view utf8, std::size_t& posit
 }
 
 }  // namespace
+
+char16_t from_windows_1252(unsigned char byte) {
+    const bool special = byte >= first_special && byte < first_special + specials.size();
+    return special ? specials.at(byte - std::size_t{first_special}) : byte;
+}
 
 std::string to_list_text(std::string_view utf8) {
     std::string text;

@@ -97,6 +97,7 @@ TEST(BestTimes, NamesBecomeOneByteACharacter) {
         {"Łódź 猫 🙂 ♥",
          "?\xF3"
          "d? ? ? ?"},
+        {"a\r\nb\tc\x7F", "a  b c "},
         {"a\xC3", "a?"},
         {"a\xE2\x82", "a??"},
         {"\xFF\x80z", "??z"},

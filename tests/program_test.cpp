@@ -1,6 +1,3 @@
-#include <filesystem>
-#include <fstream>
-
 #include <gtest/gtest.h>
 
 #include "scores/best_times_format.h"
@@ -243,27 +240,20 @@ TEST(BestTimesWindow, ClearsListAndCountersWhenConfirmed) {
 
 TEST(Help, IsReadAgainAtEachClick) {
     Player player;
-    player.host.directory = testing::TempDir() + "solvanta-help";
-    std::filesystem::create_directories(player.host.directory);
-    const std::string path = player.host.directory + "/Help.rtf";
-    Form_Main table(player.host);
-    const std::pair<std::string, std::string> contents[] = {{"{\\rtf1 eins}", "{\\rtf1 eins}"},
-                                                            {"{\\rtf1 zwei}", "{\\rtf1 zwei}"},
-                                                            {"kein RTF", ""},
-                                                            {"", ""}};
+    const std::string path = "/nowhere/Help.rtf";
     Form2* help = nullptr;
-    for (const auto& [content, text] : contents) {
-        std::ofstream(path, std::ios::binary) << content;
-        table.Command3.Click();
+    for (const std::string content : {"{\\rtf1 eins}", "{\\rtf1 zwei}", "kein RTF", ""}) {
+        player.files.files[path] = content;
+        player.table.Command3.Click();
         Form2* now_shown = shown<Form2>(player, "Hilfe");
         ASSERT_TRUE(now_shown);
         EXPECT_TRUE(!help || help == now_shown);
         help = now_shown;
-        EXPECT_EQ(help->RichTextBox1.TextRTF, text);
+        EXPECT_EQ(help->RichTextBox1.TextRTF, content[0] == '{' ? content : "");
     }
-    std::filesystem::remove_all(player.host.directory);
     player.host.close(*help);
-    table.Command3.Click();
+    player.files.files.erase(path);
+    player.table.Command3.Click();
     ASSERT_TRUE(shown<Form2>(player, "Hilfe"));
     EXPECT_EQ(shown<Form2>(player, "Hilfe")->RichTextBox1.TextRTF, "");
 }

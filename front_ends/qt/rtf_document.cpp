@@ -9,6 +9,8 @@
 #include <QFontInfo>
 #include <QTextBlock>
 
+#include "front_ends/qt/scale.h"
+
 namespace solvanta::qt {
 namespace {
 
@@ -21,14 +23,9 @@ constexpr int most_paragraphs = 100'000;
 constexpr int longest_paragraph = 4096;
 constexpr double greatest_document_height = 4'000'000;
 
-constexpr double twips_per_pixel = 15;  // at 96 dots per inch
-constexpr int default_tab_stop = 720;   // twips
+constexpr Twips default_tab_stop = 720;
 constexpr int default_half_points = 24;
 constexpr double single_line_spacing = 240;
-
-double pixels(int twips) {
-    return twips / twips_per_pixel;
-}
 
 /// The document separates its parts by some of the code points that no text contains.
 bool can_be_stored(char32_t character) {
@@ -52,18 +49,18 @@ QString storable(const QString& text) {
 }
 
 /// Relative to the left indent, and never so far out that text would be cut off.
-int first_line_indent(const RtfParagraph& paragraph) {
+Twips first_line_indent(const RtfParagraph& paragraph) {
     return std::max(paragraph.first_line, -paragraph.left);
 }
 
 /// The document measures tab stops from the start of the line, rich text from the left margin. A
 /// hanging paragraph has a stop of its own where the lines after the first one start.
 QList<QTextOption::Tab> tab_stops(const RtfParagraph& paragraph) {
-    const int line_start = paragraph.left + first_line_indent(paragraph);
+    const Twips line_start = paragraph.left + first_line_indent(paragraph);
     QList<QTextOption::Tab> tabs = paragraph.tabs;
     if (paragraph.first_line < 0) tabs.append({double(paragraph.left), QTextOption::LeftTab});
     for (QTextOption::Tab& tab : tabs) {
-        tab.position = (tab.position - line_start) / twips_per_pixel;
+        tab.position = to_pixels(static_cast<Twips>(tab.position) - line_start);
     }
     tabs.removeIf([](const QTextOption::Tab& tab) { return tab.position <= 0; });
     std::sort(tabs.begin(), tabs.end(),
@@ -72,28 +69,28 @@ QList<QTextOption::Tab> tab_stops(const RtfParagraph& paragraph) {
 }
 
 void set_line_spacing(QTextBlockFormat& format, const RtfParagraph& paragraph) {
-    const int spacing = paragraph.line_spacing;
+    const Twips spacing = paragraph.line_spacing;
     if (spacing == 0) return;
     if (paragraph.line_spacing_factor) {
         constexpr double percent = 100;
         format.setLineHeight(std::abs(spacing) / single_line_spacing * percent,
                              QTextBlockFormat::ProportionalHeight);
     } else {
-        format.setLineHeight(pixels(std::abs(spacing)), spacing > 0
-                                                            ? QTextBlockFormat::MinimumHeight
-                                                            : QTextBlockFormat::FixedHeight);
+        format.setLineHeight(to_pixels(std::abs(spacing)), spacing > 0
+                                                               ? QTextBlockFormat::MinimumHeight
+                                                               : QTextBlockFormat::FixedHeight);
     }
 }
 
 /// Neighbouring margins overlap in the document and add up in rich text, so all the space between
 /// two paragraphs goes above the second: its own and what the first one owes.
-QTextBlockFormat block_format(const RtfParagraph& paragraph, int space_owed) {
+QTextBlockFormat block_format(const RtfParagraph& paragraph, Twips space_owed) {
     QTextBlockFormat format;
     format.setAlignment(paragraph.alignment);
-    format.setLeftMargin(pixels(paragraph.left));
-    format.setRightMargin(pixels(paragraph.right));
-    format.setTextIndent(pixels(first_line_indent(paragraph)));
-    format.setTopMargin(pixels(paragraph.before + space_owed));
+    format.setLeftMargin(to_pixels(paragraph.left));
+    format.setRightMargin(to_pixels(paragraph.right));
+    format.setTextIndent(to_pixels(first_line_indent(paragraph)));
+    format.setTopMargin(to_pixels(paragraph.before + space_owed));
     format.setTabPositions(tab_stops(paragraph));
     set_line_spacing(format, paragraph);
     return format;
@@ -169,7 +166,7 @@ RtfDocumentBuilder::RtfDocumentBuilder(QTextDocument& document, const RtfTables&
     document_.setUndoRedoEnabled(false);
     document_.clear();
     QTextOption option = document_.defaultTextOption();
-    option.setTabStopDistance(pixels(default_tab_stop));
+    option.setTabStopDistance(to_pixels(default_tab_stop));
     document_.setDefaultTextOption(option);
     cursor_ = QTextCursor(&document_);
     cursor_.beginEditBlock();
@@ -230,11 +227,11 @@ double RtfDocumentBuilder::greatest_height(const RtfParagraph& paragraph,
         tallest = std::max(tallest, size);
         lines += double(breaks) + double(run.text.size()) / characters_per_line;
     }
-    const double spacing = std::abs(paragraph.line_spacing);
+    const Twips spacing = std::abs(paragraph.line_spacing);
     double line = tallest * line_per_font_height;
     line = paragraph.line_spacing_factor ? std::max(line, line * spacing / single_line_spacing)
-                                         : line + spacing / twips_per_pixel;
-    return lines * line + pixels(paragraph.before + paragraph.after);
+                                         : line + to_pixels(spacing);
+    return lines * line + to_pixels(paragraph.before + paragraph.after);
 }
 
 /// A document has one block from the start.

@@ -15,6 +15,7 @@
 #include <QTextOption>
 
 #include "front_ends/qt/fonts.h"
+#include "platform/elements.h"
 
 namespace solvanta::qt {
 
@@ -35,15 +36,15 @@ struct RtfCharacters {
     friend bool operator==(const RtfCharacters&, const RtfCharacters&) = default;
 };
 
-/// How a paragraph is laid out; lengths in twips.
+/// How a paragraph is laid out.
 struct RtfParagraph {
     Qt::Alignment alignment = Qt::AlignLeft;
-    int left = 0;
-    int right = 0;
-    int first_line = 0;  // relative to `left`, negative in a hanging paragraph
-    int before = 0;
-    int after = 0;
-    int line_spacing = 0;              // 0 single, positive at least, negative exactly
+    Twips left = 0;
+    Twips right = 0;
+    Twips first_line = 0;  // relative to `left`, negative in a hanging paragraph
+    Twips before = 0;
+    Twips after = 0;
+    Twips line_spacing = 0;            // 0 single, positive at least, negative exactly
     bool line_spacing_factor = false;  // `line_spacing` counts in 240ths of a line instead
     QTextOption::TabType next_tab = QTextOption::LeftTab;
     QList<QTextOption::Tab> tabs;  // positions in twips from the left margin
@@ -120,7 +121,7 @@ class RtfDocumentBuilder {
     int paragraph_length_ = 0;
     int length_ = 0;
     int paragraphs_ = 0;
-    int space_owed_ = 0;
+    Twips space_owed_ = 0;
     double height_ = 0;
     double default_font_pixels_ = 0;
     bool undo_was_enabled_ = false;

@@ -1,7 +1,6 @@
 #include "front_ends/qt/rtf_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -17,6 +16,8 @@
 #include "front_ends/qt/fonts.h"
 #include "front_ends/qt/rtf_document.h"
 #include "front_ends/qt/rtf_lexer.h"
+#include "platform/elements.h"
+#include "scores/windows_1252.h"
 
 namespace solvanta::qt {
 namespace {
@@ -44,11 +45,11 @@ bool is_on(Number number) {
     return number.value_or(1) != 0;
 }
 
-int indent(Number number) {
+Twips indent(Number number) {
     return within(number, 0, 0, 3600);
 }
 
-int spacing(Number number) {
+Twips spacing(Number number) {
     return within(number, 0, 0, 2880);
 }
 
@@ -148,14 +149,13 @@ std::optional<Value> find(const std::unordered_map<std::string_view, Value>& map
     return found == map.end() ? std::nullopt : std::optional(found->second);
 }
 
-char16_t from_windows_1252(unsigned char byte) {
-    constexpr unsigned char first = 0x80;
-    constexpr std::array<char16_t, 32> others{
-        0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
-    if (byte < first || byte >= first + others.size()) return byte;
-    return others.at(byte - std::size_t{first});
+/// The five bytes that stand for no character show as such.
+char16_t to_character(unsigned char byte) {
+    constexpr char16_t first_control = 0x80;
+    constexpr char16_t last_control = 0x9F;
+    const char16_t unit = from_windows_1252(byte);
+    return unit >= first_control && unit <= last_control ? char16_t(QChar::ReplacementCharacter)
+                                                         : unit;
 }
 
 /// Reads what stands between the braces of a document, up to the closing one or the end.
@@ -367,7 +367,7 @@ void Reader::byte(unsigned char value) {
     if (value == symbol_bullet && tables_.has_symbol_encoding(group().characters.font)) {
         return character(u'\u2022');
     }
-    character(from_windows_1252(value));
+    character(to_character(value));
 }
 
 void Reader::character(char16_t unit) {
