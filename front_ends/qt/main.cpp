@@ -8,12 +8,18 @@
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/stop_signals.h"
 
+namespace {
+
+constexpr int no_display = 69;  // the exit status by which scripts tell it from other failures
+
+}  // namespace
+
 int main(int argc, char** argv) {
     using namespace solvanta;
     if (!qt::display_available()) {
         std::cerr << "Solvanta: kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht "
                      "erreichbar).\n";
-        return 1;
+        return no_display;
     }
     QApplication application(argc, argv);
     qt::prepare_application(application);

@@ -1,9 +1,11 @@
 #include "front_ends/qt/message_box.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 namespace solvanta::qt {
 namespace {
@@ -30,7 +32,11 @@ std::vector<Choice> choices(Buttons buttons) {
     return {{"OK", QMessageBox::AcceptRole, Answer::Ok}};
 }
 
-/// A box that opens in the lower half of its parent, so that a picture shown with it stays in view.
+/// What a window manager may add around a box; it can't be known before the box is shown.
+constexpr int frame_allowance = 40;
+
+/// A box that opens in the lower half of its parent, so that a picture shown with it stays in
+/// view, and wholly on the screen.
 class LowBox final : public QMessageBox {
   public:
     LowBox(const QString& text, QWidget* parent)
@@ -43,7 +49,13 @@ class LowBox final : public QMessageBox {
         QMessageBox::showEvent(event);
         if (!parentWidget()) return;
         const QRect over = parentWidget()->geometry();
-        move(over.center().x() - width() / 2, over.top() + over.height() * 5 / 8);
+        const QRect screen_area = parentWidget()->screen()->availableGeometry();
+        const QSize room = screen_area.size() - frameGeometry().size();
+        const QPoint corner(over.center().x() - width() / 2, over.top() + over.height() * 5 / 8);
+        move(std::clamp(corner.x(), screen_area.left(),
+                        screen_area.left() + std::max(0, room.width() - frame_allowance)),
+             std::clamp(corner.y(), screen_area.top(),
+                        screen_area.top() + std::max(0, room.height() - frame_allowance)));
     }
 };
 

@@ -48,6 +48,8 @@ void on_stop_signals(QObject& owner, std::function<void()> stop) {
     });
     for (const int signal : {SIGTERM, SIGHUP, SIGINT})
         catch_signal(signal);
+    // A reader of standard error that went away must not end the game.
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 }  // namespace solvanta::qt

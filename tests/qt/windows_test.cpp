@@ -172,14 +172,14 @@ TEST(Windows, ComeToTheFrontOnceEach) {
     }
 }
 
-// The table's close box, the end of the desktop session and a signal end the program the same
-// way, a box that is open included; the handler below the box runs to its end.
+// Whatever ends the program while a box is open ends the box too; the handler below it runs to
+// its end.
 TEST(Windows, EndTheProgramEvenBelowABox) {
     const struct {
         const char* name;
         std::function<void(QtHost&, TestForm&)> end;
     } cases[] = {
-        {"close box", [](QtHost&, TestForm&) { find_window()->close(); }},
+        {"closed window", [](QtHost&, TestForm&) { find_window()->close(); }},
         {"session", [](QtHost& host, TestForm&) { host.close_first(); }},
         {"quit", [](QtHost& host, TestForm& form) { form.Closed(), host.quit(); }},
     };
