@@ -75,6 +75,7 @@ configure_and_build() {
         cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
+        command -v apt-get >/dev/null || name_packages
         return 1
     fi
     rm -f "$log"
