@@ -33,29 +33,6 @@ TEST(Deal, TakesTheShuffledCardsInTheirOrder) {
               "6 H7 P4 PK K8 | K9; 7 H8 P5 K1 | K2; 8 H9 P6 | P7; 9 H10 | HB; 10 H1");
 }
 
-TEST(Deal, DrawCardTakesTheBottomCard) {
-    for (const int count : {1, 2, 104}) {
-        GameState state;
-        state.DeckCount = count;
-        for (int k = 1; k <= count; ++k)
-            state.Deck(k) = 52 - k / 2;
-        const GameState before = state;
-        EXPECT_EQ(DrawCard(state), before.Deck(1));
-        EXPECT_EQ(state.DeckCount, count - 1);
-        for (int k = 1; k < count; ++k)
-            EXPECT_EQ(state.Deck(k), before.Deck(k + 1));
-    }
-}
-
-TEST(Deal, RandomValuesAreTheSameEverywhere) {
-    // The first three outputs of the 64-bit Mersenne twister for its default seed, 53 bits each.
-    const RandomSource random = random_from_seed(5489);
-    for (const std::uint64_t output :
-         {14514284786278117030U, 4620546740167642908U, 13109570281517897720U}) {
-        EXPECT_EQ(random(), static_cast<double>(output >> 11U) / 9007199254740992.0);
-    }
-}
-
 TEST(Deal, EveryDealIsNewAndForgetsTheGameBefore) {
     Player player;
     player.host.answers = {Answer::No};

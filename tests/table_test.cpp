@@ -46,42 +46,6 @@ TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
     EXPECT_EQ(player.table.Status.Caption, "");
 }
 
-TEST(Table, LeavesEveryElementWhereItWasDesigned) {
-    const TableWindow table;
-    struct Designed {
-        const Element& element;
-        Twips left, top, width, height;
-    };
-    const Designed designed[] = {
-        {table.Command1, 120, 7440, 1215, 255},
-        {table.Status, 5160, 7440, 3135, 255},
-        {table.Zeitanzeige, 10440, 7320, 1695, 375},
-        {table.FrBestzeiteintrag, 2640, 4680, 6135, 1455},
-        {table.InName, 600, 480, 4935, 420},
-        {table.Platz, 1680, 960, 2655, 375},
-        {table.Command_Beenden, 8880, 7440, 1095, 255},
-        {table.Scull, 4560, 720, 2820, 2100},
-        {table.Diddle, 4080, 960, 3420, 3630},
-        {table.Source, 11160, 120, 1080, 1440},
-        {table.Stapel(7), 8520, 120, 1080, 1440},
-        {table.Ih(9)(9), 10920, 2760, 1080, 120},
-        {table.Iv(1)(9), 10920, 5760, 1080, 1440},
-        {table.Iv(2)(3), 3720, 2880, 1080, 240},
-        {table.Iv(13)(0), 120, 5520, 1095, 240},
-        {table.Iv(13)(1), 1320, 5520, 1095, 255},
-    };
-    for (const auto& d : designed) {
-        EXPECT_TRUE(d.element.Visible);
-        EXPECT_EQ(d.element.Left, d.left);
-        EXPECT_EQ(d.element.Top, d.top);
-        EXPECT_EQ(d.element.Width, d.width);
-        EXPECT_EQ(d.element.Height, d.height);
-        EXPECT_LE(d.left + d.width, table.ClientWidth);
-        EXPECT_LE(d.top + d.height, table.ClientHeight);
-    }
-    EXPECT_EQ(table.canvas.size(), 8U + 90 + 130 + 3 + 2);
-}
-
 TEST(Table, NamesEveryCardsPicture) {
     const std::pair<CardNumber, const char*> names[] = {
         {1, "d/Herz_1.bmp"},
