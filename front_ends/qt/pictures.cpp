@@ -24,6 +24,7 @@ bool is_cut_short(const QString& path, const QByteArray& format) {
         const QByteArray start = file.read(6);
         return start.size() < 6 || qFromLittleEndian<quint32>(start.constData() + 2) > file.size();
     }
+    if (format != "gif" && format != "jpg") return false;
     const QByteArray end_mark = format == "gif" ? ";" : "\xFF\xD9";
     return !file.seek(qMax<qint64>(0, file.size() - end_mark.size())) || file.readAll() != end_mark;
 }
