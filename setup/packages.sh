@@ -3,7 +3,7 @@
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
-packages_test="$packages_tour libcairo2-dev libgif-dev libgtest-dev libjpeg-dev librsvg2-dev"
+packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev"
 
 say() {
     printf '%s\n' "$*" >&2
@@ -14,10 +14,10 @@ name_packages() {
     say "Solvanta needs a C++20 compiler, CMake, Ninja and Qt 6; for the tests also GoogleTest."
     say "  Debian, Ubuntu: apt-get install" $packages_build $packages_test
     say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
-        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb xdotool ImageMagick" \
+        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap xdotool ImageMagick" \
         "libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel"
     say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
-        "gtest xorg-server-xvfb xdotool imagemagick libfaketime openbox librsvg giflib libjpeg-turbo"
+        "gtest xorg-server-xvfb xorg-setxkbmap xdotool imagemagick libfaketime openbox librsvg giflib libjpeg-turbo"
     say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
 }
 
