@@ -14,10 +14,11 @@ name_packages() {
     say "Solvanta needs a C++20 compiler, CMake, Ninja and Qt 6; for the tests also GoogleTest."
     say "  Debian, Ubuntu: apt-get install" $packages_build $packages_test
     say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
-        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap xdotool ImageMagick" \
-        "libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel"
+        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap xdotool" \
+        "ImageMagick libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel"
     say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
-        "gtest xorg-server-xvfb xorg-setxkbmap xdotool imagemagick libfaketime openbox librsvg giflib libjpeg-turbo"
+        "gtest xorg-server-xvfb xorg-setxkbmap xdotool imagemagick libfaketime openbox" \
+        "librsvg giflib libjpeg-turbo"
     say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
 }
 
