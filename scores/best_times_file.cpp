@@ -21,7 +21,7 @@ std::error_code BestTimesFile::read(GameState& state) {
 
 std::error_code BestTimesFile::write(const GameState& state) {
     if (!may_replace_) return {};
-    return replace_file(calls_, path_, format_best_times(state));
+    return replace_file(calls_, calls_.resolve(path_), format_best_times(state));
 }
 
 }  // namespace solvanta

@@ -28,8 +28,11 @@ class FileCalls {
     /// Ends the writing, whatever came before.
     virtual std::error_code close() = 0;
 
+    /// The file that `path` leads to through symbolic links; `path` itself where there are none.
+    virtual std::string resolve(const std::string& path) = 0;
+
     /// Puts `from` in the place of `to` in one step: `to` is the old file or the new one, never
-    /// something between.
+    /// something between. It keeps the permissions of `to` where there was one.
     virtual std::error_code rename(const std::string& from, const std::string& to) = 0;
     virtual std::error_code remove(const std::string& path) = 0;
     /// Makes the renaming of the file at `path` survive a power failure.

@@ -54,6 +54,7 @@ class OpenFile {
 std::error_code check_size(int file, std::size_t limit) {
     struct stat status {};
     if (::fstat(file, &status) != 0) return last_error();
+    if (S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::is_a_directory);
     if (!S_ISREG(status.st_mode)) return std::make_error_code(std::errc::invalid_argument);
     if (static_cast<std::size_t>(status.st_size) > limit) {
         return std::make_error_code(std::errc::file_too_large);
@@ -109,7 +110,18 @@ class PosixCalls final : public FileCalls {
         return result == 0 || errno == EINTR ? std::error_code{} : last_error();
     }
 
+    std::string resolve(const std::string& path) override {
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::canonical(path, error);
+        return error ? path : target.string();
+    }
+
     std::error_code rename(const std::string& from, const std::string& to) override {
+        struct stat old {};
+        if (::stat(to.c_str(), &old) == 0) {
+            // Not worth failing for: the list matters more than its permissions.
+            [[maybe_unused]] const int result = ::chmod(from.c_str(), old.st_mode & 07777U);
+        }
         return check(std::rename(from.c_str(), to.c_str()));
     }
 

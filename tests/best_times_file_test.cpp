@@ -248,6 +248,23 @@ TEST_F(RealFiles, AreReadAndWrittenWhole) {
     EXPECT_EQ(format_best_times(again), installed_file());
 }
 
+TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
+    namespace fs = std::filesystem;
+    const fs::path target = folder_ / "synced" / "list";
+    fs::create_directory(folder_ / "synced");
+    std::ofstream(target, std::ios::binary) << installed_file();
+    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink(target, list_path());
+    BestTimesFile file(list_path(), system_file_calls());
+    GameState state;
+    EXPECT_FALSE(file.read(state));
+    ++state.GamesPlayed;
+    EXPECT_FALSE(file.write(state));
+    EXPECT_TRUE(fs::is_symlink(list_path()));
+    EXPECT_EQ(content(target), format_best_times(state));
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
 TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
     std::filesystem::create_directory(list_path());
     BestTimesFile file(list_path(), system_file_calls());

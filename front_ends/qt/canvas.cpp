@@ -24,7 +24,7 @@ int text_flags(Alignment alignment) {
     return flags | Qt::AlignLeft;
 }
 
-constexpr int border_margin = 2;
+constexpr int border_margin = 4;
 constexpr int caption_height = 15;
 constexpr int caption_indent = 9;
 

@@ -15,6 +15,10 @@
 namespace solvanta::qt {
 namespace {
 
+bool is_enter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 class NameEdit final : public QLineEdit {
   public:
     NameEdit(TextBox& box, WindowParts& parts, QWidget* parent)
@@ -25,8 +29,7 @@ class NameEdit final : public QLineEdit {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override {
-        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        const int code = enter ? key_enter : event->key();
+        const int code = is_enter(*event) ? key_enter : event->key();
         parts_.deliver([&] {
             if (box_.KeyDown) box_.KeyDown(code);
         });
@@ -36,6 +39,20 @@ class NameEdit final : public QLineEdit {
   private:
     TextBox& box_;
     WindowParts& parts_;
+};
+
+/// A push button that Enter presses as well as Space. A mouse click leaves the keyboard focus where
+/// it is, so that a name half typed can be finished.
+class Button final : public QPushButton {
+  public:
+    explicit Button(QWidget* parent) : QPushButton(parent) { setFocusPolicy(Qt::TabFocus); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!is_enter(*event)) return QPushButton::keyPressEvent(event);
+        // An Enter held down since it ended the name entry is not meant for the button.
+        if (!event->isAutoRepeat()) click();
+    }
 };
 
 /// The picture is drawn as large as fits, its proportions kept, on the form's background.
@@ -73,7 +90,7 @@ void sync_place(QWidget& widget, const Element& element) {
 }
 
 void build(CommandButton& element, QWidget& parent, WindowParts& parts) {
-    auto* button = new QPushButton(&parent);
+    auto* button = new Button(&parent);
     button->setStyleSheet(button_style());
     button->setFont(button_font());
     QObject::connect(button, &QPushButton::clicked, button,

@@ -32,6 +32,33 @@ struct EntryForm : TestForm {
     std::vector<std::string> entered;
 };
 
+TEST(Buttons, ArePressedByEnterAndLeaveTheFocusToTheName) {
+    QtHost host;
+    EntryForm form(host);
+    CommandButton other;
+    int pressed = 0;
+    TestForm::place(other, 100, 180, 80, 17);
+    other.Click = [&pressed] { ++pressed; };
+    form.controls.emplace_back(&other);
+    QWidget& window = shown(host, form);
+    QWindow* keys = window.windowHandle();
+    auto* edit = window.findChild<QLineEdit*>();
+    QTest::keyClick(keys, Qt::Key_Return);  // the first button has the focus
+    ASSERT_TRUE(edit->hasFocus());
+    click(window.findChildren<QPushButton*>().back());
+    EXPECT_EQ(pressed, 1);
+    EXPECT_TRUE(edit->hasFocus());
+
+    window.findChildren<QPushButton*>().back()->setFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        QTest::keyClick(keys, key);
+    }
+    EXPECT_EQ(pressed, 4);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, QString(), true);
+    QApplication::sendEvent(window.focusWidget(), &held);
+    EXPECT_EQ(pressed, 4);
+}
+
 TEST(TextBoxes, TakeFocusInAFrameJustShownAndHearEnter) {
     const struct {
         Qt::Key key;
