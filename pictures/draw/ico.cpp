@@ -65,7 +65,8 @@ void put_indexed_pixels(Bytes& bytes, const Image& image) {
     }
     for (int y = image.height - 1; y >= 0; --y) {
         for (int x = 0; x < image.width; ++x) {
-            const auto at = static_cast<std::size_t>(y * image.width + x);
+            const auto at = static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width) +
+                            static_cast<std::size_t>(x);
             const bool hidden = image.at(x, y).alpha < 128;
             bytes.push_back(hidden ? std::uint8_t{0}
                                    : static_cast<std::uint8_t>(indexed.indexes[at] + 1));
@@ -136,7 +137,8 @@ IconEntry decode_bitmap(const Bytes& bitmap) {
     const std::size_t mask = pixels + area * (bits / 8);
     for (int row = 0; row < side; ++row) {
         for (int x = 0; x < side; ++x) {
-            const auto at = static_cast<std::size_t>(row * side + x);
+            const auto at = static_cast<std::size_t>(row) * static_cast<std::size_t>(side) +
+                            static_cast<std::size_t>(x);
             Pixel& pixel = entry.image.at(x, side - 1 - row);
             if (bits == 32) {
                 pixel = pixel_at(bitmap, pixels + 4 * at);

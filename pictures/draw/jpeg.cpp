@@ -24,7 +24,7 @@ struct ErrorExit {
     std::longjmp(reinterpret_cast<ErrorExit*>(info->err)->back, 1);
 }
 
-void stay_silent(j_common_ptr) {}
+void stay_silent(j_common_ptr /*info*/) {}
 
 void catch_errors(ErrorExit& exit) {
     jpeg_std_error(&exit.manager);

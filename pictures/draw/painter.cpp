@@ -49,7 +49,7 @@ Pixel PartLibrary::ink(const std::string& name) {
 void Painter::place(const std::string& name, const Box& box) {
     const RsvgRectangle area{box.left, box.top, box.width, box.height};
     GError* error = nullptr;
-    if (!rsvg_handle_render_document(library_.part(name), context_, &area, &error)) {
+    if (rsvg_handle_render_document(library_.part(name), context_, &area, &error) == FALSE) {
         throw failure(name, error);
     }
 }

@@ -108,17 +108,6 @@ TEST(TextBoxes, InADisabledFrameTakeNoKeys) {
     EXPECT_EQ(form.box.Text, "");
 }
 
-TEST(TextBoxes, KeepWhatTheProgramPutsIn) {
-    QtHost host;
-    EntryForm form(host);
-    QWidget& window = shown(host, form);
-    click(window.findChild<QPushButton*>());
-    QTest::keyClick(window.windowHandle(), Qt::Key_A);
-    form.box.Text = "Zoë";
-    host.set_focus(form.box);
-    EXPECT_EQ(window.findChild<QLineEdit*>()->text(), "Zoë");
-}
-
 /// A form with a rich-text box reaching beyond it, and a button for its changes.
 struct ListForm : TestForm {
     explicit ListForm(int lines) {

@@ -9,10 +9,8 @@
 #include <vector>
 
 #include <QAbstractTextDocumentLayout>
-#include <QElapsedTimer>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextLayout>
 #include <gtest/gtest.h>
 
 #include "front_ends/qt/fonts.h"
@@ -180,29 +178,6 @@ TEST(RtfReader, LaysParagraphsOut) {
         EXPECT_EQ(layout_of_last(rtf), expected) << rtf;
 }
 
-TEST(RtfReader, PutsTabsWhereRichTextWantsThem) {
-    struct {
-        std::string_view rtf;
-        double x;
-    } const table[]{
-        {R"({.\tab x})", 48},
-        {R"({\li720\fi-360 .\tab x})", 48},
-        {R"({\li720\fi-360\tx600 .\tab x})", 40},
-        {R"({\li300\tx1500\tx750 .\tab x})", 50},
-        {R"({\tqr\tx1500 .\tab x})", 100},
-    };
-    for (const auto& [rtf, expected] : table) {
-        QTextDocument document;
-        document.setDocumentMargin(0);
-        document.setTextWidth(600);
-        read_rtf(rtf, document);
-        document.documentLayout()->documentSize();
-        const QTextLine line = document.begin().layout()->lineAt(0);
-        const int position = rtf.find("tqr") == rtf.npos ? 2 : 3;
-        EXPECT_NEAR(line.cursorToX(position), expected, 0.5) << rtf;
-    }
-}
-
 TEST(RtfReader, KeepsTheDocumentsFontAndColumnsWithoutHeader) {
     QTextDocument document;
     QFont font(font_families("Courier New"));
@@ -230,7 +205,8 @@ TEST(RtfReader, EmptiesTheDocumentForAnythingElse) {
     }
 }
 
-TEST(RtfReader, StaysFastAndKeepsItsLimits) {
+// Without its limits the reader would not come to an end on these.
+TEST(RtfReader, KeepsItsLimits) {
     const int million = 1'000'000;
     struct {
         const char* name;
@@ -256,19 +232,11 @@ TEST(RtfReader, StaysFastAndKeepsItsLimits) {
     for (const auto& [name, rtf, least, most] : table) {
         QTextDocument document;
         document.setTextWidth(600);
-        QElapsedTimer timer;
-        timer.start();
         read_rtf(rtf, document);
         document.documentLayout()->documentSize();
-        EXPECT_LT(timer.elapsed(), 20'000) << name;
         EXPECT_GE(document.characterCount() - 1, least) << name;
         EXPECT_LE(document.characterCount() - 1, most) << name;
     }
-}
-
-TEST(RtfReader, PartsLongParagraphsBetweenCharacters) {
-    const std::string letters(4095, 'a');
-    EXPECT_EQ(text_of("{" + letters + "\\u-10179?\\u-8704?b}"), letters + "😀|b");
 }
 
 TEST(RtfReader, SurvivesNoise) {
@@ -293,16 +261,6 @@ TEST(RtfReader, SurvivesNoise) {
         ASSERT_LE(fresh.characterCount(), int(rtf.size())) << rtf;
         ASSERT_GE(fresh.size().height(), 0) << rtf;
     }
-}
-
-TEST(Fonts, OffersSubstitutesOfTheSameKind) {
-    EXPECT_EQ(font_families("MS Sans Serif"),
-              (QStringList{"MS Sans Serif", "Liberation Sans", "DejaVu Sans"}));
-    EXPECT_EQ(font_families("courier new", FontKind::Serif),
-              (QStringList{"courier new", "Liberation Mono", "DejaVu Sans Mono"}));
-    EXPECT_EQ(font_families("Own", FontKind::Serif),
-              (QStringList{"Own", "Liberation Serif", "DejaVu Serif"}));
-    EXPECT_EQ(font_families(""), (QStringList{"Liberation Sans", "DejaVu Sans"}));
 }
 
 TEST(Help, ReadsWholeInAnyWordProcessorsAlphabet) {
