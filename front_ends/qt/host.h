@@ -27,8 +27,8 @@ class QtHost final : public Host {
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
 
-    /// Closes the window shown first, as its close box does; this is what the end of the desktop
-    /// session and requests to terminate ask for. Without a window it ends the program.
+    /// Closes the window shown first, as its close box does; logging out of the desktop and
+    /// requests to terminate come down to this. Without a window it ends the program.
     void close_first();
 
   private:

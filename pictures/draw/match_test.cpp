@@ -39,7 +39,7 @@ std::vector<Image> drawn(const std::string& name, const std::string& part = "",
         write_file(copy / (part + ".svg"), Bytes(text.begin(), text.end()));
     }
     PartLibrary library(copy);
-    const auto images = decode(name, render(file_named(name), library));
+    auto images = decode(name, render(file_named(name), library));
     std::filesystem::remove_all(copy);
     return images;
 }

@@ -180,7 +180,7 @@ TEST(Windows, EndTheProgramEvenBelowABox) {
         std::function<void(QtHost&, TestForm&)> end;
     } cases[] = {
         {"closed window", [](QtHost&, TestForm&) { find_window()->close(); }},
-        {"session", [](QtHost& host, TestForm&) { host.close_first(); }},
+        {"logout", [](QtHost& host, TestForm&) { host.close_first(); }},
         {"quit", [](QtHost& host, TestForm& form) { form.Closed(), host.quit(); }},
     };
     for (const auto& test : cases) {
