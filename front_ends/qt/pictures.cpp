@@ -1,6 +1,7 @@
 #include "front_ends/qt/pictures.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -13,38 +14,46 @@ namespace solvanta::qt {
 namespace {
 
 constexpr int largest_side = 4096;
+constexpr qint64 largest_file = qint64{65} << 20;  // more than a bitmap of the largest sides
 constexpr double high_ratio = 2;
 
 /// Qt takes a file cut short for a whole one and leaves the missing part black or blank, so the
-/// file itself is asked: a bitmap's header knows its length, the others end with a mark.
-bool is_cut_short(const QString& path, const QByteArray& format) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return true;
+/// bytes themselves are asked: a bitmap's header knows its length, the others end with a mark.
+bool is_cut_short(const QByteArray& bytes, const QByteArray& format) {
     if (format == "bmp") {
-        const QByteArray start = file.read(6);
-        return start.size() < 6 || qFromLittleEndian<quint32>(start.constData() + 2) > file.size();
+        return bytes.size() < 6 || qFromLittleEndian<quint32>(bytes.constData() + 2) > bytes.size();
     }
-    if (format != "gif" && format != "jpg") return false;
-    const QByteArray end_mark = format == "gif" ? ";" : "\xFF\xD9";
-    return !file.seek(qMax<qint64>(0, file.size() - end_mark.size())) || file.readAll() != end_mark;
+    if (format == "gif") return !bytes.endsWith(';');
+    if (format == "jpg") return !bytes.endsWith("\xFF\xD9");
+    return false;
+}
+
+/// The picture that `bytes` hold in `format`; null when they don't.
+QImage decode(QByteArray& bytes, const QByteArray& format) {
+    if (is_cut_short(bytes, format)) return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    const QSize size = reader.size();
+    if (qMax(size.width(), size.height()) > largest_side) return {};
+    QImage image = reader.read();
+    return qMax(image.width(), image.height()) > largest_side ? QImage() : image;
 }
 
 QImage read_file(const QString& path) {
-    const QFileInfo file(path);
-    if (!file.isFile()) {
-        report_once(file.fileName(), "Bild nicht gefunden (" + path + ")");
+    QFile file(path);
+    const QFileInfo about(file);
+    if (!about.isFile()) {
+        report_once(about.fileName(), "Bild nicht gefunden (" + path + ")");
         return {};
     }
-    const QByteArray format = file.suffix().toLower().toLatin1();
-    QImageReader reader(path, format);
-    reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
     QImage image;
-    if (qMax(size.width(), size.height()) <= largest_side && !is_cut_short(path, format)) {
-        image = reader.read();
+    if (file.size() <= largest_file && file.open(QIODevice::ReadOnly)) {
+        QByteArray bytes = file.readAll();
+        image = decode(bytes, about.suffix().toLower().toLatin1());
     }
-    if (image.isNull() || qMax(image.width(), image.height()) > largest_side) {
-        report_once(file.fileName(), "Bild nicht lesbar (" + path + ")");
+    if (image.isNull()) {
+        report_once(about.fileName(), "Bild nicht lesbar (" + path + ")");
         return {};
     }
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
