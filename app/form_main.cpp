@@ -72,8 +72,7 @@ void Form_Main::Form_Load() {
             slot.Visible = false;
     }
     zeiger.Visible = false;
-    FrBestzeiteintrag.Enabled = false;
-    FrBestzeiteintrag.Visible = false;
+    show_name_frame(false);
     state.WonSinceStart = 0;
     state.PlayedSinceStart = 0;
     read_Highscore();
@@ -180,10 +179,14 @@ void Form_Main::begin_win() {
 void Form_Main::open_name_entry(int place) {
     entry_place_ = place;
     Platz.Caption = "Platz: " + std::to_string(place);
-    FrBestzeiteintrag.Enabled = true;
-    FrBestzeiteintrag.Visible = true;
+    show_name_frame(true);
     host_.set_focus(InName);
     state.NameEntryOpen = true;
+}
+
+void Form_Main::show_name_frame(bool shown) {
+    FrBestzeiteintrag.Enabled = shown;
+    FrBestzeiteintrag.Visible = shown;
 }
 
 void Form_Main::InName_KeyDown(int KeyCode) {
@@ -200,8 +203,7 @@ void Form_Main::complete_name_entry() {
         texts.month_abbreviations.at(static_cast<std::size_t>(now.month - 1));
     insert_entry(state, entry_place_, state.Seconds, to_list_text(InName.Text),
                  entry_stamp(now.day, month, now.year, now.hour, texts.time_separator, now.minute));
-    FrBestzeiteintrag.Enabled = false;
-    FrBestzeiteintrag.Visible = false;
+    show_name_frame(false);
     end_win();
 }
 

@@ -74,6 +74,8 @@ class Form_Main : public TableWindow {
 
     void begin_win();
     void open_name_entry(int place);
+    /// Shows and enables the name-entry frame, or hides and disables it.
+    void show_name_frame(bool shown);
     void end_win();
 
     Host& host_;

@@ -13,8 +13,6 @@ template <typename T, int First, int Last>
 class Bounded {
   public:
     static_assert(First <= Last);
-    static constexpr int first = First;
-    static constexpr int last = Last;
 
     constexpr T& operator()(int index) { return items_[slot(index)]; }
     constexpr const T& operator()(int index) const { return items_[slot(index)]; }

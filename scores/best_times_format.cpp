@@ -31,8 +31,7 @@ class FieldReader {
     }
 
     std::int32_t number() {
-        const std::string digits = text();
-        return parse_number(digits);
+        return parse_number(text());
     }
 
   private:
