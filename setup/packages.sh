@@ -61,18 +61,13 @@ install_packages() {
     rm -f "$log"
 }
 
-# configure_and_build PRESET OPTIONS... -- TARGETS...: quiet unless something goes wrong.
+# configure_and_build PRESET OPTIONS TARGETS...: quiet unless something goes wrong. OPTIONS are the
+# configuration's, all in one string.
 configure_and_build() {
-    local preset=$1 log
-    shift
-    local options=()
-    while [ "$1" != -- ]; do
-        options+=("$1")
-        shift
-    done
-    shift
+    local preset=$1 options=$2 log
+    shift 2
     log=$(mktemp)
-    if ! { cmake --preset "$preset" -G Ninja "${options[@]}" &&
+    if ! { cmake --preset "$preset" -G Ninja $options &&
         cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
