@@ -43,6 +43,7 @@ void Form_Main::connect_events() {
     Command3.Click = checked([this] { Command3_Click(); });
     Command_Beenden.Click = checked([this] { Command_Beenden_Click(); });
     Closed = Command_Beenden.Click;
+    Saving = checked([this] { complete_name_entry(); });
     Source_Hide.Click = checked([this] { Source_Hide_Click(); });
     Source.Click = checked([this] { Source_Click(); });
     Source.DblClick = checked([this] { Source_DblClick(); });

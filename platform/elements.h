@@ -154,6 +154,10 @@ struct Form : Container {
     /// has let go of the form by then, so the handler may destroy it.
     Event Closed;
 
+    /// The desktop saves its state and may be about to end: what must not be lost is to be brought
+    /// to its end at once. The form stays, and the program may go on for as long as it likes.
+    Event Saving;
+
   protected:
     ~Form() = default;
 };

@@ -16,7 +16,7 @@ namespace solvanta::qt {
 
 QtHost::QtHost() {
     QObject::connect(
-        qApp, &QGuiApplication::commitDataRequest, &connections_, [this] { close_first(); },
+        qApp, &QGuiApplication::commitDataRequest, &connections_, [this] { save(); },
         Qt::DirectConnection);
 }
 
@@ -79,6 +79,14 @@ LocaleTexts QtHost::locale_texts() const {
 void QtHost::close_first() {
     if (windows_.empty()) return quit();
     windows_.front()->close();
+}
+
+void QtHost::save() {
+    std::vector<Form*> forms;
+    for (const Window& window : windows_)
+        forms.push_back(&window->form());
+    for (Form* form : forms)
+        deliver(form->Saving);
 }
 
 FormWindow* QtHost::window_of(const Form& form) const {

@@ -27,9 +27,13 @@ class QtHost final : public Host {
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
 
-    /// Closes the window shown first, as its close box does; logging out of the desktop and
-    /// requests to terminate come down to this. Without a window it ends the program.
+    /// Closes the window shown first, as its close box does; requests to terminate come down to
+    /// this. Without a window it ends the program.
     void close_first();
+
+    /// Tells every form that the desktop saves its state. Nothing is closed: the desktop may go on,
+    /// and when it ends it asks the windows to close.
+    void save();
 
   private:
     using Window = std::unique_ptr<FormWindow>;
