@@ -4,19 +4,19 @@
 
 namespace solvanta {
 
-Form_Highscore::Form_Highscore(Form_Main& table, Host& host) : table_(table), host_(host) {
-    Command_Ok.Click = [this] { host_.hide(*this); };
-    Comm_clear_highscore.Click = [this] { Comm_clear_highscore_Click(); };
+Form_Highscore::Form_Highscore(Form_Main& table, Host& host) {
+    Command_Ok.Click = [this, &host] { host.hide(*this); };
+    Comm_clear_highscore.Click = [&table, &host] { Comm_clear_highscore_Click(table, host); };
 }
 
-void Form_Highscore::Comm_clear_highscore_Click() {
+void Form_Highscore::Comm_clear_highscore_Click(Form_Main& table, Host& host) {
     const Answer answer =
-        host_.message("Soll die Highscore-Liste wirklich gelöscht werden?", Buttons::OkCancel);
+        host.message("Soll die Highscore-Liste wirklich gelöscht werden?", Buttons::OkCancel);
     if (answer != Answer::Ok) return;
-    table_.complete_name_entry();
-    table_.clear_Highscore();
-    table_.write_Highscore();
-    table_.check_record();
+    table.complete_name_entry();
+    table.clear_Highscore();
+    table.write_Highscore();
+    table.check_record();
 }
 
 }  // namespace solvanta

@@ -14,10 +14,8 @@ class Form_Highscore : public BestTimesWindow {
     Form_Highscore(Form_Main& table, Host& host);
 
   private:
-    void Comm_clear_highscore_Click();
-
-    Form_Main& table_;
-    Host& host_;
+    /// Has no form of its own: the window may be closed, and the form gone, while the box is open.
+    static void Comm_clear_highscore_Click(Form_Main& table, Host& host);
 };
 
 }  // namespace solvanta
