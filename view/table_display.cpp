@@ -33,6 +33,7 @@ void show_cascade(const GameState& state, TableWindow& table, const std::string&
     for (int r = count; r >= 2; --r) {
         PictureElement& slot = table.Iv(r)(col - 1);
         slot.Picture = load_card(directory, state.FaceUp(col)(r));
+        slot.Width = card_width;
         slot.Height = face_up_step;
         slot.CutToHeight = true;
         slot.Top = origin + face_up_step * (count - r);

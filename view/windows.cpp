@@ -53,8 +53,6 @@ struct FormLayout {
 };
 
 constexpr Color table_green{0, 64, 0};
-constexpr Twips card_width = 1080;
-constexpr Twips card_height = 1440;
 
 constexpr FontLayout standard_font{"", 0, false};
 constexpr FontLayout prompt_font{"MS Sans Serif", 9.75, true};

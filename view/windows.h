@@ -11,6 +11,8 @@ namespace solvanta {
 /// A row of the tableau: element c - 1 shows column c.
 using TableauRow = Bounded<PictureElement, 0, 9>;
 
+inline constexpr Twips card_width = 1080;
+inline constexpr Twips card_height = 1440;
 inline constexpr Twips column_pitch = 1200;
 inline constexpr Twips column_left = 120;
 inline constexpr Twips column_top = 1800;
