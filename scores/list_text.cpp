@@ -1,5 +1,6 @@
 #include "scores/list_text.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "scores/clock_text.h"
@@ -16,12 +17,24 @@ std::string right_aligned(const std::string& text, std::size_t width) {
     return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
 }
 
+/// A control character or a soft hyphen: it fills a column but takes no room when it is shown.
+bool takes_no_room(char character) {
+    constexpr char soft_hyphen = '\xAD';
+    const char16_t shown = from_windows_1252(static_cast<unsigned char>(character));
+    return shown < 0x20 || (shown >= 0x7F && shown < 0xA0) || character == soft_hyphen;
+}
+
+std::string in_columns(std::string text) {
+    std::replace_if(text.begin(), text.end(), takes_no_room, ' ');
+    return text;
+}
+
 std::string place_line(const GameState& state, int place) {
-    std::string name = state.BestName(place);
+    std::string name = in_columns(state.BestName(place));
     name.resize(name_columns, ' ');
     return right_aligned(std::to_string(place), place_columns) + ": " +
            right_aligned(clock_text(state.BestTime(place)), minutes_and_seconds_columns) + "  " +
-           name + "  " + state.BestDate(place);
+           name + "  " + in_columns(state.BestDate(place));
 }
 
 std::string statistics(std::int32_t played, std::int32_t won, std::string_view decimal_separator) {
