@@ -16,7 +16,7 @@ class FileCalls {
     virtual ~FileCalls() = default;
 
     /// Reads a regular file of at most `limit` bytes whole. A missing file is
-    /// `no_such_file_or_directory`, a longer one `file_too_large`.
+    /// `no_such_file_or_directory`, a longer one `file_too_large`. After an error `bytes` is empty.
     virtual std::error_code read(const std::string& path, std::size_t limit,
                                  std::string& bytes) = 0;
 

@@ -65,20 +65,21 @@ std::error_code check_size(int file, std::size_t limit) {
 class PosixCalls final : public FileCalls {
   public:
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {
+        bytes.clear();
         // Without O_NONBLOCK a pipe of this name would hold up the program for ever.
         const OpenFile file(path, O_RDONLY | O_NONBLOCK);
         if (file.get() < 0) return last_error();
         if (const std::error_code error = check_size(file.get(), limit)) return error;
-        bytes.resize(limit);
+        std::string buffer(limit, '\0');
         std::size_t length = 0;
         while (length < limit) {
             const ssize_t got = retry_interrupted(
-                [&] { return ::read(file.get(), bytes.data() + length, limit - length); });
+                [&] { return ::read(file.get(), buffer.data() + length, limit - length); });
             if (got < 0) return last_error();
             if (got == 0) break;
             length += static_cast<std::size_t>(got);
         }
-        bytes.resize(length);
+        bytes.assign(buffer, 0, length);
         return {};
     }
 
