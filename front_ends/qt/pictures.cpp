@@ -6,31 +6,24 @@
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
-#include <QtEndian>
 
 #include "front_ends/qt/trouble.h"
+#include "platform/picture_bytes.h"
 
 namespace solvanta::qt {
 namespace {
 
 constexpr int largest_side = 4096;
 constexpr qint64 largest_file = qint64{65} << 20;  // more than a bitmap of the largest sides
-constexpr double high_ratio = 2;
+constexpr double fine_ratio = 2;                   // of the files named `@2x`
 
-/// Qt takes a file cut short for a whole one and leaves the missing part black or blank, so the
-/// bytes themselves are asked: a bitmap's header knows its length, the others end with a mark.
-bool is_cut_short(const QByteArray& bytes, const QByteArray& format) {
-    if (format == "bmp") {
-        return bytes.size() < 6 || qFromLittleEndian<quint32>(bytes.constData() + 2) > bytes.size();
-    }
-    if (format == "gif") return !bytes.endsWith(';');
-    if (format == "jpg") return !bytes.endsWith("\xFF\xD9");
-    return false;
+bool wants_fine_file(double ratio) {
+    return ratio > 1;
 }
 
 /// The picture that `bytes` hold in `format`; null when they don't.
 QImage decode(QByteArray& bytes, const QByteArray& format) {
-    if (is_cut_short(bytes, format)) return {};
+    if (!is_whole_picture(bytes.toStdString(), format.toStdString())) return {};
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
@@ -79,7 +72,7 @@ QFont fitting_font(const QString& text, const QRectF& place) {
 }  // namespace
 
 QString file_for_ratio(const QString& path, double ratio) {
-    if (ratio < high_ratio) return path;
+    if (!wants_fine_file(ratio)) return path;
     const auto dot = path.lastIndexOf('.');
     if (dot <= path.lastIndexOf('/')) return path + "@2x";
     return path.left(dot) + "@2x" + path.mid(dot);
@@ -89,7 +82,7 @@ QImage read_picture(const QString& path, double ratio) {
     const QString fine = file_for_ratio(path, ratio);
     if (fine != path && QFileInfo::exists(fine)) {
         if (QImage image = read_file(fine); !image.isNull()) {
-            image.setDevicePixelRatio(high_ratio);
+            image.setDevicePixelRatio(fine_ratio);
             return image;
         }
     }
@@ -123,7 +116,7 @@ void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& pi
 
 const QImage& Pictures::image(const Picture& picture, double ratio) {
     const auto [entry, is_new] =
-        images_.try_emplace({picture.load_number(), ratio >= high_ratio}, QImage());
+        images_.try_emplace({picture.load_number(), wants_fine_file(ratio)}, QImage());
     if (is_new && picture.load_number() != 0) {
         entry->second = read_picture(QString::fromStdString(picture.path()), ratio);
     }

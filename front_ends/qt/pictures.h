@@ -14,7 +14,7 @@
 namespace solvanta::qt {
 
 /// The file to show for the picture at `path` on a screen with `ratio` device pixels to a pixel:
-/// its neighbour `Name@2x.ext` from a ratio of 2 on, else itself. Whether it exists is not asked.
+/// its neighbour `Name@2x.ext` above a ratio of 1, else itself. Whether it exists is not asked.
 QString file_for_ratio(const QString& path, double ratio);
 
 /// Reads a picture in the format its suffix names, ready for painting; its size in logical pixels
