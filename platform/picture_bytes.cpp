@@ -48,9 +48,11 @@ std::optional<std::int64_t> bitmap_pixels(const FileBytes& file) {
 }
 
 bool bitmap_is_whole(const FileBytes& file) {
+    constexpr std::int64_t shortest_headers = 26;
+    const std::int64_t start = file.number(10, 4);
     const std::optional<std::int64_t> pixels = bitmap_pixels(file);
-    return file.size() > 0 && pixels &&
-           file.number(10, 4) + *pixels <= static_cast<std::int64_t>(file.size());
+    return start >= shortest_headers && pixels &&
+           start + *pixels <= static_cast<std::int64_t>(file.size());
 }
 
 std::size_t color_table_size(unsigned packed) {

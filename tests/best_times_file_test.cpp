@@ -140,14 +140,6 @@ TEST(BestTimesFile, AFailedWriteLeavesTheOldFile) {
     }
 }
 
-TEST(BestTimesFile, TakesTheDurableRoad) {
-    MemoryFiles files;
-    GameState state;
-    EXPECT_FALSE(BestTimesFile(MemoryFiles::list_path, files).write(state));
-    const std::vector<std::string> road{"create", "write", "flush", "close", "rename", "sync"};
-    EXPECT_EQ(files.calls, road);
-}
-
 TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
     MemoryFiles files(std::string((1 << 20) + 1, '0'));
     const auto before = files.files;
@@ -263,6 +255,13 @@ TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
     EXPECT_TRUE(fs::is_symlink(list_path()));
     EXPECT_EQ(content(target), format_best_times(state));
     EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(RealFiles, HandBackNothingWhenReadingFails) {
+    std::string bytes = "before";
+    const std::string fails_when_read = "/proc/self/mem";
+    EXPECT_TRUE(system_file_calls().read(fails_when_read, 100, bytes));
+    EXPECT_EQ(bytes, "");
 }
 
 TEST_F(RealFiles, StayWhenTheyAreNoFiles) {

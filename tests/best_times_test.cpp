@@ -140,13 +140,15 @@ TEST(BestTimes, ListLinesKeepTheirColumns) {
         {11, 3600, "123456789012345678901234567890",
          "11:  60:00  1234567890123456789012345  3. Jan 2026 9:05"},
         {30, 60000, "x", "30: 1000:00  x                          3. Jan 2026 9:05"},
+        {2, 60, "a\r\n\x7F\x81\xAD\x9F" + std::string(1, '\0') + "z\xA0",
+         " 2:   1:00  a     \x9F z\xA0                 3. Jan 2026 9:05"},
     };
     for (const Case& c : cases) {
         GameState state;
         clear_places(state);
         state.BestTime(c.place) = c.seconds;
         state.BestName(c.place) = c.name;
-        state.BestDate(c.place) = "3. Jan 2026 9:05";
+        state.BestDate(c.place) = "3.\tJan 2026\x1F\x39:05";
         const auto lines = list_lines(state, ",");
         ASSERT_EQ(lines.size(), 3U);
         EXPECT_EQ(lines[0], c.line);

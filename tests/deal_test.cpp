@@ -49,17 +49,18 @@ TEST(Deal, EveryDealIsNewAndForgetsTheGameBefore) {
     EXPECT_EQ(player.position(), played);
     EXPECT_EQ(player.table.Zeitanzeige.Caption, "0:02");
 
+    // Whatever a game leaves behind, the next is dealt like the second one of a fresh program.
+    player.set_up("D 1; F 1 2 0 0 0 1; W H9 XK; 1 X2 | P4?; 2 K2 | K9; sel 2");
     player.deal();
-    const GameState& state = player.table.state;
+    Player fresh(2);
+    fresh.deal();
+    EXPECT_EQ(player.position(), fresh.position());
     EXPECT_NE(player.position(), first);
-    EXPECT_EQ(state.DeckCount, 49);
-    EXPECT_EQ(state.WasteCount, 0);
-    EXPECT_EQ(state.FaceDownCount(1), 9);
-    EXPECT_EQ(state.FaceDownCount(10), 0);
     EXPECT_EQ(player.table.Zeitanzeige.Caption, "0:00");
-    EXPECT_EQ(state.GamesPlayed, 2);
-    EXPECT_EQ(state.PlayedSinceStart, 2);
-    EXPECT_EQ(player.host.messages, std::vector<std::string>(4, "Neues Spiel?"));
+    EXPECT_EQ(player.table.state.GamesPlayed, 2);
+    EXPECT_EQ(player.table.state.PlayedSinceStart, 2);
+    EXPECT_EQ(player.host.messages,
+              std::vector(4, NullHost::Message("Neues Spiel?", Buttons::YesNo)));
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ class NullHost : public Host {
     void hide(Form& form) override { visible.erase(&form); }
 
     Answer message(const std::string& text, Buttons buttons) override {
-        messages.push_back(text);
+        messages.push_back({text, buttons});
         if (during_message) during_message();
         if (answers.empty()) return default_answer(buttons);
         const Answer answer = answers.front();
@@ -40,11 +40,12 @@ class NullHost : public Host {
     void close(Form& form) {
         visible.erase(&form);
         const Event closed = form.Closed;
-        if (closed) closed();
+        closed();  // every window of the program wants to know
     }
 
     std::deque<Answer> answers;  ///< given in turn; without one the default button is pressed
-    std::vector<std::string> messages;
+    using Message = std::pair<std::string, Buttons>;
+    std::vector<Message> messages;
     Event during_message;
     std::set<Form*> visible;
     TextBox* focused = nullptr;

@@ -67,8 +67,8 @@ void Player::play_word(const std::string& word) {
         check();
         return;
     }
-    const bool twice = word.back() == '!';
-    const std::string place = word.substr(0, word.size() - (twice ? 1 : 0));
+    const std::string place = word.substr(0, word.find('!'));
+    const bool twice = place != word;
     const PictureElement* element = nullptr;
     if (place == "stock") {
         element = &table.Source_Hide;
@@ -80,6 +80,10 @@ void Player::play_word(const std::string& word) {
         element = &table.Iv(row)(std::stoi(place.substr(1)) - 1);
     }
     ASSERT_TRUE(element->Visible) << word;
+    if (word.ends_with("!!")) {
+        element->DblClick();
+        return check();
+    }
     // Left and right in turn: two words in quick succession are never taken for a double click.
     on_the_left_ = !on_the_left_;
     const Twips x = element->Left + (on_the_left_ ? 300 : 900);

@@ -27,7 +27,7 @@ class Player {
 
     /// Plays the words in turn: "stock", "waste", "c4" (the exposed card of column 4 or its empty
     /// place), "c4.3" (the card in face-up row 3 of column 4), "tick"; with '!' behind it the
-    /// place is double clicked.
+    /// place is double clicked; "c4!!" gives the double-click event alone.
     void play(const std::string& words);
 
     /// Presses and releases the left button at a place in twips, once or as a double click.

@@ -37,6 +37,7 @@ void expect_column(const Form_Main& table, const std::string& directory, int c) 
         if (!slot.Visible) continue;
         EXPECT_EQ(file_of(slot, directory), face_file(state.FaceUp(c)(r)));
         EXPECT_EQ(slot.Top, 1800 + 120 * down + 240 * (up - r));
+        EXPECT_EQ(slot.Width, 1080);
         EXPECT_EQ(slot.Height, 240);
         EXPECT_TRUE(slot.CutToHeight);
     }

@@ -1,0 +1,53 @@
+#include "platform/picture_bytes.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace solvanta::test {
+namespace {
+
+using namespace std::string_literals;
+
+/// A bitmap's header for two lines of three pixels, whose own count of bytes is wrong.
+std::string bitmap(char bits, char compression, char pixel_bytes) {
+    return "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s + bits +
+           "\0"s + compression + "\0\0\0"s + pixel_bytes + std::string(19, '\0');
+}
+
+TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
+    const std::string gif_header = "GIF89a\1\0\1\0\x80\0\0\xFF\xFF\xFF\0\0\0"s;
+    const struct {
+        const char* name;
+        const char* suffix;
+        std::string bytes;
+    } cases[] = {
+        {"24 bits", "bmp", bitmap(24, 0, 0) + std::string(24, 'x')},
+        {"1 bit, lines padded", "bmp", bitmap(1, 0, 0) + std::string(8, 'x')},
+        {"run lengths", "bmp", bitmap(8, 1, 9) + std::string(9, 'x')},
+        {"old header", "bmp",
+         "BM\0\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\x03\0\x02\0\x01\0\x18\0"s + std::string(24, 'x')},
+        {"global colours, extensions", "gif",
+         gif_header + "!\xF9\4\1\0\0\0\0!\xFE\2ab\1c\0,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0"s},
+        {"local colours", "gif",
+         "GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\x81"s + std::string(12, 'x') + "\2\2\x44\1\0"s},
+        {"end mark in a thumbnail and in pixels", "jpg",
+         "\xFF\xD8\xFF\xE1\0\x06\xFF\xD9zz\xFF\xFF\xDA\0\x03xab\xFF\0\xD9\xFF\xD0y\xFF\xD9"s},
+    };
+    for (const auto& c : cases) {
+        EXPECT_TRUE(is_whole_picture(c.bytes, c.suffix)) << c.name;
+        EXPECT_TRUE(is_whole_picture(c.bytes + "\0\0 and more"s, c.suffix)) << c.name;
+        for (std::size_t length = 0; length < c.bytes.size(); ++length) {
+            EXPECT_FALSE(is_whole_picture(c.bytes.substr(0, length), c.suffix))
+                << c.name << ", " << length << " bytes";
+        }
+    }
+    EXPECT_FALSE(is_whole_picture(gif_header + ";"s, "gif"));
+    std::string vast = bitmap(0, 0, 0);
+    vast[20] = 1;  // 65,536 pixels and more to a line
+    EXPECT_FALSE(is_whole_picture(vast, "bmp"));
+    EXPECT_TRUE(is_whole_picture("", "png"));
+}
+
+}  // namespace
+}  // namespace solvanta::test
