@@ -1,37 +1,10 @@
 #include <map>
 #include <sstream>
 
-#include "stage.h"
+#include "tests/front_ends/stage.h"
 
-namespace solvanta::qt {
+namespace solvanta::test {
 namespace {
-
-/// Moves the mouse as the window system does: presses and releases with their times, from which
-/// Qt itself makes double clicks.
-class Hand {
-  public:
-    explicit Hand(const QWidget& window) : window_(window.windowHandle()) {}
-
-    void press(QPointF at, Qt::MouseButton button) {
-        send(at, held_ | button, QEvent::MouseButtonPress, button);
-    }
-    void release(QPointF at, Qt::MouseButton button) {
-        send(at, held_ & ~button, QEvent::MouseButtonRelease, button);
-    }
-    void rest() { now_ += 5000; }
-
-  private:
-    void send(QPointF at, Qt::MouseButtons held, QEvent::Type type, Qt::MouseButton button) {
-        now_ += 40;
-        held_ = held;
-        qt_handleMouseEvent(window_, at, window_->mapToGlobal(at), held, button, type, {}, now_);
-        QApplication::processEvents();
-    }
-
-    Qt::MouseButtons held_;
-    QWindow* window_;
-    static inline int now_ = 0;
-};
 
 /// Elements 40 pixels square, named by letters: `a` has both handlers, `b` no double click; `c`
 /// goes at a click and bares `d` below it; `e` lies under a picture box, `f` under a frame, `g`
@@ -62,14 +35,14 @@ struct MouseForm : TestForm {
     }
 
     PictureElement& add(char name, int left, int top) {
-        centres[name] = QPointF(left + 20, top + 20);
+        centres[name] = {left + 20.0, top + 20.0};
         PictureElement& element = add_picture(left, top, 40, 40);
         element.Click = [this, name] { log += name; };
         element.DblClick = [this, name] { log += static_cast<char>(name - 'a' + 'A'); };
         return element;
     }
 
-    std::map<char, QPointF> centres;
+    std::map<char, Point> centres;
     PictureBox box;
     Frame frame;
     Frame dead_frame;
@@ -78,23 +51,28 @@ struct MouseForm : TestForm {
     std::string log;
 };
 
-void perform(Hand& hand, const MouseForm& form, const std::string& steps) {
-    std::istringstream words(steps);
-    for (std::string word; words >> word;) {
-        const auto button = word.back() == '2' ? Qt::RightButton : Qt::LeftButton;
-        if (word == "rest") {
-            hand.rest();
-        } else if (word.front() == '+') {
-            hand.press(form.centres.at(word.at(1)), button);
-        } else {
-            hand.release(form.centres.at(word.at(1)), button);
+class MouseOnWindow : public FrontEnd {
+  protected:
+    void perform(const MouseForm& form, const std::string& steps) {
+        driver().rest();
+        std::istringstream words(steps);
+        for (std::string word; words >> word;) {
+            const auto button = word.back() == '2' ? MouseButton::Right : MouseButton::Left;
+            if (word == "rest") {
+                driver().rest();
+            } else if (word.front() == '+') {
+                driver().press(form, form.centres.at(word.at(1)), button);
+            } else {
+                driver().release(form, form.centres.at(word.at(1)), button);
+            }
         }
+        driver().settle();
     }
-}
+};
 
 // +x presses on element x, -x releases there, a 2 behind it means the right button. The log has
 // small letters for clicks and capitals for double clicks.
-TEST(MouseOnWindow, GivesClicksAndDoubleClicks) {
+TEST_F(MouseOnWindow, GivesClicksAndDoubleClicks) {
     const struct {
         const char* steps;
         const char* log;
@@ -122,54 +100,51 @@ TEST(MouseOnWindow, GivesClicksAndDoubleClicks) {
         {"+h -h +h -h", "hH"},
     };
     for (const auto& test : cases) {
-        QtHost host;
+        start_anew();
         MouseForm form;
-        Hand hand(shown(host, form));
-        hand.rest();
-        perform(hand, form, test.steps);
+        show(form);
+        perform(form, test.steps);
         EXPECT_EQ(form.log, test.log) << test.steps;
     }
 }
 
-TEST(MouseOnWindow, CountsPartsOfPixels) {
-    const struct {
-        double x;
-        const char* log;
-    } cases[] = {{9.9, ""}, {10.0, "x"}, {29.9, "x"}, {30.0, ""}, {29.95, "x"}};
-    for (const auto& test : cases) {
-        QtHost host;
-        TestForm form;
-        std::string log;
-        form.add_picture(10, 10, 20, 20).Click = [&] { log += 'x'; };
-        Hand hand(shown(host, form));
-        hand.rest();
-        hand.press({test.x, 15}, Qt::LeftButton);
-        hand.release({test.x, 15}, Qt::LeftButton);
-        EXPECT_EQ(log, test.log) << test.x;
+TEST_F(MouseOnWindow, ReachesAnElementUpToItsEdges) {
+    TestForm form;
+    std::string log;
+    form.add_picture(10, 10, 20, 20).Click = [&] { log += 'x'; };
+    show(form);
+    const std::pair<double, const char*> cases[] = {{9, ""}, {10, "x"}, {29, "x"}, {30, ""}};
+    for (const auto& [x, expected] : cases) {
+        log.clear();
+        driver().rest();
+        driver().press(form, {x, 15}, MouseButton::Left);
+        driver().release(form, {x, 15}, MouseButton::Left);
+        driver().settle();
+        EXPECT_EQ(log, expected) << x;
     }
 }
 
-TEST(MouseOnWindow, DoubleClickMayOpenABox) {
-    QtHost host;
+TEST_F(MouseOnWindow, DoubleClickMayOpenABox) {
     TestForm form;
     std::string log;
     PictureElement& element = form.add_picture(0, 0, 40, 40);
     element.Click = [&] { log += 'x'; };
     element.DblClick = [&] {
         log += 'X';
-        host.message("Gratulation! Spiel gewonnen!", Buttons::Ok);
+        host().message("Gratulation! Spiel gewonnen!", Buttons::Ok);
         log += '!';
     };
-    Hand hand(shown(host, form));
-    hand.rest();
-    when_box_opens([](QMessageBox& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Return); });
-    const QPointF at(20, 20);
+    show(form);
+    driver().rest();
+    when_box_opens([&] { driver().key(Key::Enter); });
+    const Point at{20, 20};
     for (int count = 0; count < 3; ++count) {
-        hand.press(at, Qt::LeftButton);
-        hand.release(at, Qt::LeftButton);
+        driver().press(form, at, MouseButton::Left);
+        driver().release(form, at, MouseButton::Left);
+        driver().settle();
     }
     EXPECT_EQ(log, "xX!x");
 }
 
 }  // namespace
-}  // namespace solvanta::qt
+}  // namespace solvanta::test

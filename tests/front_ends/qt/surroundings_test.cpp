@@ -1,6 +1,14 @@
+#include <csignal>
+
+#include <QByteArray>
+#include <QLocale>
+#include <QObject>
+#include <QTest>
+#include <gtest/gtest.h>
+
 #include "front_ends/qt/display_probe.h"
 #include "front_ends/qt/locale_texts.h"
-#include "stage.h"
+#include "front_ends/qt/stop_signals.h"
 
 namespace solvanta::qt {
 namespace {
@@ -53,6 +61,17 @@ TEST(DisplayProbe, AsksWhatQtWouldUse) {
         EXPECT_EQ(display_available(), test.available) << test.platform << ' ' << test.x_display;
     }
     qputenv("QT_QPA_PLATFORM", before);
+}
+
+TEST(StopSignals, EndTheProgramInOrder) {
+    int stops = 0;
+    QObject owner;
+    on_stop_signals(owner, [&] { ++stops; });
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        EXPECT_EQ(raise(signal), 0);
+        const int before = stops;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return stops == before + 1; }, 2000)) << signal;
+    }
 }
 
 }  // namespace

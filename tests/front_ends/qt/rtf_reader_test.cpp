@@ -264,7 +264,8 @@ TEST(RtfReader, SurvivesNoise) {
 }
 
 TEST(Help, ReadsWholeInAnyWordProcessorsAlphabet) {
-    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    const auto root =
+        std::filesystem::path(__FILE__).parent_path().parent_path().parent_path().parent_path();
     std::ifstream file(root / "help" / "Help.rtf", std::ios::binary);
     const std::string rtf{std::istreambuf_iterator<char>(file), {}};
     for (const char c : rtf)

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace solvanta::test {
+
+/// A place in the client area of a window, in pixels at 96 dots per inch.
+struct Point {
+    double x = 0;
+    double y = 0;
+};
+
+enum class MouseButton { Left, Right };
+enum class Key { Enter, KeypadEnter, Space, Escape, Tab, Backspace, ArrowLeft, End, A, M, N };
+enum class Modifier { None, Shift, Control, Alt };
+
+/// What the player sees of a window.
+struct WindowLook {
+    int width = 0;  ///< of the client area, in pixels at 96 dots per inch
+    int height = 0;
+    bool active = false;
+    bool can_be_minimised = false;
+    bool can_be_resized = false;  ///< or enlarged to the screen
+};
+
+/// What the player sees of an open message box.
+struct BoxLook {
+    std::string title;
+    std::string text;
+    std::vector<std::string> buttons;  ///< without marks for keys, the default one first
+};
+
+/// What the checks need of a window system besides its Host: a hand on mouse and keyboard, and
+/// eyes. A front end joins the checks with a driver of its own, of which every check makes a new
+/// one. Windows are named by their forms or, where the form may be gone, by their captions.
+///
+/// Input takes effect at the latest during `settle`. `settle`, `wait` and `run` are for the checks
+/// themselves, not for what they have called by `later`: that may run inside a message box.
+class Driver {
+  public:
+    Driver() = default;
+    Driver(const Driver&) = delete;
+    Driver& operator=(const Driver&) = delete;
+    virtual ~Driver() = default;
+
+    virtual Host& host() = 0;
+
+    /// Device pixels to a pixel.
+    virtual double ratio() const = 0;
+
+    /// Lets the window system bring to its end what has been begun.
+    virtual void settle() = 0;
+    /// Lets events come for so many milliseconds.
+    virtual void wait(int milliseconds) = 0;
+    /// Runs the program as its main function does, until it quits or ten seconds have passed;
+    /// answers whether it has quit.
+    virtual bool run() = 0;
+    /// Calls `act` from the event loop in so many milliseconds.
+    virtual void later(int milliseconds, std::function<void()> act) = 0;
+
+    virtual void press(const Form& form, Point at, MouseButton button) = 0;
+    virtual void release(const Form& form, Point at, MouseButton button) = 0;
+    /// Lets pass the time in which one more press would be the second of a double click.
+    virtual void rest() = 0;
+
+    /// Presses and releases a key; it goes to what has the keyboard focus, in a box as well.
+    virtual void key(Key key, Modifier modifier = Modifier::None) = 0;
+    /// One more press of a key that is held down.
+    virtual void repeat_key(Key key) = 0;
+    virtual void type(const std::string& text) = 0;
+
+    /// Closes a window by its close box.
+    virtual void close(const std::string& caption) = 0;
+    virtual void minimise(const std::string& caption) = 0;
+    /// What the desktop does when it saves its state and goes on.
+    virtual void save_desktop() = 0;
+
+    /// Nothing when no window with this caption is to be seen.
+    virtual std::optional<WindowLook> window(const std::string& caption) = 0;
+    /// The colour there once the window is painted as its form is at this moment.
+    virtual Color pixel(const Form& form, Point at) = 0;
+
+    virtual bool is_shown(const Form& form, const Element& control) = 0;
+    virtual bool has_focus(const Form& form, const Element& control) = 0;
+    /// The text of a text box or a rich-text box as it is shown, lines parted by '\n'.
+    virtual std::string text(const Form& form, const Element& control) = 0;
+    /// Whether the box has a scroll bar to be seen.
+    virtual bool can_scroll(const Form& form, const RichTextBox& box) = 0;
+    /// How far the box is scrolled down, in units of the window system's own; 0 is the top.
+    virtual int scrolled(const Form& form, const RichTextBox& box) = 0;
+    virtual void scroll_down(const Form& form, const RichTextBox& box) = 0;
+
+    /// The message box that is open; nothing when there is none.
+    virtual std::optional<BoxLook> box() = 0;
+    virtual void close_box() = 0;
+
+    /// Puts a picture file where the program may load it from, replacing one of the same name, and
+    /// answers its path.
+    virtual std::string put_file(const std::string& name, const std::string& bytes) = 0;
+};
+
+/// The driver of the front end that the checks are built with.
+std::unique_ptr<Driver> make_driver();
+
+/// In pixels at 96 dots per inch.
+struct Rectangle {
+    Point corner;
+    double width = 0;
+    double height = 0;
+
+    Point centre() const { return {corner.x + width / 2, corner.y + height / 2}; }
+};
+
+/// Where an element of `form`, or of a frame in it, lies in the window.
+Rectangle place_of(const Form& form, const Element& element);
+
+}  // namespace solvanta::test

@@ -1,0 +1,256 @@
+#include "tests/front_ends/driver.h"
+
+#include <cmath>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+#include <QWindow>
+
+#include "front_ends/qt/host.h"
+
+namespace solvanta::test {
+namespace {
+
+QWidget* find_window(const std::string& caption) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowTitle().toStdString() == caption) return window;
+    }
+    return nullptr;
+}
+
+QWidget& window_of(const Form& form) {
+    QWidget* window = find_window(form.Caption);
+    if (!window) throw std::runtime_error("no window " + form.Caption);
+    return *window;
+}
+
+bool is_control(const QWidget* widget) {
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QTextEdit*>(widget) ||
+           qobject_cast<const QAbstractButton*>(widget);
+}
+
+/// The toolkit's control that shows `element`, found by its place.
+QWidget& control_of(const Form& form, const Element& element) {
+    QWidget& window = window_of(form);
+    const Rectangle place = place_of(form, element);
+    const QPoint corner(qRound(place.corner.x), qRound(place.corner.y));
+    for (auto* widget : window.findChildren<QWidget*>()) {
+        if (is_control(widget) && widget->mapTo(&window, QPoint()) == corner) return *widget;
+    }
+    throw std::runtime_error("no such control");
+}
+
+QMessageBox* open_box() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    return box && box->isVisible() ? box : nullptr;
+}
+
+Qt::MouseButton to_qt(MouseButton button) {
+    return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton;
+}
+
+Qt::Key to_qt(Key key) {
+    switch (key) {
+        case Key::Enter:
+            return Qt::Key_Return;
+        case Key::KeypadEnter:
+            return Qt::Key_Enter;
+        case Key::Space:
+            return Qt::Key_Space;
+        case Key::Escape:
+            return Qt::Key_Escape;
+        case Key::Tab:
+            return Qt::Key_Tab;
+        case Key::Backspace:
+            return Qt::Key_Backspace;
+        case Key::ArrowLeft:
+            return Qt::Key_Left;
+        case Key::End:
+            return Qt::Key_End;
+        case Key::A:
+            return Qt::Key_A;
+        case Key::M:
+            return Qt::Key_M;
+        case Key::N:
+            break;
+    }
+    return Qt::Key_N;
+}
+
+Qt::KeyboardModifiers to_qt(Modifier modifier) {
+    switch (modifier) {
+        case Modifier::Shift:
+            return Qt::ShiftModifier;
+        case Modifier::Control:
+            return Qt::ControlModifier;
+        case Modifier::Alt:
+            return Qt::AltModifier;
+        case Modifier::None:
+            break;
+    }
+    return Qt::NoModifier;
+}
+
+/// Drives Qt on its platform without a screen; input takes effect at once.
+class QtDriver final : public Driver {
+  public:
+    Host& host() override { return host_; }
+    double ratio() const override { return qApp->devicePixelRatio(); }
+
+    void settle() override { QApplication::processEvents(); }
+    void wait(int milliseconds) override { QTest::qWait(milliseconds); }
+
+    bool run() override {
+        QTimer too_late;
+        QObject::connect(&too_late, &QTimer::timeout, [] { QApplication::exit(1); });
+        too_late.start(10'000);
+        return QApplication::exec() == 0;
+    }
+
+    void later(int milliseconds, std::function<void()> act) override {
+        QTimer::singleShot(milliseconds, &context_, std::move(act));
+    }
+
+    void press(const Form& form, Point at, MouseButton button) override {
+        held_ |= to_qt(button);
+        send(form, at, QEvent::MouseButtonPress, button);
+    }
+
+    void release(const Form& form, Point at, MouseButton button) override {
+        held_ &= ~Qt::MouseButtons(to_qt(button));
+        send(form, at, QEvent::MouseButtonRelease, button);
+    }
+
+    void rest() override { now_ += 5000; }
+
+    void key(Key key, Modifier modifier) override {
+        const auto keypad = key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier;
+        QTest::keyClick(keys(), to_qt(key), to_qt(modifier) | keypad);
+    }
+
+    void repeat_key(Key key) override {
+        QKeyEvent held(QEvent::KeyPress, to_qt(key), {}, QString(), true);
+        QApplication::sendEvent(QApplication::focusWidget(), &held);
+    }
+
+    void type(const std::string& text) override {
+        for (const QChar letter : QString::fromStdString(text)) {
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown,
+                                QString(letter), Qt::NoModifier);
+        }
+    }
+
+    void close(const std::string& caption) override { find_window(caption)->close(); }
+    void minimise(const std::string& caption) override { find_window(caption)->showMinimized(); }
+    void save_desktop() override { host_.save(); }
+
+    std::optional<WindowLook> window(const std::string& caption) override {
+        const QWidget* window = find_window(caption);
+        if (!window) return std::nullopt;
+        const Qt::WindowFlags flags = window->windowFlags();
+        return WindowLook{window->width(), window->height(), window->isActiveWindow(),
+                          flags.testFlag(Qt::WindowMinimizeButtonHint),
+                          flags.testFlag(Qt::WindowMaximizeButtonHint) ||
+                              window->minimumSize() != window->maximumSize()};
+    }
+
+    Color pixel(const Form& form, Point at) override {
+        const QImage image = window_of(form).grab().toImage();
+        const double ratio = image.devicePixelRatio();
+        const QColor color = image.pixelColor(static_cast<int>(std::floor(at.x * ratio)),
+                                              static_cast<int>(std::floor(at.y * ratio)));
+        return {static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
+                static_cast<std::uint8_t>(color.blue())};
+    }
+
+    bool is_shown(const Form& form, const Element& control) override {
+        return control_of(form, control).isVisible();
+    }
+
+    bool has_focus(const Form& form, const Element& control) override {
+        return control_of(form, control).hasFocus();
+    }
+
+    std::string text(const Form& form, const Element& control) override {
+        QWidget& widget = control_of(form, control);
+        if (auto* edit = qobject_cast<QLineEdit*>(&widget)) return edit->text().toStdString();
+        return qobject_cast<QTextEdit*>(&widget)->toPlainText().toStdString();
+    }
+
+    bool can_scroll(const Form& form, const RichTextBox& box) override {
+        return bar(form, box).isVisible();
+    }
+    int scrolled(const Form& form, const RichTextBox& box) override {
+        return bar(form, box).value();
+    }
+    void scroll_down(const Form& form, const RichTextBox& box) override {
+        bar(form, box).setValue(100);
+    }
+
+    std::optional<BoxLook> box() override {
+        const QMessageBox* box = open_box();
+        if (!box) return std::nullopt;
+        BoxLook look{box->windowTitle().toStdString(), box->text().toStdString(), {}};
+        const QAbstractButton* standard = box->defaultButton();
+        for (const QAbstractButton* button : box->buttons()) {
+            const std::string caption = button->text().remove('&').toStdString();
+            const bool first = button == standard;
+            look.buttons.insert(first ? look.buttons.begin() : look.buttons.end(), caption);
+        }
+        return look;
+    }
+
+    void close_box() override { open_box()->close(); }
+
+    std::string put_file(const std::string& name, const std::string& bytes) override {
+        QFile file(QDir(files_.path()).filePath(QString::fromStdString(name)));
+        if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("can't write " + name);
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        return file.fileName().toStdString();
+    }
+
+  private:
+    static QScrollBar& bar(const Form& form, const RichTextBox& box) {
+        return *qobject_cast<QTextEdit*>(&control_of(form, box))->verticalScrollBar();
+    }
+
+    static QWindow* keys() {
+        QWidget* window = open_box() ? open_box() : QApplication::activeWindow();
+        return window->windowHandle();
+    }
+
+    /// As the window system does: with the time, from which Qt itself makes double clicks.
+    void send(const Form& form, Point at, QEvent::Type type, MouseButton button) {
+        now_ += 40;
+        QWindow* window = window_of(form).windowHandle();
+        const QPointF local(at.x, at.y);
+        qt_handleMouseEvent(window, local, window->mapToGlobal(local), held_, to_qt(button), type,
+                            {}, now_);
+        QApplication::processEvents();
+    }
+
+    QTemporaryDir files_;
+    qt::QtHost host_;
+    QObject context_;
+    Qt::MouseButtons held_;
+    static inline int now_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<Driver> make_driver() {
+    return std::make_unique<QtDriver>();
+}
+
+}  // namespace solvanta::test

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/front_ends/driver.h"
+
+namespace solvanta::test {
+
+inline constexpr Color red{255, 0, 0};
+inline constexpr Color green{0, 255, 0};
+inline constexpr Color blue{0, 0, 255};
+inline constexpr Color black{0, 0, 0};
+
+/// A small form: 300 x 200 pixels in red.
+struct TestForm : Form {
+    TestForm();
+
+    PictureElement& add_picture(int left, int top, int width, int height);
+
+    /// Puts an element somewhere; everything in pixels.
+    static void place(Element& element, int left, int top, int width, int height);
+
+    std::deque<PictureElement> pictures;
+};
+
+/// A small form with a button, and a hidden frame that asks for a name.
+struct EntryForm : TestForm {
+    EntryForm();
+
+    CommandButton button;
+    Frame frame;
+    TextBox box;
+};
+
+/// A check of a Host with windows: the Host, and what the player does to them.
+class FrontEnd : public testing::Test {
+  protected:
+    Host& host() { return driver_->host(); }
+    Driver& driver() { return *driver_; }
+
+    /// Ends this Host and takes a new one; for the next case of a table.
+    void start_anew();
+
+    /// Shows the form and waits until it is to be seen in front.
+    void show(Form& form);
+
+    /// Waits up to five seconds for `condition`; answers whether it came true.
+    bool wait_until(const std::function<bool()>& condition);
+
+    /// Clicks a control in its middle.
+    void click(const Form& form, const Element& control);
+
+    /// Presses and releases a key and lets that take effect.
+    void press_key(Key key, Modifier modifier = Modifier::None);
+
+    /// Has `act` called once a message box is open, at least `after_ms` later.
+    void when_box_opens(std::function<void()> act, int after_ms = 30);
+
+    void expect_color(const Form& form, double x, double y, Color color);
+
+  private:
+    std::unique_ptr<Driver> driver_ = make_driver();
+};
+
+/// The bytes of a bitmap, 32 bits to the pixel: the left half in one colour, the right half in the
+/// other.
+std::string bitmap(int width, int height, Color left, Color right);
+
+/// A bitmap of one colour; a `clear` one is transparent.
+std::string bitmap(int width, int height, Color color, bool clear = false);
+
+}  // namespace solvanta::test

@@ -1,0 +1,238 @@
+#include <chrono>
+
+#include "tests/front_ends/stage.h"
+
+namespace solvanta::test {
+namespace {
+
+class Boxes : public FrontEnd {};
+
+TEST_F(Boxes, AskInGermanAndAnswer) {
+    const std::vector<std::string> yes_no{"Ja", "Nein"};
+    const std::vector<std::string> ok_cancel{"OK", "Abbrechen"};
+    const std::vector<std::string> ok{"OK"};
+    const struct {
+        Buttons buttons;
+        const std::vector<std::string>& captions;  // the default one first
+        std::optional<Key> key;                    // none: the close box
+        Answer answer;
+    } cases[] = {
+        {Buttons::YesNo, yes_no, Key::Enter, Answer::Yes},
+        {Buttons::YesNo, yes_no, Key::Escape, Answer::No},
+        {Buttons::YesNo, yes_no, Key::N, Answer::No},
+        {Buttons::YesNo, yes_no, std::nullopt, Answer::No},
+        {Buttons::OkCancel, ok_cancel, Key::Enter, Answer::Ok},
+        {Buttons::OkCancel, ok_cancel, Key::Escape, Answer::Cancel},
+        {Buttons::OkCancel, ok_cancel, std::nullopt, Answer::Cancel},
+        {Buttons::Ok, ok, Key::Enter, Answer::Ok},
+        {Buttons::Ok, ok, Key::Escape, Answer::Ok},
+    };
+    for (const auto& test : cases) {
+        start_anew();
+        TestForm form;
+        show(form);
+        when_box_opens([&] {
+            const BoxLook box = *driver().box();
+            EXPECT_EQ(box.title, "Solvanta");
+            EXPECT_EQ(box.text, "<b>Größe?</b>");
+            EXPECT_EQ(box.buttons, test.captions);
+            if (!test.key) return driver().close_box();
+            driver().key(*test.key, test.key == Key::N ? Modifier::Alt : Modifier::None);
+        });
+        EXPECT_EQ(host().message("<b>Größe?</b>", test.buttons), test.answer)
+            << test.captions.front();
+    }
+}
+
+TEST_F(Boxes, HaveWhatTheHandlerShowedBehindThem) {
+    EntryForm form;
+    show(form);
+    form.button.Click = [&] {
+        form.frame.Visible = true;
+        host().message("Neues Spiel?", Buttons::YesNo);
+        form.frame.Visible = false;
+    };
+    when_box_opens([&] {
+        EXPECT_TRUE(driver().is_shown(form, form.box));
+        EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
+        driver().close_box();
+    });
+    click(form, form.button);
+    EXPECT_FALSE(driver().is_shown(form, form.box));
+}
+
+TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
+    TestForm form;
+    Timer timer;
+    int ticks = 0;
+    int clicks = 0;
+    timer.Interval = 10;
+    timer.Tick = [&] { form.Caption = std::to_string(++ticks); };
+    form.timers = {&timer};
+    form.add_picture(0, 0, 40, 40).Click = [&] { ++clicks; };
+    host().show(form);
+    int ticks_before = 0;
+    when_box_opens([&] {
+        ticks_before = ticks;
+        driver().press(form, {20, 20}, MouseButton::Left);
+        driver().release(form, {20, 20}, MouseButton::Left);
+    });
+    when_box_opens(
+        [&] {
+            EXPECT_GT(ticks, ticks_before + 3);
+            EXPECT_TRUE(driver().window(std::to_string(ticks)));
+            driver().close_box();
+        },
+        250);
+    host().message("Neues Spiel?", Buttons::YesNo);
+    EXPECT_EQ(clicks, 0);
+}
+
+class Windows : public FrontEnd {};
+
+/// A form that its own Closed handler destroys, and what it needs for that.
+struct Guest : TestForm {
+    explicit Guest(std::unique_ptr<Guest>& place_to_live, int& ticks) {
+        Caption = "Gast";
+        timer.Interval = 5;
+        timer.Tick = [&ticks] { ++ticks; };
+        timers = {&timer};
+        Closed = [&place_to_live] { place_to_live.reset(); };
+    }
+    Timer timer;
+};
+
+TEST_F(Windows, AreHiddenClosedAndShownAgain) {
+    TestForm form;
+    show(form);
+    int ticks = 0;
+    std::unique_ptr<Guest> guest;
+    for (int round = 0; round < 3; ++round) {
+        guest = std::make_unique<Guest>(guest, ticks);
+        show(*guest);
+        host().hide(*guest);
+        driver().settle();
+        EXPECT_FALSE(driver().window("Gast"));
+        host().show(*guest);
+        EXPECT_TRUE(wait_until([&] { return ticks > 0 && driver().window("Gast"); }));
+        driver().close("Gast");
+        driver().settle();
+        EXPECT_FALSE(guest);
+        EXPECT_FALSE(driver().window("Gast"));
+        ticks = 0;
+        driver().wait(30);
+        EXPECT_EQ(ticks, 0);
+        EXPECT_TRUE(driver().window("Probe"));
+    }
+    host().hide(form);
+    host().hide(form);
+    driver().settle();
+    EXPECT_FALSE(driver().window("Probe"));
+}
+
+TEST_F(Windows, ComeToTheFrontAtTheirSize) {
+    TestForm table;
+    TestForm help;
+    help.Caption = "Hilfe";
+    show(table);
+    show(help);
+    driver().minimise("Hilfe");
+    driver().settle();
+    show(help);
+    show(table);
+    EXPECT_TRUE(wait_until([&] { return !driver().window("Hilfe")->active; }));
+    for (const char* caption : {"Probe", "Hilfe"}) {
+        const WindowLook look = *driver().window(caption);
+        EXPECT_EQ(look.width, 300);
+        EXPECT_EQ(look.height, 200);
+        EXPECT_TRUE(look.can_be_minimised);
+        EXPECT_FALSE(look.can_be_resized);
+    }
+}
+
+// Whatever ends the program while a box is open ends the box too; the handler below it runs to
+// its end.
+TEST_F(Windows, EndTheProgramEvenBelowABox) {
+    for (const bool by_the_desktop : {true, false}) {
+        start_anew();
+        EntryForm form;
+        TestForm other;
+        other.Caption = "Hilfe";
+        std::string log;
+        form.Closed = [&] { log += "closed ", host().quit(); };
+        form.button.Click = [&] {
+            log += host().message("Neues Spiel?", Buttons::YesNo) == Answer::No ? "no " : "yes ";
+            log += host().message("Noch etwas?", Buttons::Ok) == Answer::Ok ? "ok " : "? ";
+            host().show(other);  // too late
+        };
+        show(form);
+        show(other);
+        show(form);
+        when_box_opens([&] { by_the_desktop ? driver().close(form.Caption) : form.Closed(); });
+        driver().later(0, [&] {
+            const Point at = place_of(form, form.button).centre();
+            driver().press(form, at, MouseButton::Left);
+            driver().release(form, at, MouseButton::Left);
+        });
+        EXPECT_TRUE(driver().run());
+        EXPECT_EQ(log, "closed no ok ");
+        EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe"));
+    }
+}
+
+TEST_F(Windows, HearThatTheDesktopSavesAndStay) {
+    TestForm form;
+    TestForm other;
+    other.Caption = "Hilfe";
+    std::string log;
+    form.Closed = [&] { log += "closed "; };
+    form.Saving = [&] { log += "saving "; };
+    show(form);
+    show(other);
+    driver().save_desktop();
+    driver().settle();
+    EXPECT_EQ(log, "saving ");
+    EXPECT_TRUE(driver().window("Probe") && driver().window("Hilfe"));
+}
+
+class Timers : public FrontEnd {
+  protected:
+    /// Has the form's timer tick every 50 ms, its handler busy for `busy(tick)` ms.
+    void start(TestForm& form, const std::function<int(int)>& busy) {
+        timer_.Interval = 50;
+        timer_.Tick = [this, busy] {
+            using namespace std::chrono;
+            const auto until = steady_clock::now() + milliseconds(busy(++ticks));
+            while (steady_clock::now() < until) {
+            }
+        };
+        form.timers = {&timer_};
+        host().show(form);
+    }
+
+    int ticks = 0;
+
+  private:
+    Timer timer_;
+};
+
+// A timer set anew after each handler would need 90 ms a tick.
+TEST_F(Timers, DoNotDrift) {
+    TestForm form;
+    const auto start_of_all = std::chrono::steady_clock::now();
+    start(form, [](int) { return 40; });
+    ASSERT_TRUE(wait_until([&] { return ticks >= 40; }));
+    EXPECT_LT(std::chrono::steady_clock::now() - start_of_all, std::chrono::milliseconds(3000));
+}
+
+TEST_F(Timers, DoNotMakeUpForLostTime) {
+    TestForm form;
+    start(form, [](int tick) { return tick == 1 ? 600 : 0; });
+    ASSERT_TRUE(wait_until([&] { return ticks >= 1; }));
+    driver().wait(120);
+    EXPECT_GE(ticks, 2);
+    EXPECT_LE(ticks, 7);
+}
+
+}  // namespace
+}  // namespace solvanta::test
