@@ -58,28 +58,22 @@ std::string shifted(const std::string& text, double points) {
     return result.append(text.substr(content, end - content)).append("</g></svg>");
 }
 
-struct Shift {
-    const char* file;
-    const char* part;
-    double points;
-};
-
 TEST(MatchOfPictures, NoticesAMovedDrawing) {
-    const std::vector<Shift> table{
-        {"Herz_7.bmp", "suit_herz", 0.4},    {"Kreuz_4.bmp", "index_kreuz", 0.5},
-        {"Pick_9@2x.bmp", "index_9", 0.4},   {"Karo_1.bmp", "ace_karo", 0.4},
-        {"Karo_D.bmp", "court_karo_D", 0.4}, {"Back_ganz.bmp", "back", 0.4},
-        {"Back_verdeckt.bmp", "back", 0.6},  {"Leer.bmp", "leer", 0.6},
-        {"zeiger.bmp", "zeiger", 0.4},       {"diddle.jpg", "win", 0.6},
-        {"skull.gif", "skull", 0.6},         {"Solvanta-16.png", "icon_small", 0.5},
-        {"Solvanta.ico", "icon", 0.5},
+    struct Shift {
+        const char* file;
+        const char* part;
+        double points;
     };
-    for (const Shift& row : table) {
-        SCOPED_TRACE(row.file);
+    for (const Shift& row : {Shift{"Herz_7.bmp", "suit_herz", 0.4},
+                             {"Pick_9@2x.bmp", "index_9", 0.4},
+                             {"Karo_D.bmp", "court_karo_D", 0.4},
+                             {"Back_verdeckt.bmp", "back", 0.6},
+                             {"diddle.jpg", "win", 0.6},
+                             {"skull.gif", "skull", 0.6},
+                             {"Solvanta.ico", "icon", 0.5}}) {
         const auto before = drawn(row.file);
         const auto after = drawn(row.file, row.part, shifted(source_text(row.part), row.points));
-        EXPECT_EQ(difference_text(before, before), "");
-        EXPECT_NE(difference_text(before, after), "");
+        EXPECT_NE(difference_text(before, after), "") << row.file;
     }
 }
 
