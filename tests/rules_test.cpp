@@ -167,7 +167,7 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         s.Selected.fill(false);
         s.Selected(slot) = true;
     };
-    const std::pair<const std::string&, Fault> faults[] = {
+    const std::pair<std::string, Fault> faults[] = {
         {cards, [](GameState& s) { --s.DeckCount; }},
         {cards, [](GameState& s) { s.Waste(1) = 10; }},
         {cards, [](GameState& s) { s.Waste(1) = 0; }},

@@ -1,7 +1,11 @@
+#include <algorithm>
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/player.h"
 #include "tests/support/position.h"
+#include "tests/support/table_check.h"
 #include "view/pictures.h"
 #include "view/table_display.h"
 
@@ -46,72 +50,33 @@ TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
     EXPECT_EQ(player.table.Status.Caption, "");
 }
 
-TEST(Table, NamesEveryCardsPicture) {
-    const std::pair<CardNumber, const char*> names[] = {
-        {1, "d/Herz_1.bmp"},
-        {10, "d/Herz_10.bmp"},
-        {11, "d/Herz_B.bmp"},
-        {12, "d/Herz_D.bmp"},
-        {13, "d/Herz_K.bmp"},
-        {14, "d/Pick_1.bmp"},
-        {27, "d/Karo_1.bmp"},
-        {39, "d/Karo_K.bmp"},
-        {40, "d/Kreuz_1.bmp"},
-        {52, "d/Kreuz_K.bmp"},
-        {0, ""},
-        {53, ""},
-        {-1, ""},
-    };
-    for (const auto& [card, path] : names)
-        EXPECT_EQ(CardPicturePath("d", card), path);
-}
-
-TEST(Table, FitsTheFullestColumn) {
-    Player player;
-    player.set_up("1 H1 P1 K1 X1 H2 P2 K2 X2 H5 | HK PD HB P10 H9 P8 H7 P6 K5 P4 H3 X2 H1");
-    const Form_Main& table = player.table;
-    EXPECT_EQ(table.Iv(13)(0).Top, 2880);
-    EXPECT_EQ(table.Iv(2)(0).Top, 5520);
-    EXPECT_EQ(table.Iv(1)(0).Top, 5760);
+TEST(Table, NamesNoPictureForWhatIsNoCard) {
+    EXPECT_EQ(CardPicturePath("d", 52), "d/Kreuz_K.bmp");
+    for (const CardNumber card : {-1, 0, 53})
+        EXPECT_EQ(CardPicturePath("d", card), "");
 }
 
 TEST(Table, TurnsUpACardWhereNoneIsOpen) {
-    for (const int down : {1, 4}) {
-        Player player;
-        player.deal();
-        GameState& state = player.table.state;
-        for (int r = 1; r <= down; ++r)
-            state.FaceDown(3)(r) = r;
-        state.FaceDownCount(3) = down;
-        state.FaceUpCount(3) = 0;
-        ShowFaceUpCards(state, player.table, "/nowhere");
-        EXPECT_EQ(state.FaceUp(3)(1), down);
-        EXPECT_EQ(state.FaceUpCount(3), 1);
-        EXPECT_EQ(state.FaceDownCount(3), down - 1);
-        EXPECT_TRUE(state.Covered(3));
-        const PictureElement& slot = player.table.Iv(1)(2);
-        EXPECT_TRUE(slot.Visible);
-        EXPECT_EQ(slot.Top, 1800 + 120 * (down - 1));
-        EXPECT_EQ(slot.Picture.path(), "/nowhere/Back_ganz.bmp");
-        EXPECT_FALSE(player.table.Ih(down)(2).Visible);
-        for (int r = 1; r < down; ++r)
-            EXPECT_TRUE(player.table.Ih(r)(2).Visible);
-    }
+    Player player;
+    player.set_up("3 H1 H2 H3 H4 | H5; 5 H6 | H7");
+    GameState& state = player.table.state;
+    state.FaceUpCount(3) = state.FaceUpCount(5) = 0;
+    RefreshTable(state, player.table, player.host.directory);
+    EXPECT_EQ(player.position().substr(player.position().find("; 3")), "; 3 H1 H2 H3 | H4?; 5 H6?");
+    expect_table_shows(player.table, player.host.directory);
 }
 
 TEST(Table, LoadsItsPicturesAgainAtEachRefresh) {
     Player player;
     player.deal();
-    const auto loads = [&] {
-        return std::vector{player.table.Source.Picture.load_number(),
-                           player.table.Stapel(0).Picture.load_number(),
-                           player.table.Iv(1)(4).Picture.load_number()};
-    };
-    const auto before = loads();
+    const Form_Main& table = player.table;
+    const std::array shown{&table.Source, &table.Stapel(0), &table.Iv(1)(4)};
+    std::array<std::uint64_t, 3> before{};
+    const auto load_number = [](const auto* slot) { return slot->Picture.load_number(); };
+    std::transform(shown.begin(), shown.end(), before.begin(), load_number);
     player.play("c5");
-    const auto after = loads();
-    for (std::size_t i = 0; i < before.size(); ++i)
-        EXPECT_NE(before[i], after[i]);
+    for (std::size_t i = 0; i < shown.size(); ++i)
+        EXPECT_GT(load_number(shown.at(i)), before.at(i));
 }
 
 TEST(Table, LetsTheMouseThroughThePointer) {

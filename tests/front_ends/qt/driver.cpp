@@ -61,45 +61,16 @@ Qt::MouseButton to_qt(MouseButton button) {
 }
 
 Qt::Key to_qt(Key key) {
-    switch (key) {
-        case Key::Enter:
-            return Qt::Key_Return;
-        case Key::KeypadEnter:
-            return Qt::Key_Enter;
-        case Key::Space:
-            return Qt::Key_Space;
-        case Key::Escape:
-            return Qt::Key_Escape;
-        case Key::Tab:
-            return Qt::Key_Tab;
-        case Key::Backspace:
-            return Qt::Key_Backspace;
-        case Key::ArrowLeft:
-            return Qt::Key_Left;
-        case Key::End:
-            return Qt::Key_End;
-        case Key::A:
-            return Qt::Key_A;
-        case Key::M:
-            return Qt::Key_M;
-        case Key::N:
-            break;
-    }
-    return Qt::Key_N;
+    constexpr Qt::Key keys[] = {Qt::Key_Return, Qt::Key_Enter,     Qt::Key_Space, Qt::Key_Escape,
+                                Qt::Key_Tab,    Qt::Key_Backspace, Qt::Key_Left,  Qt::Key_End,
+                                Qt::Key_A,      Qt::Key_M,         Qt::Key_N};
+    return keys[static_cast<std::size_t>(key)];
 }
 
 Qt::KeyboardModifiers to_qt(Modifier modifier) {
-    switch (modifier) {
-        case Modifier::Shift:
-            return Qt::ShiftModifier;
-        case Modifier::Control:
-            return Qt::ControlModifier;
-        case Modifier::Alt:
-            return Qt::AltModifier;
-        case Modifier::None:
-            break;
-    }
-    return Qt::NoModifier;
+    constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
+                                                  Qt::ControlModifier, Qt::AltModifier};
+    return modifiers[static_cast<std::size_t>(modifier)];
 }
 
 /// Drives Qt on its platform without a screen; input takes effect at once.
