@@ -70,6 +70,16 @@ click_in() {
     xdotool mousemove --window "$1" "$2" "$3" click 1
 }
 
+# What the clock shows, to be compared.
+clock() {
+    import -window "$table" -crop 113x25+696+488 "rgb:$1"
+}
+
+clock_moved() {
+    clock "$work/clock_later"
+    ! cmp -s "$work/clock" "$work/clock_later"
+}
+
 start_screen() {
     local number
     mkfifo "$work/display"
@@ -123,6 +133,8 @@ whole_game() {
     [ ! -e "$list" ] || fail "the start wrote the best-times file"
     deal 2-question
     shot 3-dealt
+    clock "$work/clock"
+    wait_for clock_moved
     wait_for counts 1,0
     "$tour_clicks" >"$work/clicks"
     head -n 60 "$work/clicks" | play
@@ -131,6 +143,9 @@ whole_game() {
     shot 5-playing
     sed -n '151,$p' "$work/clicks" | play
     shot 6-won
+    clock "$work/clock"
+    sleep 1.5
+    ! clock_moved || fail "the clock goes on after the win"
     xdotool type --delay 60 'Jörg Süß'
     shot 7-name
     xdotool key Return
