@@ -8,9 +8,10 @@ declare -A may_include=(
     [core]="core"
     [platform]="platform"
     [scores]="scores|core"
+    [rich_text]="rich_text|scores|platform"
     [view]="view|core|platform"
     [app]="app|view|scores|core|platform"
-    [front_ends/qt]="front_ends/qt|scores|platform"
+    [front_ends/qt]="front_ends/qt|rich_text|platform"
 )
 status=0
 for folder in "${!may_include[@]}"; do
@@ -20,7 +21,7 @@ for folder in "${!may_include[@]}"; do
         status=1
     fi
 done
-if grep -nE '^#include <(Q[A-Za-z]|windows\.h)' -r core platform scores view app; then
+if grep -nE '^#include <(Q[A-Za-z]|windows\.h)' -r core platform scores rich_text view app; then
     status=1
 fi
 exit $status

@@ -8,9 +8,10 @@
 
 #include "front_ends/qt/canvas.h"
 #include "front_ends/qt/look.h"
-#include "front_ends/qt/rtf_reader.h"
+#include "front_ends/qt/rich_text_view.h"
 #include "front_ends/qt/scale.h"
 #include "front_ends/qt/trouble.h"
+#include "rich_text/rtf_reader.h"
 
 namespace solvanta::qt {
 namespace {
@@ -136,7 +137,9 @@ void show_rtf(QTextEdit& view, const RichTextBox& box) {
     QTextDocument& document = *view.document();
     document.clear();
     document.setDefaultFont(to_font(box.Font));
-    if (!box.TextRTF.empty() && !read_rtf(box.TextRTF, document)) {
+    if (const auto text = read_rtf(box.TextRTF)) {
+        show_rich_text(*text, document);
+    } else if (!box.TextRTF.empty()) {
         report_once("RTF", "formatierter Text nicht lesbar");
     }
     view.moveCursor(QTextCursor::Start);

@@ -3,12 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include "rich_text/font_kind.h"
+
 namespace solvanta::qt {
-
-enum class FontKind { Unknown, Sans, Serif, FixedPitch, Symbols };
-
-/// The kind of a font family known by name, whatever its case; Unknown for every other name.
-FontKind font_kind(const QString& name);
 
 /// The families to ask for when a text wants `name`: the name itself, then free families of the
 /// same kind and, where there are any, of the same widths. `otherwise` is the kind to assume for a

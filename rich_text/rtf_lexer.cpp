@@ -1,4 +1,4 @@
-#include "front_ends/qt/rtf_lexer.h"
+#include "rich_text/rtf_lexer.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,7 +6,7 @@
 #include <limits>
 #include <system_error>
 
-namespace solvanta::qt {
+namespace solvanta {
 namespace {
 
 using namespace std::string_view_literals;
@@ -94,4 +94,4 @@ std::optional<int> RtfLexer::number() {
     return sign == 0 ? most : -most;
 }
 
-}  // namespace solvanta::qt
+}  // namespace solvanta

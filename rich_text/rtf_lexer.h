@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-namespace solvanta::qt {
+namespace solvanta {
 
 enum class RtfTokenKind {
     End,
@@ -43,4 +43,4 @@ class RtfLexer {
     std::string_view rest_;
 };
 
-}  // namespace solvanta::qt
+}  // namespace solvanta

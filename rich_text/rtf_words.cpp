@@ -1,0 +1,151 @@
+#include "rich_text/rtf_words.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+namespace solvanta {
+namespace {
+
+bool is_on(RtfNumber number) {
+    return number.value_or(1) != 0;
+}
+
+Twips indent(RtfNumber number) {
+    return within(number, 0, 0, 3600);
+}
+
+Twips spacing(RtfNumber number) {
+    return within(number, 0, 0, 2880);
+}
+
+/// Number 0 is the ground that is there anyway, whatever colour the table gives it.
+RtfNumber paper(RtfNumber number) {
+    return number == 0 ? std::nullopt : number;
+}
+
+void add_tab(RtfGroup& group, RtfNumber number) {
+    constexpr std::size_t most_tabs = 32;
+    std::vector<TabStop>& tabs = group.paragraph.tabs;
+    if (tabs.size() >= most_tabs) return;
+    tabs.push_back({within(number, 0, 0, 31680), std::exchange(group.next_tab, Alignment::Left)});
+}
+
+/// A control word that changes how the text after it looks.
+using LookWord = void (*)(RtfGroup&, RtfNumber);
+
+const std::unordered_map<std::string_view, LookWord> character_words{
+    {"plain", [](RtfGroup& group, RtfNumber) { group.characters = {}; }},
+    {"f", [](RtfGroup& group, RtfNumber n) { group.characters.font = n; }},
+    {"fs",
+     [](RtfGroup& group, RtfNumber n) { group.characters.half_points = within(n, 24, 2, 400); }},
+    {"cf", [](RtfGroup& group, RtfNumber n) { group.characters.ink = n; }},
+    {"cb", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
+    {"chcbpat", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
+    {"highlight", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
+    {"b", [](RtfGroup& group, RtfNumber n) { group.characters.bold = is_on(n); }},
+    {"i", [](RtfGroup& group, RtfNumber n) { group.characters.italic = is_on(n); }},
+    {"ul", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
+    {"uld", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
+    {"uldb", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
+    {"ulw", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
+    {"ulnone", [](RtfGroup& group, RtfNumber) { group.characters.underline = false; }},
+    {"strike", [](RtfGroup& group, RtfNumber n) { group.characters.strike = is_on(n); }},
+    {"v", [](RtfGroup& group, RtfNumber n) { group.characters.hidden = is_on(n); }},
+    {"super", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Super; }},
+    {"sub", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Sub; }},
+    {"nosupersub", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Normal; }},
+    {"uc", [](RtfGroup& group, RtfNumber n) { group.fallback_length = within(n, 1, 0, 255); }},
+};
+
+const std::unordered_map<std::string_view, LookWord> paragraph_words{
+    {"pard",
+     [](RtfGroup& group, RtfNumber) {
+         group.paragraph = {};
+         group.next_tab = Alignment::Left;
+     }},
+    {"ql",
+     [](RtfGroup& group, RtfNumber) { group.paragraph.alignment = ParagraphAlignment::Left; }},
+    {"qr",
+     [](RtfGroup& group, RtfNumber) { group.paragraph.alignment = ParagraphAlignment::Right; }},
+    {"qc",
+     [](RtfGroup& group, RtfNumber) { group.paragraph.alignment = ParagraphAlignment::Centered; }},
+    {"qj",
+     [](RtfGroup& group, RtfNumber) { group.paragraph.alignment = ParagraphAlignment::Justified; }},
+    {"li", [](RtfGroup& group, RtfNumber n) { group.paragraph.left = indent(n); }},
+    {"ri", [](RtfGroup& group, RtfNumber n) { group.paragraph.right = indent(n); }},
+    {"fi",
+     [](RtfGroup& group, RtfNumber n) { group.paragraph.first_line = within(n, 0, -3600, 3600); }},
+    {"sb", [](RtfGroup& group, RtfNumber n) { group.paragraph.before = spacing(n); }},
+    {"sa", [](RtfGroup& group, RtfNumber n) { group.paragraph.after = spacing(n); }},
+    {"sl", [](RtfGroup& group,
+              RtfNumber n) { group.paragraph.line_spacing = within(n, 0, -4800, 4800); }},
+    {"slmult",
+     [](RtfGroup& group, RtfNumber n) { group.paragraph.line_spacing_factor = is_on(n); }},
+    {"tqr", [](RtfGroup& group, RtfNumber) { group.next_tab = Alignment::Right; }},
+    {"tqc", [](RtfGroup& group, RtfNumber) { group.next_tab = Alignment::Centered; }},
+    {"tx", [](RtfGroup& group, RtfNumber n) { add_tab(group, n); }},
+};
+
+const std::unordered_map<std::string_view, char16_t> characters_by_word{
+    {"tab", u'\t'},           {"cell", u'\t'},        {"line", u'\u2028'},
+    {"emdash", u'\u2014'},    {"endash", u'\u2013'},  {"bullet", u'\u2022'},
+    {"lquote", u'\u2018'},    {"rquote", u'\u2019'},  {"ldblquote", u'\u201C'},
+    {"rdblquote", u'\u201D'}, {"enspace", u'\u2002'}, {"emspace", u'\u2003'},
+};
+
+/// Words that send the rest of their group somewhere else than into the text.
+const std::unordered_map<std::string_view, RtfDestination> destinations{
+    {"fonttbl", RtfDestination::FontTable},  {"colortbl", RtfDestination::ColorTable},
+    {"annotation", RtfDestination::Nowhere}, {"filetbl", RtfDestination::Nowhere},
+    {"fldinst", RtfDestination::Nowhere},    {"footer", RtfDestination::Nowhere},
+    {"footerf", RtfDestination::Nowhere},    {"footerl", RtfDestination::Nowhere},
+    {"footerr", RtfDestination::Nowhere},    {"footnote", RtfDestination::Nowhere},
+    {"header", RtfDestination::Nowhere},     {"headerf", RtfDestination::Nowhere},
+    {"headerl", RtfDestination::Nowhere},    {"headerr", RtfDestination::Nowhere},
+    {"info", RtfDestination::Nowhere},       {"listoverridetable", RtfDestination::Nowhere},
+    {"listtable", RtfDestination::Nowhere},  {"nonshppict", RtfDestination::Nowhere},
+    {"object", RtfDestination::Nowhere},     {"pict", RtfDestination::Nowhere},
+    {"revtbl", RtfDestination::Nowhere},     {"stylesheet", RtfDestination::Nowhere},
+    {"tc", RtfDestination::Nowhere},         {"xe", RtfDestination::Nowhere},
+};
+
+const std::unordered_map<std::string_view, FontKind> font_kinds{
+    {"fnil", FontKind::Unknown},       {"froman", FontKind::Serif},  {"fswiss", FontKind::Sans},
+    {"fmodern", FontKind::FixedPitch}, {"ftech", FontKind::Symbols},
+};
+
+/// The value of `key`, or nothing.
+template <typename Value>
+std::optional<Value> find(const std::unordered_map<std::string_view, Value>& map,
+                          std::string_view key) {
+    const auto found = map.find(key);
+    return found == map.end() ? std::nullopt : std::optional(found->second);
+}
+
+}  // namespace
+
+int within(RtfNumber number, int fallback, int least, int most) {
+    return std::clamp(number.value_or(fallback), least, most);
+}
+
+bool apply_look(std::string_view name, RtfNumber number, RtfGroup& group) {
+    auto apply = find(character_words, name);
+    if (!apply) apply = find(paragraph_words, name);
+    if (apply) (*apply)(group, number);
+    return apply.has_value();
+}
+
+std::optional<char16_t> character_named(std::string_view name) {
+    return find(characters_by_word, name);
+}
+
+std::optional<RtfDestination> destination_named(std::string_view name) {
+    return find(destinations, name);
+}
+
+std::optional<FontKind> font_kind_named(std::string_view name) {
+    return find(font_kinds, name);
+}
+
+}  // namespace solvanta
