@@ -37,6 +37,8 @@ void prepare_application(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(light_palette());
     QApplication::setQuitOnLastWindowClosed(false);
+    // Some desktops find a window's icon by its program's entry in the menu.
+    QApplication::setDesktopFileName("org.solvanta.solvanta");
     // A picture that can't be read is reported once, by us.
     QLoggingCategory::setFilterRules("qt.gui.imageio*=false");
     auto* german = new QTranslator(&application);

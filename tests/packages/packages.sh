@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# Checks the archives of the commit checked out: two builds give the same bytes; unpacked into a
+# folder with an unruly name the game plays, and goes into the player's menu and out again.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. setup/packages.sh
+shopt -s nullglob
+
+id=org.solvanta.solvanta
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+fail() {
+    printf 'packages: %s\n' "$*" >&2
+    exit 1
+}
+
+# package_clone FOLDER SURROUNDINGS...
+package_clone() {
+    git clone --quiet . "$work/$1"
+    env "${@:2}" "$work/$1/package" >/dev/null
+}
+
+unpack() {
+    folder="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\"
+    mkdir "$folder"
+    tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz -C "$folder"
+    game=$(echo "$folder"/*)
+}
+
+check_contents() {
+    local file
+    for file in pictures/*.{bmp,gif,ico,jpg,png} help/Help.rtf LICENSE; do
+        cmp "$file" "$game/${file##*/}"
+    done
+    [ -s "$game/LIESMICH.txt" ] || fail "no LIESMICH.txt"
+    ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH' || fail "libraries of the build's folder"
+    ! readelf -SW "$game/Solvanta" | grep -F '.symtab' || fail "the program has its symbols"
+    desktop-file-validate "$game/share/applications/$id.desktop"
+    appstreamcli validate --no-net --pedantic --strict "$game/share/metainfo/$id.metainfo.xml" \
+        >"$work/log" || fail "$(cat "$work/log")"
+}
+
+# Starts the game as a desktop does, and once more by the letter of the entry format.
+check_entry() {
+    local entry=$home/.local/share/applications/$id.desktop command
+    desktop-file-validate "$entry"
+    HOME=$work/elsewhere gio launch "$entry"
+    timeout 10 sh -c "until [ -s '$work/started' ]; do sleep 0.1; done" || fail "not started"
+    command=$(sed -n 's/^Exec=//p' "$entry" | sed 's/\\\\/\\/g; s/%%/%/g')
+    sh -c "$command"
+    [ "$(<"$work/started")" = "$game/Solvanta$game/Solvanta" ] ||
+        fail "the entry started $(<"$work/started")"
+}
+
+# The program is replaced by one that tells what it was started as.
+check_menu() {
+    local home=$work/home before
+    mkdir -p "$home/.local/share/applications"
+    touch "$home/.local/share/applications/other.desktop"
+    before=$(find "$home")
+    printf '#!/bin/sh\nprintf %%s "$0" >>%q\n' "$work/started" >"$game/Solvanta"
+    for _ in once again; do
+        env -u XDG_DATA_HOME HOME="$home" "$game/menue.sh" >/dev/null
+        [ "$(find "$home" -name "$id.*" | wc -l)" -eq 8 ] || fail "$(find "$home")"
+    done
+    check_entry
+    for _ in once again; do
+        env -u XDG_DATA_HOME HOME="$home" "$game/menue.sh" entfernen >/dev/null
+        [ "$(find "$home")" = "$before" ] || fail "left in the menu: $(find "$home")"
+    done
+}
+
+install_packages $packages_build $packages_package $packages_package_test
+configure_and_build release "-DSOLVANTA_TESTS=ON" tour_clicks
+package_clone one TZ=UTC
+(umask 077 && package_clone "another one" TZ=Asia/Tokyo LC_ALL=C)
+archives="$work/one/build/packages"
+diff -r "$archives" "$work/another one/build/packages"
+(cd "$archives" && sha256sum --check --quiet --strict SHA256SUMS)
+unpack
+check_contents
+TMPDIR=$folder tests/tour/tour.sh "$game" build/release/tests/tour/tour_clicks build/tour-unpacked \
+    >/dev/null
+check_menu
+echo "The archives are as they should be:" "$archives"/*.*
