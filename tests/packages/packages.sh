@@ -4,9 +4,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . setup/packages.sh
-shopt -s nullglob
+unset XDG_DATA_HOME
 
 id=org.solvanta.solvanta
+# The Qt packages named in LIESMICH.txt bring these.
+libraries='libQt6(Core|Gui|Widgets)\.so\.6|libxcb\.so\.1|libstdc\+\+\.so\.6|lib(c|m|gcc_s)\.so\.[16]'
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -34,11 +36,14 @@ check_contents() {
         cmp "$file" "$game/${file##*/}"
     done
     [ -s "$game/LIESMICH.txt" ] || fail "no LIESMICH.txt"
-    ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH' || fail "libraries of the build's folder"
+    ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\]" ||
+        fail "the program needs what LIESMICH.txt does not name"
     ! readelf -SW "$game/Solvanta" | grep -F '.symtab' || fail "the program has its symbols"
     desktop-file-validate "$game/share/applications/$id.desktop"
     appstreamcli validate --no-net --pedantic --strict "$game/share/metainfo/$id.metainfo.xml" \
         >"$work/log" || fail "$(cat "$work/log")"
+    grep -qF "<release version=\"${game##*-}\"" "$game/share/metainfo/$id.metainfo.xml" ||
+        fail "$id.metainfo.xml tells nothing of this version"
 }
 
 # Starts the game as a desktop does, and once more by the letter of the entry format.
@@ -61,12 +66,12 @@ check_menu() {
     before=$(find "$home")
     printf '#!/bin/sh\nprintf %%s "$0" >>%q\n' "$work/started" >"$game/Solvanta"
     for _ in once again; do
-        env -u XDG_DATA_HOME HOME="$home" "$game/menue.sh" >/dev/null
+        HOME=$home "$game/menue.sh" >/dev/null
         [ "$(find "$home" -name "$id.*" | wc -l)" -eq 8 ] || fail "$(find "$home")"
     done
     check_entry
     for _ in once again; do
-        env -u XDG_DATA_HOME HOME="$home" "$game/menue.sh" entfernen >/dev/null
+        HOME=$home "$game/menue.sh" entfernen >/dev/null
         [ "$(find "$home")" = "$before" ] || fail "left in the menu: $(find "$home")"
     done
 }

@@ -94,7 +94,7 @@ start_screen() {
     setxkbmap de
 }
 
-# start_game COMMAND...: the game, started through a command that may change its surroundings.
+# start_game [COMMAND...]: the game, started through a command that may change its surroundings.
 start_game() {
     LC_ALL=de_DE.UTF-8 QT_QPA_PLATFORM=xcb "$@" "$work/Solvanta" 2>>"$work/log" &
     game=$!
@@ -157,7 +157,7 @@ whole_game() {
 }
 
 restarted_game() {
-    start_game env
+    start_game
     click_in "$table" 168 504
     wait_for window_named 'Highscores - Top 30'
     shot 8-best-times
