@@ -24,9 +24,9 @@ package_clone() {
 }
 
 unpack() {
-    folder="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\"
+    folder="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\n"
     mkdir "$folder"
-    tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz -C "$folder"
+    (cd "$folder" && tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz)
     game=$(echo "$folder"/*)
 }
 
