@@ -5,8 +5,8 @@ packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev"
-packages_package="git"
-packages_package_windows="g++-mingw-w64-x86-64-posix zip"
+packages_package="git zip"
+packages_windows="g++-mingw-w64-x86-64-posix"
 packages_package_test="$packages_tour appstream desktop-file-utils libglib2.0-bin"
 
 say() {
