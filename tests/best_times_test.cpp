@@ -90,6 +90,7 @@ TEST(BestTimes, NamesBecomeOneByteACharacter) {
     const std::pair<const char*, const char*> names[] = {
         {"", ""},
         {"  Jörg Süß ", "  J\xF6rg S\xFC\xDF "},
+        {"\u00A0\u00FF", "\xA0\xFF"},
         {"5 € – „ja“", "5 \x80 \x96 \x84ja\x93"},
         {"der \"Fuchs\"",
          "der \x94"

@@ -22,7 +22,7 @@ TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
         const char* suffix;
         std::string bytes;
     } cases[] = {
-        {"24 bits", "bmp", bitmap(24, 0, 0) + std::string(24, 'x')},
+        {"32 bits", "bmp", bitmap(32, 0, 0) + std::string(24, 'x')},
         {"1 bit, lines padded", "bmp", bitmap(1, 0, 0) + std::string(8, 'x')},
         {"run lengths", "bmp", bitmap(8, 1, 9) + std::string(9, 'x')},
         {"old header", "bmp",
@@ -32,7 +32,8 @@ TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
         {"local colours", "gif",
          "GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\x81"s + std::string(12, 'x') + "\2\2\x44\1\0"s},
         {"end mark in a thumbnail and in pixels", "jpg",
-         "\xFF\xD8\xFF\xE1\0\x06\xFF\xD9zz\xFF\xFF\xDA\0\x03xab\xFF\0\xD9\xFF\xD0y\xFF\xD9"s},
+         "\xFF\xD8\xFF\xE1\1\2\xFF\xD9"s + std::string(254, 'z') +
+             "\xFF\xFF\xDA\0\x03xab\xFF\0\xD9\xFF\xD0y\xFF\xD9"s},
     };
     for (const auto& c : cases) {
         EXPECT_TRUE(is_whole_picture(c.bytes, c.suffix)) << c.name;

@@ -141,11 +141,15 @@ TEST(Win, TooSlowIsCongratulatedAndCounted) {
 
 TEST(Win, CanComeFromTheWasteAndOnlyByDoubleClick) {
     Player player;
-    player.set_up("F 13 13 13 13 13 13 13 12; S XK");
-    player.play("stock waste waste");
-    EXPECT_FALSE(player.table.state.GameWon);
-    player.play("waste!");
-    EXPECT_TRUE(player.table.state.GameWon);
+    for (const std::string last : {"stock waste waste!", "stock waste c1 c1! c1!", "c10!"}) {
+        player.set_up("F 13 13 13 13 13 13 13 11; 4 XD; " +
+                      std::string(last == "c10!" ? "10 XK; S" : "S XK"));
+        player.play("c4!");
+        EXPECT_FALSE(player.table.state.GameWon);
+        player.play(last);
+        EXPECT_TRUE(player.table.state.GameWon) << last;
+        player.enter_name("");
+    }
 }
 
 TEST(Win, PendingNameIsEnteredBeforeWhatOvertakesIt) {
