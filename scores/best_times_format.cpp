@@ -30,9 +30,7 @@ class FieldReader {
         return value;
     }
 
-    std::int32_t number() {
-        return parse_number(text());
-    }
+    std::int32_t number() { return parse_number(text()); }
 
   private:
     void skip_blanks() {

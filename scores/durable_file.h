@@ -7,7 +7,7 @@
 namespace solvanta {
 
 /// The system calls that reading and durable replacement need, one step each. Paths are UTF-8.
-/// Of a file being written there is one at a time: `create` begins it, `close` ends it.
+/// Of a file being written there is one at a time: `create` or `open` begins it, `close` ends it.
 class FileCalls {
   public:
     FileCalls() = default;
@@ -20,9 +20,15 @@ class FileCalls {
     virtual std::error_code read(const std::string& path, std::size_t limit,
                                  std::string& bytes) = 0;
 
-    /// Creates the file to be written, or empties it.
+    /// Creates the file to be written, new and empty; a file, a link or a pipe of this name goes
+    /// first, so that nothing outside the directory is ever written.
     virtual std::error_code create(const std::string& path) = 0;
+    /// Begins to write over an existing regular file from its start. What it holds beyond the
+    /// bytes written stays until `cut`.
+    virtual std::error_code open(const std::string& path) = 0;
     virtual std::error_code write(std::string_view bytes) = 0;
+    /// Ends the file behind what was written.
+    virtual std::error_code cut() = 0;
     /// Returns once the device holds what was written.
     virtual std::error_code flush() = 0;
     /// Ends the writing, whatever came before.
@@ -46,6 +52,11 @@ FileCalls& system_file_calls();
 /// old content or the new one whole. The new content goes to `path` + ".tmp" first, which is never
 /// read as data. On an error the old file is untouched and the temporary one removed, except
 /// that after a failed directory sync the new file is already in place.
+///
+/// Where the directory lets no new file be made or put in the place of the old one, and the old one
+/// may be read and written, it is written in place as the last resort: the new content over the
+/// old, flushed, then the rest of the old cut off. A crash within the write itself can then leave a
+/// mixture of both. On an error the old content is put back as far as the system allows.
 std::error_code replace_file(FileCalls& calls, const std::string& path, std::string_view bytes);
 
 }  // namespace solvanta

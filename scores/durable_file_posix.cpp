@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -51,14 +52,12 @@ class OpenFile {
     int file_;
 };
 
-std::error_code check_size(int file, std::size_t limit) {
+std::error_code check_regular(int file, off_t limit = std::numeric_limits<off_t>::max()) {
     struct stat status {};
     if (::fstat(file, &status) != 0) return last_error();
     if (S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::is_a_directory);
     if (!S_ISREG(status.st_mode)) return std::make_error_code(std::errc::invalid_argument);
-    if (static_cast<std::size_t>(status.st_size) > limit) {
-        return std::make_error_code(std::errc::file_too_large);
-    }
+    if (status.st_size > limit) return std::make_error_code(std::errc::file_too_large);
     return {};
 }
 
@@ -69,7 +68,8 @@ class PosixCalls final : public FileCalls {
         // Without O_NONBLOCK a pipe of this name would hold up the program for ever.
         const OpenFile file(path, O_RDONLY | O_NONBLOCK);
         if (file.get() < 0) return last_error();
-        if (const std::error_code error = check_size(file.get(), limit)) return error;
+        const std::error_code error = check_regular(file.get(), static_cast<off_t>(limit));
+        if (error) return error;
         std::string buffer(limit, '\0');
         std::size_t length = 0;
         while (length < limit) {
@@ -85,11 +85,20 @@ class PosixCalls final : public FileCalls {
 
     std::error_code create(const std::string& path) override {
         constexpr mode_t read_write_all = 0666;  // what the player's umask leaves of it
+        if (::unlink(path.c_str()) != 0 && errno != ENOENT) return last_error();
         file_ = retry_interrupted([&] {
-            return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
-                          read_write_all);
+            return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, read_write_all);
         });
         return file_ < 0 ? last_error() : std::error_code{};
+    }
+
+    std::error_code open(const std::string& path) override {
+        file_ = retry_interrupted(
+            [&] { return ::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC); });
+        if (file_ < 0) return last_error();
+        const std::error_code error = check_regular(file_);
+        if (error) close();
+        return error;
     }
 
     std::error_code write(std::string_view bytes) override {
@@ -100,6 +109,12 @@ class PosixCalls final : public FileCalls {
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
         return {};
+    }
+
+    std::error_code cut() override {
+        const off_t length = ::lseek(file_, 0, SEEK_CUR);
+        if (length < 0) return last_error();
+        return check(retry_interrupted([&] { return ::ftruncate(file_, length); }));
     }
 
     std::error_code flush() override { return check(flush_to_device(file_)); }

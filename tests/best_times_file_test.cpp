@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -140,6 +141,39 @@ TEST(BestTimesFile, AFailedWriteLeavesTheOldFile) {
     }
 }
 
+TEST(BestTimesFile, IsWrittenInPlaceWhereItMayNotBeReplaced) {
+    const std::error_code denied = std::make_error_code(std::errc::permission_denied);
+    const std::error_code broken = std::make_error_code(std::errc::io_error);
+    for (const std::string refused : {"create", "rename"}) {
+        MemoryFiles files(installed_file() + "something behind the list");
+        BestTimesFile file(MemoryFiles::list_path, files);
+        GameState state;
+        EXPECT_FALSE(file.read(state));
+        clear_places(state);
+        files.before = [&](const std::string& name) {
+            return name == refused ? denied : std::error_code{};
+        };
+        EXPECT_FALSE(file.write(state)) << refused;
+        EXPECT_EQ(files.files, MemoryFiles(format_best_times(state)).files) << refused;
+    }
+    for (const std::string failing : {"open", "write", "flush", "cut", "close"}) {
+        MemoryFiles files(installed_file());
+        bool failed = false;
+        files.before = [&](const std::string& name) {
+            if (name == "create") return denied;
+            if (name != failing || std::exchange(failed, true)) return std::error_code{};
+            return broken;
+        };
+        EXPECT_EQ(BestTimesFile(MemoryFiles::list_path, files).write(GameState()), broken);
+        EXPECT_EQ(files.files, MemoryFiles(installed_file()).files) << failing;
+    }
+    MemoryFiles without_list;
+    without_list.before = [&](const std::string& name) {
+        return name == "create" ? denied : std::error_code{};
+    };
+    EXPECT_EQ(BestTimesFile(MemoryFiles::list_path, without_list).write(GameState()), denied);
+}
+
 TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
     MemoryFiles files(std::string((1 << 20) + 1, '0'));
     const auto before = files.files;
@@ -255,6 +289,19 @@ TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
     EXPECT_TRUE(fs::is_symlink(list_path()));
     EXPECT_EQ(content(target), format_best_times(state));
     EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(RealFiles, AreWrittenOverFromTheStart) {
+    FileCalls& calls = system_file_calls();
+    EXPECT_EQ(calls.open(list_path()), std::errc::no_such_file_or_directory);
+    for (const std::string text : {"a longer text", "short"}) {
+        std::ofstream(list_path(), std::ios::binary) << "the old text";
+        EXPECT_FALSE(calls.open(list_path()));
+        EXPECT_FALSE(calls.write(text));
+        EXPECT_FALSE(calls.cut());
+        EXPECT_FALSE(calls.close());
+        EXPECT_EQ(content(list_path()), text);
+    }
 }
 
 TEST_F(RealFiles, HandBackNothingWhenReadingFails) {

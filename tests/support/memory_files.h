@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
@@ -33,14 +34,31 @@ class MemoryFiles : public FileCalls {
         if (const auto error = begin("create")) return error;
         written_ = &files[path];
         written_->clear();
+        position_ = 0;
+        return {};
+    }
+
+    std::error_code open(const std::string& path) override {
+        if (const auto error = begin("open")) return error;
+        written_ = &files.at(path);
+        position_ = 0;
         return {};
     }
 
     std::error_code write(std::string_view bytes) override {
         const auto error = begin("write");
         // A full disk takes a part.
-        *written_ += bytes.substr(0, error ? bytes.size() / 2 : bytes.size());
+        const std::string_view taken = bytes.substr(0, error ? bytes.size() / 2 : bytes.size());
+        const std::size_t over = std::min(taken.size(), written_->size() - position_);
+        written_->replace(position_, over, taken);
+        position_ += taken.size();
         return error;
+    }
+
+    std::error_code cut() override {
+        if (const auto error = begin("cut")) return error;
+        written_->resize(position_);
+        return {};
     }
 
     std::error_code flush() override { return begin("flush"); }
@@ -76,6 +94,7 @@ class MemoryFiles : public FileCalls {
     }
 
     std::string* written_ = nullptr;
+    std::size_t position_ = 0;
 };
 
 }  // namespace solvanta::test
