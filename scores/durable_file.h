@@ -34,7 +34,8 @@ class FileCalls {
     /// Ends the writing, whatever came before.
     virtual std::error_code close() = 0;
 
-    /// The file that `path` leads to through symbolic links; `path` itself where there are none.
+    /// The file that `path` leads to through symbolic links, whether or not it is there; `path`
+    /// itself where there are none.
     virtual std::string resolve(const std::string& path) = 0;
 
     /// Puts `from` in the place of `to` in one step: `to` is the old file or the new one, never

@@ -127,9 +127,15 @@ class PosixCalls final : public FileCalls {
     }
 
     std::string resolve(const std::string& path) override {
+        constexpr int most_links = 40;
+        std::filesystem::path target = path;
         std::error_code error;
-        const std::filesystem::path target = std::filesystem::canonical(path, error);
-        return error ? path : target.string();
+        for (int links = 0; links < most_links; ++links) {
+            const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+            if (error) break;  // no link
+            target = target.parent_path() / next;
+        }
+        return target.string();
     }
 
     std::error_code rename(const std::string& from, const std::string& to) override {

@@ -4,7 +4,7 @@
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
-packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev"
+packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
 packages_package="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_package_test="$packages_tour appstream desktop-file-utils libglib2.0-bin"
@@ -19,10 +19,11 @@ name_packages() {
     say "  Debian, Ubuntu: apt-get install" $packages_build $packages_test
     say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
         "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap xdotool" \
-        "ImageMagick libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel"
+        "ImageMagick libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel" \
+        "python3 strace"
     say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
         "gtest xorg-server-xvfb xorg-setxkbmap xdotool imagemagick libfaketime openbox" \
-        "librsvg giflib libjpeg-turbo"
+        "librsvg giflib libjpeg-turbo python strace"
     say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
 }
 

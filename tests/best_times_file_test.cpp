@@ -6,7 +6,6 @@
 #include <utility>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "scores/best_times.h"
@@ -211,56 +210,6 @@ class RealFiles : public testing::Test {
 
     std::filesystem::path folder_;
 };
-
-/// The system's calls, of which one ends the process before it is done, as a crash would.
-class CrashingFiles : public MemoryFiles {
-  public:
-    explicit CrashingFiles(int last_call) : calls_left_(last_call) {}
-
-    std::error_code create(const std::string& path) override { return step().create(path); }
-    std::error_code write(std::string_view bytes) override {
-        // The first half reaches the disk before the crash can come.
-        system_file_calls().write(bytes.substr(0, bytes.size() / 2));
-        return step().write(bytes.substr(bytes.size() / 2));
-    }
-    std::error_code flush() override { return step().flush(); }
-    std::error_code close() override { return step().close(); }
-    std::error_code rename(const std::string& from, const std::string& to) override {
-        return step().rename(from, to);
-    }
-    std::error_code sync_directory_of(const std::string& path) override {
-        return step().sync_directory_of(path);
-    }
-
-  private:
-    FileCalls& step() {
-        if (calls_left_-- == 0) ::_exit(9);
-        return system_file_calls();
-    }
-
-    int calls_left_;
-};
-
-TEST_F(RealFiles, HoldTheOldOrTheNewListAfterACrash) {
-    GameState older = parsed(installed_file());
-    GameState newer = older;
-    newer.GamesPlayed = 58;
-    constexpr int calls_of_a_write = 6;
-    for (int last_call = 0; last_call <= calls_of_a_write; ++last_call) {
-        ASSERT_FALSE(replace_file(system_file_calls(), list_path(), format_best_times(older)));
-        const pid_t child = ::fork();
-        if (child == 0) {
-            CrashingFiles files(last_call);
-            ::_exit(replace_file(files, list_path(), format_best_times(newer)) ? 1 : 0);
-        }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        EXPECT_EQ(WEXITSTATUS(status), last_call < calls_of_a_write ? 9 : 0);
-        const bool renamed = last_call >= calls_of_a_write - 1;
-        EXPECT_EQ(content(list_path()), format_best_times(renamed ? newer : older)) << last_call;
-    }
-    EXPECT_FALSE(std::filesystem::exists(list_path() + ".tmp"));
-}
 
 TEST_F(RealFiles, AreReadAndWrittenWhole) {
     BestTimesFile file(list_path(), system_file_calls());
