@@ -1,16 +1,13 @@
 #include "scores/best_times_file.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <utility>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "scores/best_times.h"
 #include "scores/best_times_format.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/real_files.h"
 
 namespace solvanta::test {
 namespace {
@@ -192,83 +189,40 @@ TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
     EXPECT_EQ(files.files, before);
 }
 
-/// A folder of its own on the real file system.
-class RealFiles : public testing::Test {
-  protected:
-    RealFiles() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "solvanta-XXXXXX").string();
-        folder_ = ::mkdtemp(pattern.data());
-    }
-    ~RealFiles() override { std::filesystem::remove_all(folder_); }
-
-    std::string list_path() const { return (folder_ / "highscore.scr").string(); }
-
-    static std::string content(const std::filesystem::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    std::filesystem::path folder_;
-};
-
 TEST_F(RealFiles, AreReadAndWrittenWhole) {
     BestTimesFile file(list_path(), system_file_calls());
     GameState state;
     EXPECT_FALSE(file.read(state));  // there is none yet
     state = parsed(installed_file());
     EXPECT_FALSE(file.write(state));
-    EXPECT_EQ(content(list_path()), installed_file());
+    EXPECT_EQ(content(list_), installed_file());
     GameState again;
     EXPECT_FALSE(file.read(again));
     EXPECT_EQ(format_best_times(again), installed_file());
-}
-
-TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
-    namespace fs = std::filesystem;
-    const fs::path target = folder_ / "synced" / "list";
-    fs::create_directory(folder_ / "synced");
-    std::ofstream(target, std::ios::binary) << installed_file();
-    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
-    fs::create_symlink(target, list_path());
-    BestTimesFile file(list_path(), system_file_calls());
-    GameState state;
-    EXPECT_FALSE(file.read(state));
-    ++state.GamesPlayed;
-    EXPECT_FALSE(file.write(state));
-    EXPECT_TRUE(fs::is_symlink(list_path()));
-    EXPECT_EQ(content(target), format_best_times(state));
-    EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(RealFiles, AreWrittenOverFromTheStart) {
     FileCalls& calls = system_file_calls();
     EXPECT_EQ(calls.open(list_path()), std::errc::no_such_file_or_directory);
     for (const std::string text : {"a longer text", "short"}) {
-        std::ofstream(list_path(), std::ios::binary) << "the old text";
+        std::ofstream(list_, std::ios::binary) << "the old text";
         EXPECT_FALSE(calls.open(list_path()));
         EXPECT_FALSE(calls.write(text));
         EXPECT_FALSE(calls.cut());
         EXPECT_FALSE(calls.close());
-        EXPECT_EQ(content(list_path()), text);
+        EXPECT_EQ(content(list_), text);
     }
 }
 
-TEST_F(RealFiles, HandBackNothingWhenReadingFails) {
-    std::string bytes = "before";
-    const std::string fails_when_read = "/proc/self/mem";
-    EXPECT_TRUE(system_file_calls().read(fails_when_read, 100, bytes));
-    EXPECT_EQ(bytes, "");
-}
-
 TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
-    std::filesystem::create_directory(list_path());
+    std::filesystem::create_directory(list_);
     BestTimesFile file(list_path(), system_file_calls());
     GameState state;
     EXPECT_TRUE(file.read(state));
     EXPECT_FALSE(file.write(state));
-    EXPECT_TRUE(std::filesystem::is_directory(list_path()));
+    EXPECT_TRUE(std::filesystem::is_directory(list_));
 
-    BestTimesFile nowhere((folder_ / "gone" / "highscore.scr").string(), system_file_calls());
+    BestTimesFile nowhere(utf8(folder_ / "gone" / "highscore.scr"), system_file_calls());
     EXPECT_FALSE(nowhere.read(state));
     EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
 }
