@@ -1,6 +1,6 @@
 #include "app/form2.h"
 
-#include <iostream>
+#include "platform/trouble.h"
 
 namespace solvanta {
 namespace {
@@ -13,10 +13,9 @@ void Form2::load_help(FileCalls& files, const std::string& path) {
     std::string& text = RichTextBox1.TextRTF;
     text.clear();
     if (const std::error_code error = files.read(path, size_limit, text)) {
-        std::cerr << "Solvanta: " << path << " kann nicht gelesen werden: " << error.message()
-                  << '\n';
+        report_trouble(path + " kann nicht gelesen werden: " + error.message());
     } else if (!text.starts_with("{\\rtf")) {
-        std::cerr << "Solvanta: " << path << " ist kein formatierter Text.\n";
+        report_trouble(path + " ist kein formatierter Text.");
         text.clear();
     }
 }

@@ -1,11 +1,11 @@
 #include "app/form_main.h"
 
 #include <cassert>
-#include <iostream>
 #include <utility>
 
 #include "core/foundations.h"
 #include "core/stock.h"
+#include "platform/trouble.h"
 #include "scores/best_times.h"
 #include "scores/clock_text.h"
 #include "scores/list_text.h"
@@ -227,16 +227,15 @@ void Form_Main::clear_Highscore() {
 
 void Form_Main::write_Highscore() {
     if (const std::error_code error = best_times_file_.write(state)) {
-        std::cerr << "Solvanta: " << best_times_file_name
-                  << " kann nicht sicher geschrieben werden: " << error.message() << '\n';
+        report_trouble(std::string(best_times_file_name) +
+                       " kann nicht sicher geschrieben werden: " + error.message());
     }
 }
 
 void Form_Main::read_Highscore() {
     if (const std::error_code error = best_times_file_.read(state)) {
-        std::cerr << "Solvanta: " << best_times_file_name
-                  << " kann nicht gelesen werden und bleibt unverändert: " << error.message()
-                  << '\n';
+        report_trouble(std::string(best_times_file_name) +
+                       " kann nicht gelesen werden und bleibt unverändert: " + error.message());
     }
 }
 

@@ -1,8 +1,6 @@
 #include "scores/best_times.h"
 
-#include <iomanip>
 #include <limits>
-#include <sstream>
 #include <utility>
 
 #include "scores/windows_1252.h"
@@ -40,10 +38,12 @@ void count_up(std::int32_t& counter) {
 
 std::string entry_stamp(int day, std::string_view month, int year, int hour,
                         std::string_view time_separator, int minute) {
-    std::ostringstream stamp;
-    stamp << day << ". " << month << ' ' << year << ' ' << hour << time_separator
-          << std::setfill('0') << std::setw(2) << minute;
-    return to_list_text(stamp.str());
+    std::string stamp = std::to_string(day) + ". ";
+    stamp += month;
+    stamp += ' ' + std::to_string(year) + ' ' + std::to_string(hour);
+    stamp += time_separator;
+    stamp += (minute < 10 ? "0" : "") + std::to_string(minute);
+    return to_list_text(stamp);
 }
 
 }  // namespace solvanta

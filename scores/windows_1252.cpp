@@ -1,6 +1,5 @@
 #include "scores/windows_1252.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -22,10 +21,10 @@ char to_byte(char32_t character) {
     if (character < first_special || (character >= 0xA0 && character <= 0xFF)) {
         return static_cast<char>(static_cast<unsigned char>(character));
     }
-    const auto* found = std::find(specials.begin(), specials.end(), character);
-    if (found == specials.end()) return '?';
-    return static_cast<char>(
-        static_cast<unsigned char>(first_special + (found - specials.begin())));
+    for (std::size_t i = 0; i < specials.size(); ++i) {
+        if (specials.at(i) == character) return static_cast<char>(first_special + i);
+    }
+    return '?';
 }
 
 unsigned char byte_at(std::string_view text, std::size_t position) {

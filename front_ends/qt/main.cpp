@@ -1,5 +1,3 @@
-#include <iostream>
-
 #include <QApplication>
 
 #include "app/form_main.h"
@@ -7,6 +5,7 @@
 #include "front_ends/qt/host.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/stop_signals.h"
+#include "platform/trouble.h"
 
 namespace {
 
@@ -17,8 +16,8 @@ constexpr int no_display = 69;  // the exit status by which scripts tell it from
 int main(int argc, char** argv) {
     using namespace solvanta;
     if (!qt::display_available()) {
-        std::cerr << "Solvanta: kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht "
-                     "erreichbar).\n";
+        report_trouble(
+            "kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht erreichbar).");
         return no_display;
     }
     QApplication application(argc, argv);

@@ -1,8 +1,8 @@
 #include "front_ends/qt/trouble.h"
 
-#include <iostream>
-
 #include <QSet>
+
+#include "platform/trouble.h"
 
 namespace solvanta::qt {
 
@@ -10,7 +10,7 @@ void report_once(const QString& name, const QString& trouble) {
     static QSet<QString> reported;
     if (reported.contains(name)) return;
     reported.insert(name);
-    std::cerr << "Solvanta: " << name.toStdString() << ": " << trouble.toStdString() << std::endl;
+    report_trouble((name + ": " + trouble).toStdString());
 }
 
 }  // namespace solvanta::qt
