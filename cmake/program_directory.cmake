@@ -1,0 +1,29 @@
+# The program directory of a build: the program looks for its pictures and its help beside itself.
+set(program_directory "${PROJECT_BINARY_DIR}/Solvanta")
+set(pictures "${PROJECT_SOURCE_DIR}/pictures")
+file(GLOB shipped_files CONFIGURE_DEPENDS
+    "${pictures}/*.bmp" "${pictures}/*.jpg" "${pictures}/*.gif" "${pictures}/*.ico"
+    "${PROJECT_SOURCE_DIR}/help/Help.rtf")
+if(NOT WIN32)
+    # The icon in the sizes that desktops ask for; a program for Windows has it inside.
+    file(GLOB icons CONFIGURE_DEPENDS "${pictures}/*.png")
+    list(APPEND shipped_files ${icons})
+endif()
+set(copied_files "")
+foreach(file IN LISTS shipped_files)
+    get_filename_component(name "${file}" NAME)
+    add_custom_command(OUTPUT "${program_directory}/${name}"
+        COMMAND "${CMAKE_COMMAND}" -E copy "${file}" "${program_directory}/${name}"
+        DEPENDS "${file}"
+        COMMENT ""
+        VERBATIM)
+    list(APPEND copied_files "${program_directory}/${name}")
+endforeach()
+add_custom_target(program_directory ALL DEPENDS ${copied_files})
+
+# Makes the executable `target` the program in there, whatever the generator.
+function(solvanta_program target)
+    set_target_properties(${target} PROPERTIES
+        OUTPUT_NAME Solvanta
+        RUNTIME_OUTPUT_DIRECTORY "$<1:${program_directory}>")
+endfunction()

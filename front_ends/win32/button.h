@@ -1,0 +1,31 @@
+#pragma once
+
+#include "front_ends/win32/window_parts.h"
+
+namespace solvanta::win32 {
+
+/// A push button that Enter presses as well as Space. A mouse click leaves the keyboard focus where
+/// it is, so that a name half typed can be finished.
+class Button final : public Window {
+  public:
+    Button(CommandButton& element, WindowParts& parts, HWND parent);
+
+    void sync() override;
+
+  protected:
+    std::optional<LRESULT> answer(const Message& message) override;
+
+  private:
+    std::optional<LRESULT> answer_keys(const Message& message);
+    std::optional<LRESULT> answer_mouse(const Message& message);
+    LRESULT paint_caption(const NMHDR& notice);
+    void press_or_drag(const Message& message);
+    void release(const Message& message);
+    void click();
+
+    CommandButton& element_;
+    WindowParts& parts_;
+    bool held_ = false;  // by the mouse
+};
+
+}  // namespace solvanta::win32

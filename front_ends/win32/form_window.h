@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "front_ends/win32/canvas_window.h"
+#include "front_ends/win32/steady_timer.h"
+
+namespace solvanta::win32 {
+
+/// The window of one form.
+class FormWindow final : public CanvasWindow {
+  public:
+    /// `close_box` is called once the player closes the window; the form must outlive the window
+    /// or the call of `let_go`.
+    FormWindow(Form& form, Pictures& pictures, Deliver deliver,
+               std::function<void(FormWindow&)> close_box);
+
+    Form& form() const { return form_; }
+
+    void sync() override;
+
+    /// Shows the window in front of the others, restored if it is minimised.
+    void bring_forward();
+
+    void hide();
+
+    /// Gives `box` the keyboard focus; answers whether it is one of this window's.
+    bool focus(const TextBox& box);
+
+    /// Hides the window for good; nothing of it touches the form any more.
+    void let_go();
+
+  protected:
+    std::optional<LRESULT> answer(const Message& message) override;
+    void paint(HDC dc) override;
+
+  private:
+    std::optional<LRESULT> answer_focus(const Message& message);
+    std::optional<LRESULT> answer_desktop(const Message& message);
+    void load_icons();
+    void start_timers();
+    void tick(UINT_PTR id);
+    void find_focus(HWND from);
+    void set_background();
+    RECT outer_rect(int dpi) const;
+    void size_and_place();
+    void change_dpi(const Message& message);
+
+    Form& form_;
+    WindowParts parts_;
+    std::function<void(FormWindow&)> close_box_;
+    std::vector<SteadyTimer> timers_;
+    HWND last_focus_ = nullptr;  // to get the focus back when the window becomes active again
+};
+
+}  // namespace solvanta::win32

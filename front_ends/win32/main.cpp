@@ -1,0 +1,22 @@
+#include <exception>
+
+#include <windows.h>
+
+#include "app/form_main.h"
+#include "front_ends/win32/host.h"
+#include "platform/trouble.h"
+
+int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*arguments*/,
+                    int /*show*/) {
+    using namespace solvanta;
+    try {
+        win32::Win32Host host;
+        Form_Main table(host);
+        table.Form_Load();
+        host.show(table);
+        return host.run();
+    } catch (const std::exception& error) {
+        report_trouble(error.what());
+        return EXIT_FAILURE;
+    }
+}

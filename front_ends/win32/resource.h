@@ -1,0 +1,5 @@
+#pragma once
+
+// The numbers of what Solvanta.rc holds.
+
+#define IDI_SOLVANTA 1

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "front_ends/win32/window_parts.h"
+
+namespace solvanta::win32 {
+
+/// A read-only rich-text view.
+class RichEdit final : public Window {
+  public:
+    RichEdit(const RichTextBox& box, WindowParts& parts, HWND parent);
+
+    void sync() override;
+
+  protected:
+    std::optional<LRESULT> answer(const Message& message) override;
+
+  private:
+    void show_text();
+    void use_font_of_box();
+
+    const RichTextBox& box_;
+    WindowParts& parts_;
+    std::string shown_;
+};
+
+}  // namespace solvanta::win32

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "front_ends/win32/fonts.h"
+#include "front_ends/win32/pictures.h"
+#include "front_ends/win32/window.h"
+#include "platform/elements.h"
+
+namespace solvanta::win32 {
+
+/// Runs one event of an element and then brings all windows in line with their forms.
+using Deliver = std::function<void(Event)>;
+
+/// What a form's window and its controls share.
+struct WindowParts {
+    Deliver deliver;
+    Pictures& pictures;
+    Fonts fonts;
+    int dpi = USER_DEFAULT_SCREEN_DPI;  ///< of the screen that the window is on
+    COLORREF background = 0;            ///< of the form's client area
+    std::vector<std::unique_ptr<Window>> controls;
+    std::map<const TextBox*, HWND> text_boxes;
+};
+
+/// Puts a control where its element lies, as far as that is within its parent, and shows or hides
+/// it.
+void sync_place(HWND control, const Element& element, int dpi);
+
+/// Gives a control its text and its font, if they are others than it has.
+void sync_text(HWND control, const std::string& text, HFONT font);
+
+/// The text of a control.
+std::string text_of(HWND control);
+
+}  // namespace solvanta::win32
