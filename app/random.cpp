@@ -14,8 +14,10 @@ RandomSource random_from_seed(std::uint64_t seed) {
 }
 
 RandomSource random_from_clock() {
+    using std::chrono::nanoseconds;
     const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return random_from_seed(static_cast<std::uint64_t>(now.count()));
+    const auto count = std::chrono::duration_cast<nanoseconds>(now).count();
+    return random_from_seed(static_cast<std::uint64_t>(count));
 }
 
 }  // namespace solvanta

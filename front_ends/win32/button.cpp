@@ -104,7 +104,7 @@ LRESULT Button::paint_caption(const NMHDR& notice) {
               GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
     const bool cues_hidden = (SendMessageW(handle(), WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) != 0;
     if ((draw.uItemState & CDIS_FOCUS) != 0 && !cues_hidden) {
-        InflateRect(&area, -3, -3);
+        InflateRect(&area, -2, -2);
         DrawFocusRect(draw.hdc, &area);
     }
     return CDRF_SKIPDEFAULT;

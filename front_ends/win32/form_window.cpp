@@ -37,6 +37,8 @@ FormWindow::FormWindow(Form& form, Pictures& pictures, Deliver deliver,
     set_background();
     size_and_place();
     build_controls(form, handle(), parts_);
+    // Whether the focus is marked follows the player's habits, as in every dialog.
+    SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     sync();
     start_timers();
 }
@@ -47,7 +49,8 @@ void FormWindow::load_icons() {
                                                 static_cast<UINT>(parts_.dpi));
         HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_SOLVANTA),
                                  IMAGE_ICON, side, side, LR_SHARED);
-        SendMessageW(handle(), WM_SETICON, static_cast<WPARAM>(kind), reinterpret_cast<LPARAM>(icon));
+        SendMessageW(handle(), WM_SETICON, static_cast<WPARAM>(kind),
+                     reinterpret_cast<LPARAM>(icon));
     }
 }
 

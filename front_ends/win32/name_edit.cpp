@@ -1,8 +1,11 @@
 #include "front_ends/win32/name_edit.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <commctrl.h>
+
+#include "front_ends/win32/scale.h"
 
 namespace solvanta::win32 {
 namespace {
@@ -18,6 +21,17 @@ bool is_control_character(wchar_t character) {
 bool acts(wchar_t character) {
     return std::find(std::begin(acting_characters), std::end(acting_characters), character) !=
            std::end(acting_characters);
+}
+
+LONG line_height(HWND edit) {
+    HDC dc = GetDC(edit);
+    TEXTMETRICW metrics{};
+    {
+        const Selection font(dc, reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)));
+        GetTextMetricsW(dc, &metrics);
+    }
+    ReleaseDC(edit, dc);
+    return metrics.tmHeight;
 }
 
 /// The text on the clipboard; empty where there is none.
@@ -67,9 +81,46 @@ std::optional<LRESULT> NameEdit::answer(const Message& message) {
                 if (box_.KeyDown) box_.KeyDown(key);
             });
             return std::nullopt;
+        case WM_NCCALCSIZE:
+        case WM_NCPAINT:
+        case WM_NCHITTEST:
+            return answer_border(message);
         default:
             return answer_text(message);
     }
+}
+
+/// The class writes at the upper edge of its client area. That is made as high as the text and put
+/// in the middle; what is left above and below belongs to the border, but looks and acts like the
+/// rest.
+LRESULT NameEdit::answer_border(const Message& message) {
+    if (message.id == WM_NCHITTEST) return HTCLIENT;
+    const LRESULT result = answer_of_class(message);
+    if (message.id == WM_NCCALCSIZE) {
+        RECT& area = *reinterpret_cast<RECT*>(message.l);  // the first of either structure
+        const LONG gap = size_of(area).cy - line_height(handle());
+        if (gap > 0) {
+            area.top += gap / 2;
+            area.bottom -= gap - gap / 2;
+        }
+    } else {
+        paint_gaps();
+    }
+    return result;
+}
+
+void NameEdit::paint_gaps() const {
+    RECT gaps{};
+    RECT text{};
+    GetWindowRect(handle(), &gaps);
+    OffsetRect(&gaps, -gaps.left, -gaps.top);
+    InflateRect(&gaps, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
+    GetClientRect(handle(), &text);
+    OffsetRect(&text, gaps.left, (size_of(gaps).cy - text.bottom) / 2 + gaps.top);
+    HDC dc = GetWindowDC(handle());
+    ExcludeClipRect(dc, text.left, text.top, text.right, text.bottom);
+    fill(dc, gaps, GetSysColor(IsWindowEnabled(handle()) ? COLOR_WINDOW : COLOR_BTNFACE));
+    ReleaseDC(handle(), dc);
 }
 
 std::optional<LRESULT> NameEdit::answer_text(const Message& message) {

@@ -15,6 +15,8 @@ class NameEdit final : public Window {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
+    LRESULT answer_border(const Message& message);
+    void paint_gaps() const;
     std::optional<LRESULT> answer_text(const Message& message);
     void paste();
 

@@ -5,6 +5,7 @@
 
 #include <richedit.h>
 
+#include "front_ends/win32/scale.h"
 #include "front_ends/win32/trouble.h"
 #include "platform/windows_text.h"
 
@@ -12,6 +13,7 @@ namespace solvanta::win32 {
 namespace {
 
 constexpr LPARAM text_limit = LPARAM{64} << 20;
+constexpr int text_margin = 4;
 
 /// The system's own library and no other of its name; loaded with the first rich-text view.
 void load_control() {
@@ -58,7 +60,17 @@ void RichEdit::sync() {
 std::optional<LRESULT> RichEdit::answer(const Message& message) {
     // Tab leads on; the arrows scroll.
     if (message.id == WM_GETDLGCODE) return DLGC_WANTARROWS;
-    return std::nullopt;
+    if (message.id != WM_SIZE) return std::nullopt;
+    const LRESULT result = answer_of_class(message);
+    leave_margin();
+    return result;
+}
+
+void RichEdit::leave_margin() {
+    RECT area{};
+    GetClientRect(handle(), &area);
+    InflateRect(&area, -scaled(text_margin, parts_.dpi), -scaled(text_margin, parts_.dpi));
+    SendMessageW(handle(), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&area));
 }
 
 void RichEdit::show_text() {

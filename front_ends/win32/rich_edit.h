@@ -15,6 +15,7 @@ class RichEdit final : public Window {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
+    void leave_margin();
     void show_text();
     void use_font_of_box();
 
