@@ -90,6 +90,7 @@ void FormWindow::sync() {
 
 void FormWindow::bring_forward() {
     ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
+    BringWindowToTop(handle());
     SetForegroundWindow(handle());
 }
 

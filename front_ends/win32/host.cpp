@@ -101,8 +101,9 @@ int Win32Host::run() {
 }
 
 void Win32Host::handle(MSG& message) {
-    HWND window = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-    if (!window || !IsDialogMessageW(window, &message)) {
+    // The keys that lead from control to control are those of every dialog.
+    const bool is_key = message.message == WM_KEYDOWN;
+    if (!is_key || !IsDialogMessageW(GetAncestor(message.hwnd, GA_ROOT), &message)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

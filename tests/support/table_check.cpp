@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/position.h"
+#include "view/pictures.h"
 
 namespace solvanta::test {
 namespace {
@@ -19,7 +20,7 @@ std::string face_file(CardNumber card) {
 
 std::string file_of(const PictureElement& element, const std::string& directory) {
     const std::string& path = element.Picture.path();
-    EXPECT_EQ(path.substr(0, directory.size() + 1), directory + "/");
+    EXPECT_EQ(path.substr(0, directory.size() + 1), program_file(directory, ""));
     return path.substr(directory.size() + 1);
 }
 
@@ -53,7 +54,7 @@ void expect_column(const Form_Main& table, const std::string& directory, int c) 
 
 void expect_pointer(const Form_Main& table) {
     const auto& selected = table.state.Selected;
-    const auto* slot = std::find(selected.begin(), selected.end(), true);
+    const auto slot = std::find(selected.begin(), selected.end(), true);
     ASSERT_EQ(table.zeiger.Visible, slot != selected.end());
     if (!table.zeiger.Visible) return;
     const int c = static_cast<int>(slot - selected.begin());
