@@ -84,10 +84,10 @@ TEST_F(Trace, OfTheGoldenGameIsThatOfTheRules) {
     when_box_opens([&] { driver().key(Key::Enter); });
     click(table, table.Command1);
     play_by_hand(table, moves);
-    EXPECT_TRUE(table.state.NameEntryOpen);
+    testing::internal::GetCapturedStderr();
+    ASSERT_TRUE(table.state.NameEntryOpen) << log;
     driver().type("Jörg Süß");
     press_key(Key::Enter);
-    testing::internal::GetCapturedStderr();
     EXPECT_EQ(log, expected);
     EXPECT_EQ(record_of(table), record_of(player.table));
 }
