@@ -20,10 +20,12 @@ foreach(file IN LISTS shipped_files)
     list(APPEND copied_files "${program_directory}/${name}")
 endforeach()
 add_custom_target(program_directory ALL DEPENDS ${copied_files})
+install(FILES ${shipped_files} DESTINATION . COMPONENT program)
 
 # Makes the executable `target` the program in there, whatever the generator.
 function(solvanta_program target)
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME Solvanta
         RUNTIME_OUTPUT_DIRECTORY "$<1:${program_directory}>")
+    install(TARGETS ${target} RUNTIME DESTINATION . COMPONENT program)
 endfunction()

@@ -125,6 +125,17 @@ class WindowsCalls final : public FileCalls {
         });
     }
 
+    std::error_code open(const std::string& path) override {
+        const std::error_code error = retry_while({ERROR_SHARING_VIOLATION}, [&] {
+            file_ = CreateFileW(system_path(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+            return file_ != INVALID_HANDLE_VALUE;
+        });
+        if (error || GetFileType(file_) == FILE_TYPE_DISK) return error;
+        close();
+        return std::make_error_code(std::errc::invalid_argument);
+    }
+
     std::error_code write(std::string_view bytes) override {
         constexpr std::size_t largest_piece = std::size_t{1} << 20;
         while (!bytes.empty()) {
@@ -135,6 +146,8 @@ class WindowsCalls final : public FileCalls {
         }
         return {};
     }
+
+    std::error_code cut() override { return check(SetEndOfFile(file_)); }
 
     std::error_code flush() override { return check(FlushFileBuffers(file_)); }
 
@@ -149,7 +162,7 @@ class WindowsCalls final : public FileCalls {
                              (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
         if (!is_link) return path;
         const FileHandle file(CreateFileW(link.c_str(), 0, shared, nullptr, OPEN_EXISTING,
-                                        FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+                                          FILE_FLAG_BACKUP_SEMANTICS, nullptr));
         if (!file.is_open()) return path;
         std::wstring target(GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0), L'\0');
         const DWORD length = GetFinalPathNameByHandleW(file.get(), target.data(),
@@ -166,8 +179,8 @@ class WindowsCalls final : public FileCalls {
         const bool read_only = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
         set_player_attributes(source, attributes);
         if (read_only) set_player_attributes(target, 0);
-        const std::error_code error = retry_while(
-            {ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION}, [&] {
+        const std::error_code error =
+            retry_while({ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION}, [&] {
                 return MoveFileExW(source.c_str(), target.c_str(),
                                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
             });

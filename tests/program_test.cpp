@@ -3,6 +3,7 @@
 #include "scores/best_times_format.h"
 #include "tests/support/player.h"
 #include "tests/support/position.h"
+#include "view/pictures.h"
 
 namespace solvanta::test {
 namespace {
@@ -270,7 +271,7 @@ TEST(BestTimesWindow, ClearsListAndCountersWhenConfirmed) {
 
 TEST(Help, IsReadAgainAtEachClick) {
     Player player;
-    const std::string path = "/nowhere/Help.rtf";
+    const std::string path = program_file("/nowhere", "Help.rtf");
     Form2* help = nullptr;
     for (const std::string content : {"{\\rtf1 eins}", "kein RTF", "{\\rtf1 zwei}", ""}) {
         player.files.files[path] = content;

@@ -18,7 +18,7 @@ TEST(Table, ShowsNothingButButtonsAtStart) {
     for (const auto& row : table.Ih) {
         for (const PictureElement& slot : row) {
             EXPECT_FALSE(slot.Visible);
-            EXPECT_EQ(slot.Picture.path(), "/nowhere/Back_verdeckt.bmp");
+            EXPECT_EQ(slot.Picture.path(), program_file("/nowhere", "Back_verdeckt.bmp"));
         }
     }
     for (const auto& row : table.Iv) {
@@ -33,9 +33,9 @@ TEST(Table, ShowsNothingButButtonsAtStart) {
     EXPECT_FALSE(table.zeiger.Visible || table.Diddle.Visible || table.Scull.Visible);
     EXPECT_FALSE(table.FrBestzeiteintrag.Visible || table.FrBestzeiteintrag.Enabled);
     EXPECT_EQ(table.Status.Caption + table.Zeitanzeige.Caption, "");
-    EXPECT_EQ(table.zeiger.Picture.path(), "/nowhere/zeiger.bmp");
-    EXPECT_EQ(table.Diddle.Picture.path(), "/nowhere/diddle.jpg");
-    EXPECT_EQ(table.Scull.Picture.path(), "/nowhere/skull.gif");
+    EXPECT_EQ(table.zeiger.Picture.path(), program_file("/nowhere", "zeiger.bmp"));
+    EXPECT_EQ(table.Diddle.Picture.path(), program_file("/nowhere", "diddle.jpg"));
+    EXPECT_EQ(table.Scull.Picture.path(), program_file("/nowhere", "skull.gif"));
 }
 
 TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
@@ -51,7 +51,7 @@ TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
 }
 
 TEST(Table, NamesNoPictureForWhatIsNoCard) {
-    EXPECT_EQ(CardPicturePath("d", 52), "d/Kreuz_K.bmp");
+    EXPECT_EQ(CardPicturePath("d", 52), program_file("d", "Kreuz_K.bmp"));
     for (const CardNumber card : {-1, 0, 53})
         EXPECT_EQ(CardPicturePath("d", card), "");
 }

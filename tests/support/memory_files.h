@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "scores/durable_file.h"
+#include "view/pictures.h"
 
 namespace solvanta::test {
 
@@ -19,7 +20,7 @@ class MemoryFiles : public FileCalls {
     explicit MemoryFiles(std::string list) : files{{list_path, std::move(list)}} {}
     MemoryFiles(const MemoryFiles& other) : FileCalls(), files(other.files), before(other.before) {}
 
-    static constexpr const char* list_path = "/nowhere/highscore.scr";
+    static inline const std::string list_path = program_file("/nowhere", "highscore.scr");
 
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {
         if (const auto error = begin("read")) return error;

@@ -8,8 +8,6 @@
 #include <map>
 #include <stdexcept>
 
-#include <commctrl.h>
-#include <richedit.h>
 #include <windows.h>
 
 #include "front_ends/win32/host.h"
@@ -86,8 +84,8 @@ POINT to_device(Point at) {
 bool is_control(HWND window) {
     const std::wstring name = class_of(window);
     const bool frame = (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-    return name == WC_EDITW || (name == WC_BUTTONW && !frame) ||
-           _wcsicmp(name.c_str(), MSFTEDIT_CLASS) == 0;
+    return name == L"Edit" || (name == L"Button" && !frame) ||
+           _wcsicmp(name.c_str(), L"RICHEDIT50W") == 0;
 }
 
 /// The system's control that shows `element`, found by its place.
