@@ -39,8 +39,11 @@ FormWindow::FormWindow(Form& form, Pictures& pictures, Deliver deliver,
     build_controls(form, handle(), parts_);
     // Whether the focus is marked follows the player's habits, as in every dialog.
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
-    sync();
     start_timers();
+}
+
+FormWindow::~FormWindow() {
+    let_go();
 }
 
 void FormWindow::load_icons() {

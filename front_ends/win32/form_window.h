@@ -15,6 +15,7 @@ class FormWindow final : public CanvasWindow {
     /// or the call of `let_go`.
     FormWindow(Form& form, Pictures& pictures, Deliver deliver,
                std::function<void(FormWindow&)> close_box);
+    ~FormWindow() override;
 
     Form& form() const { return form_; }
 

@@ -8,6 +8,7 @@
 #include <wincodec.h>
 #include <wrl/client.h>
 
+#include "front_ends/win32/system_library.h"
 #include "front_ends/win32/trouble.h"
 #include "platform/picture_bytes.h"
 #include "scores/durable_file.h"
@@ -62,11 +63,14 @@ bool has_sound_size(IWICBitmapSource& picture, SIZE& size) {
     return width > 0 && height > 0 && std::max(width, height) <= largest_side;
 }
 
-Bitmap pixels_of(IWICBitmapFrameDecode& frame) {
+Bitmap pixels_of(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame) {
     SIZE size{};
-    if (!has_sound_size(frame, size)) return {};
-    ComPtr<IWICBitmapSource> pixels;
-    if (FAILED(WICConvertBitmapSource(GUID_WICPixelFormat32bppPBGRA, &frame, &pixels))) return {};
+    ComPtr<IWICFormatConverter> pixels;
+    if (!has_sound_size(frame, size) || FAILED(factory.CreateFormatConverter(&pixels)) ||
+        FAILED(pixels->Initialize(&frame, GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone,
+                                  nullptr, 0, WICBitmapPaletteTypeCustom))) {
+        return {};
+    }
     Bitmap bitmap(size);
     if (bitmap.empty()) return {};
     const auto stride = static_cast<UINT>(size.cx) * 4;
@@ -79,7 +83,7 @@ Bitmap pixels_of(IWICBitmapFrameDecode& frame) {
 
 ImageReader::~ImageReader() {
     if (factory_) factory_->Release();
-    if (joined_com_) CoUninitialize();
+    if (joined_) system_function<decltype(CoUninitialize)>(com_, "CoUninitialize")();
 }
 
 Bitmap ImageReader::read(const std::string& path, bool optional) {
@@ -99,14 +103,17 @@ Bitmap ImageReader::decode(std::string& bytes, const std::string& suffix) {
     const GUID* format = format_of(suffix);
     if (!format || !is_whole_picture(bytes, suffix) || !decoders()) return {};
     const ComPtr<IWICBitmapFrameDecode> frame = first_frame(*decoders(), bytes, *format);
-    return frame ? pixels_of(*frame.Get()) : Bitmap();
+    return frame ? pixels_of(*decoders(), *frame.Get()) : Bitmap();
 }
 
 IWICImagingFactory* ImageReader::decoders() {
-    if (!factory_) {
-        joined_com_ = joined_com_ || SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-        CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                         IID_PPV_ARGS(&factory_));
+    if (com_) return factory_;
+    com_ = system_library(L"ole32.dll");
+    auto* join_com = system_function<decltype(CoInitializeEx)>(com_, "CoInitializeEx");
+    auto* create = system_function<decltype(CoCreateInstance)>(com_, "CoCreateInstance");
+    joined_ = join_com && SUCCEEDED(join_com(nullptr, COINIT_APARTMENTTHREADED));
+    if (joined_ && create) {
+        create(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&factory_));
     }
     return factory_;
 }

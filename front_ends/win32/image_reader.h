@@ -26,7 +26,8 @@ class ImageReader {
     IWICImagingFactory* decoders();
 
     IWICImagingFactory* factory_ = nullptr;
-    bool joined_com_ = false;
+    HMODULE com_ = nullptr;
+    bool joined_ = false;
 };
 
 }  // namespace solvanta::win32

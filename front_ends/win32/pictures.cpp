@@ -56,8 +56,8 @@ void Image::paint(HDC dc, POINT corner, SIZE size, int lines) {
         BitBlt(dc, corner.x, corner.y, size.cx, height, memory.get(), 0, 0, SRCCOPY);
     } else {
         const BLENDFUNCTION by_alpha{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-        AlphaBlend(dc, corner.x, corner.y, size.cx, height, memory.get(), 0, 0, size.cx, height,
-                   by_alpha);
+        GdiAlphaBlend(dc, corner.x, corner.y, size.cx, height, memory.get(), 0, 0, size.cx, height,
+                      by_alpha);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <richedit.h>
 
 #include "front_ends/win32/scale.h"
+#include "front_ends/win32/system_library.h"
 #include "front_ends/win32/trouble.h"
 #include "platform/windows_text.h"
 
@@ -15,10 +16,8 @@ namespace {
 constexpr LPARAM text_limit = LPARAM{64} << 20;
 constexpr int text_margin = 4;
 
-/// The system's own library and no other of its name; loaded with the first rich-text view.
 void load_control() {
-    static const HMODULE library =
-        LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    static const HMODULE library = system_library(L"msftedit.dll");
     if (!library) report_once("msftedit.dll", "formatierter Text kann nicht gezeigt werden");
 }
 

@@ -17,7 +17,8 @@ constexpr UINT_PTR our_key = 1;
 
 Window::~Window() {
     ignore_messages();
-    if (handle_) DestroyWindow(handle_);
+    const bool child = (GetWindowLongPtrW(handle_, GWL_STYLE) & WS_CHILD) != 0;
+    if (handle_ && !child) DestroyWindow(handle_);
 }
 
 void Window::create(const wchar_t* window_class, DWORD style, DWORD extended_style, HWND parent) {

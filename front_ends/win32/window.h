@@ -18,7 +18,8 @@ struct Message {
 inline constexpr UINT handed_on = WM_APP;
 
 /// One window of the system's. Its messages are handled here before its class handles them, and
-/// nothing thrown by a handler gets through to the system.
+/// nothing thrown by a handler gets through to the system. A control goes with its parent, every
+/// other window with this object.
 class Window {
   public:
     Window() = default;
