@@ -52,14 +52,10 @@ class FileHandle {
 };
 
 std::error_code check_size(HANDLE file, std::size_t limit, std::size_t& size) {
-    if (GetFileType(file) != FILE_TYPE_DISK) {
-        return std::make_error_code(std::errc::invalid_argument);
-    }
+    if (GetFileType(file) != FILE_TYPE_DISK) return windows_error(ERROR_INVALID_PARAMETER);
     LARGE_INTEGER length{};
     if (!GetFileSizeEx(file, &length)) return last_error();
-    if (length.QuadPart > static_cast<LONGLONG>(limit)) {
-        return std::make_error_code(std::errc::file_too_large);
-    }
+    if (length.QuadPart > static_cast<LONGLONG>(limit)) return windows_error(ERROR_FILE_TOO_LARGE);
     size = static_cast<std::size_t>(length.QuadPart);
     return {};
 }
