@@ -1,5 +1,5 @@
 #pragma once
 
-// The numbers of what Solvanta.rc holds.
+// The numbers of what Solvanta.rc.in describes.
 
 #define IDI_SOLVANTA 1
