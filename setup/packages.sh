@@ -7,6 +7,7 @@ packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool x
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
 packages_package="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
+packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
 packages_package_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
 
 say() {

@@ -5,7 +5,8 @@
 #   tour.sh PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY
 #
 # The screenshots go to OUTPUT_DIRECTORY; their names are printed. The program's clock is set to
-# the moment of the golden game, so that the cards are those the clicks are meant for.
+# the moment of the golden game, so that the cards are those the clicks are meant for. A program for
+# Windows is played in the Wine that the surroundings name.
 set -euo pipefail
 export LC_ALL=C.UTF-8  # or the name could not be typed
 
@@ -20,6 +21,8 @@ work=$(mktemp -d)
 cp -r "$program_directory/." "$work"
 rm -f "$work/highscore.scr"
 list=$work/highscore.scr
+program=$work/Solvanta run=()
+[ ! -e "$program.exe" ] || program=$program.exe run=(wine)
 
 finish() {
     local status=$?
@@ -96,7 +99,7 @@ start_screen() {
 
 # start_game [COMMAND...]: the game, started through a command that may change its surroundings.
 start_game() {
-    LC_ALL=de_DE.UTF-8 QT_QPA_PLATFORM=xcb "$@" "$work/Solvanta" 2>>"$work/log" &
+    LC_ALL=de_DE.UTF-8 QT_QPA_PLATFORM=xcb "$@" "${run[@]}" "$program" 2>>"$work/log" &
     game=$!
     wait_for window_named 'Solvanta V1.6'
     table=$(window_named 'Solvanta V1.6')
@@ -136,7 +139,7 @@ whole_game() {
     clock "$work/clock"
     wait_for clock_moved
     wait_for counts 1,0
-    "$tour_clicks" >"$work/clicks"
+    "${run[@]}" "$tour_clicks" | tr -d '\r' >"$work/clicks"
     head -n 60 "$work/clicks" | play
     shot 4-playing
     sed -n 61,150p "$work/clicks" | play
