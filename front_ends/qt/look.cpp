@@ -4,6 +4,7 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QTranslator>
 
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int standard_pixels = 12;
 constexpr int button_pixels = 11;
+constexpr int pixmap_cache_kilobytes = 256;
 
 QFont standard_font(int pixels) {
     QFont font = QApplication::font();
@@ -39,6 +41,8 @@ void prepare_application(QApplication& application) {
     QApplication::setQuitOnLastWindowClosed(false);
     // Some desktops find a window's icon by its program's entry in the menu.
     QApplication::setDesktopFileName("org.solvanta.solvanta");
+    // The style keeps the look of every button it has painted, and each message box has new ones.
+    QPixmapCache::setCacheLimit(pixmap_cache_kilobytes);
     // A picture that can't be read is reported once, by us.
     QLoggingCategory::setFilterRules("qt.gui.imageio*=false");
     auto* german = new QTranslator(&application);

@@ -23,7 +23,9 @@ bool wants_fine_file(double ratio) {
 
 /// The picture that `bytes` hold in `format`; null when they don't.
 QImage decode(QByteArray& bytes, const QByteArray& format) {
-    if (!is_whole_picture(bytes.toStdString(), format.toStdString())) return {};
+    if (!is_whole_picture({bytes.constData(), static_cast<std::size_t>(bytes.size())},
+                          {format.constData(), static_cast<std::size_t>(format.size())}))
+        return {};
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
