@@ -15,6 +15,7 @@ constexpr int no_display = 69;  // the exit status by which scripts tell it from
 
 int main(int argc, char** argv) {
     using namespace solvanta;
+    qt::hold_standard_streams();
     if (!qt::display_available()) {
         report_trouble(
             "kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht erreichbar).");

@@ -35,6 +35,13 @@ void catch_signal(int signal) {
 
 }  // namespace
 
+void hold_standard_streams() {
+    int file = open("/dev/null", O_RDWR);
+    while (file >= 0 && file <= STDERR_FILENO)
+        file = open("/dev/null", O_RDWR);
+    if (file > STDERR_FILENO) close(file);
+}
+
 void on_stop_signals(QObject& owner, std::function<void()> stop) {
     if (pipe(pipe_ends.data()) != 0) return;
     for (const int end : pipe_ends) {
@@ -50,6 +57,8 @@ void on_stop_signals(QObject& owner, std::function<void()> stop) {
         catch_signal(signal);
     // A reader of standard error that went away must not end the game.
     std::signal(SIGPIPE, SIG_IGN);
+    // Nor must a limit on the size of files: the write that meets it fails and is told of.
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace solvanta::qt
@@ -57,6 +66,8 @@ void on_stop_signals(QObject& owner, std::function<void()> stop) {
 #else
 
 namespace solvanta::qt {
+
+void hold_standard_streams() {}
 
 void on_stop_signals(QObject& /*owner*/, std::function<void()> /*stop*/) {}
 

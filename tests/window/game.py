@@ -47,6 +47,8 @@ class Screen:
         self.window_manager = window_manager
 
     def __enter__(self):
+        self.runtime = tempfile.TemporaryDirectory()
+        os.environ["XDG_RUNTIME_DIR"] = self.runtime.name
         ours, theirs = os.pipe()
         self.log = tempfile.TemporaryFile()
         command = ["Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x960x24", "-nolisten", "tcp",
@@ -65,6 +67,7 @@ class Screen:
         for process in reversed(self.processes):
             process.terminate()
             process.wait()
+        self.runtime.cleanup()
 
 
 class Game:
@@ -124,7 +127,7 @@ class Game:
 def copy_of_program(program_directory, to):
     """A program directory of its own, without a list."""
     shutil.copytree(program_directory, to)
-    best_times = os.path.join(to, "highscore.scr")
+    best_times = os.path.join(to, b"highscore.scr" if isinstance(to, bytes) else "highscore.scr")
     if os.path.exists(best_times):
         os.remove(best_times)
     return to

@@ -1,0 +1,173 @@
+"""Plays the real program in hostile surroundings: things that are no files in place of its files,
+directories of every kind of name, standard streams and locales that are not there. It starts,
+deals, shows its help and its list, ends in order, and writes nothing but the list.
+
+    surroundings.py PROGRAM_DIRECTORY
+"""
+import os
+import stat
+import sys
+import tempfile
+
+from game import BEST_TIMES, HELP, Game, Screen, copy_of_program, fail, wait_for, window_named
+
+LIST = b"highscore.scr"
+PICTURES = [b"Leer.bmp", b"Back_ganz.bmp", b"Back_verdeckt.bmp", b"zeiger.bmp", b"diddle.jpg", b"skull.gif",
+            b"Solvanta.ico", b"Solvanta.png"]
+PLACES = {"pictures": PICTURES, "help": [b"Help.rtf"], "list": [LIST], "temporary": [LIST + b".tmp"]}
+
+
+def file_of(content):
+    def make(path):
+        with open(path, "wb") as file:
+            file.write(content)
+    return make
+
+
+def sparse(path):
+    with open(path, "wb") as file:
+        file.truncate(1 << 40)
+
+
+def link_to(target):
+    return lambda path: os.symlink(target, path)
+
+
+def bitmap(width, height, bits):
+    sides = width.to_bytes(4, "little") + height.to_bytes(4, "little")
+    return b"BM" + bytes(8) + b"\x36" + bytes(3) + b"\x28" + bytes(3) + sides + b"\1\0" + bytes([bits]) + bytes(25)
+
+
+def read_real(name):
+    with open(os.path.join(sys.argv[1], name), "rb") as file:
+        return file.read()
+
+
+# What stands in place of files: the things that may never be replaced when they are the list, and
+# those that keep the list from being written when they are the temporary file.
+THINGS = {
+    "no bytes": file_of(b""),
+    "noise": file_of(bytes(range(256)) * 40),
+    "wrong format": file_of(read_real("skull.gif") + read_real("Help.rtf")),
+    "65,535 pixels square": file_of(bitmap(65535, 65535, 24) + bytes(1000)),
+    "2,147,483,647 pixels wide": file_of(bitmap((1 << 31) - 1, 1, 1)),
+    "no pixels": file_of(bitmap(0, 0, 0)),
+    "a terabyte": sparse,
+    "directory": os.mkdir,
+    "pipe": os.mkfifo,
+    "device": link_to(b"/dev/zero"),
+    "full device": link_to(b"/dev/full"),
+    "loop of links": lambda path: os.symlink(os.path.basename(path), path),
+    "link to nothing": lambda path: os.symlink(path + b".elsewhere", path),
+}
+NEVER_REPLACED = {"a terabyte", "directory", "pipe", "device", "full device", "loop of links"}
+
+
+def replaced(place, thing):
+    """Whether the list is written."""
+    return not (place == "list" and thing in NEVER_REPLACED or place == "temporary" and thing == "directory")
+
+
+def look(directory):
+    """Everything in a directory but the list and what leads to it."""
+    seen = {}
+    for name in os.listdir(directory):
+        path = os.path.join(directory, name)
+        about = os.lstat(path)
+        if not name.startswith(LIST):
+            seen[name] = (stat.S_IFMT(about.st_mode), about.st_size, about.st_mtime_ns)
+    return seen
+
+
+def play(what, command, program, written=True, quiet=False, **surroundings):
+    """One game from start to end; `written`: whether it must leave a list with one game dealt."""
+    before, list_before = look(program), listed(program)
+    with Game([command], **surroundings) as game:
+        if "preexec_fn" in surroundings and os.readlink(f"/proc/{game.process.pid}/fd/2") != "/dev/null":
+            fail(what, "has something else for standard error")
+        game.deal()
+        for place, caption in ((HELP, "Hilfe"), (BEST_TIMES, "Highscores - Top 30")):
+            game.click(place)
+            wait_for(lambda name=caption: window_named(name), caption)
+        game.process.terminate()  # as a desktop that ends
+        wait_for(lambda: not game.runs(), "the end of the program")
+        if game.process.returncode != 0:
+            fail(what, "ends with", game.process.returncode, game.said())
+        if quiet and game.said():
+            fail(what, "says", game.said())
+    if look(program) != before:
+        fail(what, "changes files:", set(look(program).items()) ^ set(before.items()))
+    if (listed(program) != list_before) != written:
+        fail(what, "the list is", listed(program))
+    if os.path.lexists(os.path.join(program, LIST + b".tmp")) and written:
+        fail(what, "leaves a temporary file")
+    print(f"{what:45} {'written' if written else 'left alone'}", flush=True)
+
+
+def listed(program):
+    """The list, if there is a file of bounded size."""
+    path = os.path.join(program, LIST)
+    if not os.path.isfile(path) or os.path.getsize(path) > 1 << 20:
+        return None
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def copy(*parts):
+    return copy_of_program(os.fsencode(sys.argv[1]), os.path.join(*parts))
+
+
+def things_in_place_of_files(work):
+    for place, names in PLACES.items():
+        for thing, make in THINGS.items():
+            program = copy(work, f"{place} {thing}".encode())
+            for name in names:
+                path = os.path.join(program, name)
+                if os.path.exists(path):
+                    os.remove(path)
+                make(path)
+            play(f"{place}: {thing}", os.path.join(program, b"Solvanta"), program, replaced(place, thing))
+
+
+def directories(work):
+    for name in ("Spiele für Übermütige 🂡", "  two  blanks ", "a:b", "100%s\\n", "$HOME", "-rf", "'\"*?",
+                 os.path.join(*["d" * 100] * 2), "x" * 250):
+        program = copy(work, name.encode())
+        play("directory " + name[:30], os.path.join(program, b"Solvanta"), program, quiet=True)
+        if name == "a:b":
+            twice = program + b"/..//a:b//./"
+            play("directory named in a roundabout way", twice + b"Solvanta", program, quiet=True)
+    # Qt's names of files are Unicode: there it plays with placeholders, and keeps no list.
+    program = copy(work, b"no UTF-8 \xff\xfe")
+    play("directory named in no UTF-8", os.path.join(program, b"Solvanta"), program, written=False)
+
+
+def close_streams():
+    for stream in (0, 1, 2):
+        os.close(stream)
+
+
+def other_surroundings(work):
+    program = copy(work, b"plain")
+    command = os.path.join(program, b"Solvanta")
+    link = os.path.join(work, b"link")
+    os.symlink(command, link)
+    play("another working directory", command, program, cwd="/", quiet=True)
+    play("through a link", link, program, quiet=True)
+    play("no such locale", command, program, env={"LC_ALL": "xx_YY.nonsense"}, quiet=True)
+    play("no home, no place for temporary files", command, program, quiet=True,
+         env={"HOME": "/nowhere", "TMPDIR": "/nowhere", "XDG_CONFIG_HOME": "/nowhere"})
+    # From here on there is trouble to tell.
+    os.remove(os.path.join(program, b"Leer.bmp"))
+    play("standard streams closed", command, program, stderr=None, preexec_fn=close_streams)
+    with open("/dev/full", "wb", buffering=0) as full:
+        play("standard error full", command, program, stderr=full)
+    reader, writer = os.pipe()
+    os.close(reader)
+    play("nobody reads standard error", command, program, stderr=writer)
+    os.close(writer)
+
+
+with tempfile.TemporaryDirectory() as work, Screen():
+    for cases in (things_in_place_of_files, directories, other_surroundings):
+        cases(os.fsencode(work))
