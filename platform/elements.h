@@ -71,6 +71,8 @@ struct Element {
 struct PictureElement : Element {
     solvanta::Picture Picture;
     bool CutToHeight = false;  ///< only the top `Height` twips of the picture are shown
+    std::string SpokenName;    ///< what a screen reader says for it; empty: nothing
+    bool KeyStop = false;      ///< a place to which the arrow keys lead
     Event Click;
     Event DblClick;
 };

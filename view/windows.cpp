@@ -212,17 +212,23 @@ void TableWindow::place_rows() {
     }
 }
 
+void TableWindow::add_key_stop(PictureElement& element) {
+    element.KeyStop = true;
+    canvas.emplace_back(&element);
+}
+
 void TableWindow::list_elements() {
     for (PictureElement& element : Stapel)
-        canvas.emplace_back(&element);
-    canvas.insert(canvas.end(), {&Source_Hide, &Source});
+        add_key_stop(element);
+    add_key_stop(Source_Hide);
+    add_key_stop(Source);
     for (TableauRow& row : Ih) {
         for (PictureElement& element : row)
             canvas.emplace_back(&element);
     }
     for (TableauRow& row : Iv) {
         for (PictureElement& element : row)
-            canvas.emplace_back(&element);
+            add_key_stop(element);
     }
     canvas.insert(canvas.end(), {&zeiger, &Status, &Zeitanzeige});
 

@@ -47,6 +47,7 @@ struct TableWindow : Form {
   private:
     void place_elements();
     void place_rows();
+    void add_key_stop(PictureElement& element);
     void list_elements();
 };
 

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "front_ends/web/canvas.h"
+#include "front_ends/web/page_layout.h"
+#include "front_ends/web/window_parts.h"
+
+namespace solvanta::web {
+
+/// The window of one form, within the page.
+class FormWindow {
+  public:
+    /// A `fixed` window stands still; any other can be moved by its title bar. `close_box` is
+    /// called once the player closes the window. The form must outlive it or the call of `let_go`.
+    FormWindow(Form& form, const Node& page, WindowParts parts, bool fixed,
+               std::function<void(FormWindow&)> close_box);
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+    ~FormWindow();
+
+    Form& form() const { return form_; }
+
+    /// The client area's size in pixels of the form.
+    Size client_size() const;
+
+    /// The height above the buttons and labels of the form itself: what is left to the cards.
+    double cards_height() const;
+
+    /// Sets the scale, in pixels of the page to one of the form.
+    void scale(double scale);
+
+    /// Brings everything shown in line with the form.
+    void sync();
+
+    /// Shows the window in front of the others and gives it the keyboard.
+    void bring_forward();
+    /// Puts it behind the one that comes to the front.
+    void step_back() const;
+    void hide();
+    bool is_visible() const { return visible_; }
+
+    /// Gives `box` the keyboard focus; answers whether it is one of this window's.
+    bool focus(const TextBox& box);
+
+    /// To be told of each press in the page.
+    void pressed(int node);
+
+    /// Hides the window for good; nothing of it touches the form any more.
+    void let_go();
+
+  private:
+    void build_title_bar();
+    void build_client();
+    void open_where_it_belongs();
+    void start(Timer& timer);
+    void drag(const PageEvent& event);
+    void move_to(double left, double top);
+
+    Form& form_;
+    WindowParts parts_;
+    std::function<void(FormWindow&)> close_box_;
+    bool fixed_;
+    Node frame_;
+    Node title_bar_;
+    Node caption_;
+    Node close_;
+    Node client_;
+    std::unique_ptr<Canvas> canvas_;
+    std::vector<int> timers_;
+    double left_ = 0;  // in the page
+    double top_ = 0;
+    double grip_x_ = 0;  // where the title bar is held
+    double grip_y_ = 0;
+    bool visible_ = false;
+    bool placed_ = false;
+};
+
+}  // namespace solvanta::web

@@ -1,0 +1,28 @@
+#include "platform/spoken_changes.h"
+
+#include <utility>
+
+#include "platform/walk.h"
+
+namespace solvanta {
+
+std::string SpokenChanges::since_last_time(const Container& container) {
+    constexpr int most_changes = 4;
+    std::map<const PictureElement*, std::string> names;
+    std::string text;
+    int changes = 0;
+    for (const Painted& item : container.canvas) {
+        auto* const* element = std::get_if<PictureElement*>(&item);
+        if (!element || !is_place(**element)) continue;
+        const std::string& name = (*element)->SpokenName;
+        names[*element] = name;
+        const auto before = names_.find(*element);
+        if (before != names_.end() && before->second == name) continue;
+        text += (changes++ > 0 ? ". " : "") + name;
+    }
+    names_ = std::move(names);
+    if (std::exchange(is_first_, false) || changes > most_changes) return {};
+    return text;
+}
+
+}  // namespace solvanta

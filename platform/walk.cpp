@@ -1,0 +1,78 @@
+#include "platform/walk.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace solvanta {
+namespace {
+
+/// An element's extent along one axis.
+struct Span {
+    Twips begin;
+    Twips end;
+
+    Twips middle() const { return (begin + end) / 2; }
+};
+
+Span across_of(const PictureElement& element, bool horizontal) {
+    const Twips begin = horizontal ? element.Top : element.Left;
+    return {begin, begin + (horizontal ? element.Height : element.Width)};
+}
+
+Span along_of(const PictureElement& element, bool horizontal) {
+    return across_of(element, !horizontal);
+}
+
+/// How far it is; nothing below 0 is in that direction.
+Twips cost(const PictureElement& from, const PictureElement& to, Direction direction) {
+    const bool horizontal = direction == Direction::Left || direction == Direction::Right;
+    const bool backward = direction == Direction::Left || direction == Direction::Up;
+    const Twips ahead = along_of(to, horizontal).middle() - along_of(from, horizontal).middle();
+    const Twips along = backward ? -ahead : ahead;
+    if (along <= 0) return -1;
+    const Span here = across_of(from, horizontal);
+    const Span there = across_of(to, horizontal);
+    const Twips gap = std::max(there.begin - here.end, here.begin - there.end);
+    constexpr Twips off_line = 1000;
+    if (gap > 0) return along + off_line + gap / 32;
+    return along + std::abs(there.middle() - here.middle()) / 8;
+}
+
+/// The place that costs least; what costs less than nothing is left out.
+template <typename Cost>
+PictureElement* cheapest_place(const Container& container, const Cost& cost_of) {
+    std::pair<Twips, PictureElement*> best{0, nullptr};
+    for (const Painted& item : container.canvas) {
+        auto* const* element = std::get_if<PictureElement*>(&item);
+        if (!element || !is_place(**element)) continue;
+        const Twips price = cost_of(**element);
+        if (price >= 0 && (!best.second || price < best.first)) best = {price, *element};
+    }
+    return best.second;
+}
+
+}  // namespace
+
+bool is_place(const PictureElement& element) {
+    return element.Visible && element.KeyStop && !element.SpokenName.empty();
+}
+
+PictureElement* next_place(const Container& container, const PictureElement& from,
+                           Direction direction) {
+    return cheapest_place(container, [&](const PictureElement& to) {
+        return &to == &from ? -1 : cost(from, to, direction);
+    });
+}
+
+PictureElement* nearest_place(const Container& container, const PictureElement& from) {
+    return cheapest_place(container, [&](const PictureElement& to) {
+        const auto distance = [&](bool horizontal) {
+            return std::abs(along_of(to, horizontal).middle() -
+                            along_of(from, horizontal).middle());
+        };
+        return distance(true) + distance(false);
+    });
+}
+
+}  // namespace solvanta

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/elements.h"
+
+// The walk over a container's places by the arrow keys, the same for every window system.
+
+namespace solvanta {
+
+enum class Direction { Left, Right, Up, Down };
+
+/// Whether the walk stops at `element`: a place of the keyboard's, to be seen and with a name.
+bool is_place(const PictureElement& element);
+
+/// The next place in that direction. A place beside or in line with `from` goes before a nearer
+/// one that lies off. Null at the edge.
+PictureElement* next_place(const Container& container, const PictureElement& from,
+                           Direction direction);
+
+/// The place whose middle is nearest to that of `from`, which may be hidden; null without places.
+PictureElement* nearest_place(const Container& container, const PictureElement& from);
+
+}  // namespace solvanta

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "core/cards.h"
+#include "core/game_state.h"
+#include "view/windows.h"
+
+namespace solvanta {
+
+/// A card as it is said in German, "Herz König"; the empty text when `card` is not 1 to 52.
+std::string spoken_card(CardNumber card);
+
+/// Gives every picture element of the table the name that a screen reader says for what it shows:
+/// "Spalte 3: Herz König, ausgewählt", "Stapel, 49 Karten", "Ziel 1: leerer Platz".
+void name_places(const GameState& state, TableWindow& table);
+
+}  // namespace solvanta
