@@ -67,6 +67,9 @@ Image::~Image() {
 }
 
 void Pictures::image(const Picture& picture, bool fine, Ready ready) {
+    for (const PictureView* view : views_) {
+        if (const auto shown = view->shown(picture.load_number(), fine)) return ready(shown);
+    }
     const std::string& path = picture.path();
     const auto [entry, is_new] = files_.try_emplace({path, fine});
     if (entry->second.image) return ready(entry->second.image);
@@ -111,6 +114,7 @@ PictureView::PictureView(const Node& parent, Pictures& pictures)
       picture_(parent, "img"),
       placeholder_(parent, "span", "placeholder"),
       self_(std::make_shared<PictureView*>(this)) {
+    pictures_.add(*this);
     picture_.attribute("alt", "");
     picture_.attribute("draggable", "false");
     picture_.attribute("decoding", "sync");
@@ -120,6 +124,14 @@ PictureView::PictureView(const Node& parent, Pictures& pictures)
         report_once(name_, "Bild nicht lesbar");
         display_placeholder();
     });
+}
+
+PictureView::~PictureView() {
+    pictures_.remove(*this);
+}
+
+std::shared_ptr<Image> PictureView::shown(std::uint64_t load_number, bool fine) const {
+    return shown_load_ == load_number && fine_ == fine ? shown_ : nullptr;
 }
 
 void PictureView::show(const Picture& picture, bool fine) {
@@ -137,6 +149,7 @@ void PictureView::show(const Picture& picture, bool fine) {
 
 void PictureView::display(const std::shared_ptr<Image>& image) {
     if (image && image->url.empty()) return display_placeholder();
+    shown_load_ = load_number_;
     if (image == shown_) return;
     shown_ = image;
     placeholder_.attribute("hidden", "");

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +24,8 @@ struct Image {
     bool fine = false;  ///< from the file for fine screens: two of its pixels make one
 };
 
+class PictureView;
+
 /// The pictures on show. A file is fetched from the page's server when a picture of it is first
 /// shown, and for as long as the visit lasts what was fetched serves every later load: between two
 /// refreshes there is no time for the server.
@@ -34,8 +37,11 @@ class Pictures {
     /// fetched. `fine` asks for the file for fine screens; without it the plain one serves.
     void image(const Picture& picture, bool fine, Ready ready);
 
-    /// Has the next load of this file fetch it anew.
+    /// Has the next load of this file fetch it anew. What is on show stays.
     void forget(const std::string& path);
+
+    void add(const PictureView& view) { views_.insert(&view); }
+    void remove(const PictureView& view) { views_.erase(&view); }
 
   private:
     struct File {
@@ -48,6 +54,7 @@ class Pictures {
     void hand_over(const std::string& path, bool fine, const std::shared_ptr<Image>& image);
 
     std::map<std::pair<std::string, bool>, File> files_;
+    std::set<const PictureView*> views_;
 };
 
 /// An element showing a picture, at its own size or as large as fits, or the placeholder of one
@@ -57,9 +64,13 @@ class PictureView {
     PictureView(const Node& parent, Pictures& pictures);
     PictureView(const PictureView&) = delete;
     PictureView& operator=(const PictureView&) = delete;
+    ~PictureView();
 
     /// Shows `picture`; what was shown stays until the file is there.
     void show(const Picture& picture, bool fine);
+
+    /// What it shows of this very load; null when that is something else.
+    std::shared_ptr<Image> shown(std::uint64_t load_number, bool fine) const;
 
   private:
     void display(const std::shared_ptr<Image>& image);
@@ -71,6 +82,7 @@ class PictureView {
     std::string name_;
     std::shared_ptr<Image> shown_;
     std::uint64_t load_number_ = 0;
+    std::uint64_t shown_load_ = 0;  // behind `load_number_` while its file is being fetched
     bool fine_ = false;
     std::shared_ptr<PictureView*> self_;  // for images that arrive when the view has gone
 };

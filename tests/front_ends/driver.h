@@ -27,6 +27,7 @@ struct WindowLook {
     bool active = false;
     bool can_be_minimised = false;
     bool can_be_resized = false;  ///< or enlarged to the screen
+    bool is_within_page = false;  ///< of a browser; no such window is minimised
 };
 
 /// What the player sees of an open message box.

@@ -1,0 +1,61 @@
+// Runs the checks of every Host in a page: checks.mjs FOLDER RATIO [FILTER]
+import { inflateSync } from 'node:zlib';
+import { serve, startBrowser } from './browser.mjs';
+
+const [folder, ratio, filter] = process.argv.slice(2);
+const server = await serve(folder);
+const browser = await startBrowser();
+const page = await browser.newPage({
+  viewport: { width: 1000, height: 760 }, deviceScaleFactor: Number(ratio), locale: 'de-DE',
+});
+const keys = await page.context().newCDPSession(page);
+
+// The colour of the first pixel of a picture in PNG.
+function firstPixel(png) {
+  const parts = [];
+  for (let at = 8; at < png.length; at += 12 + png.readUInt32BE(at)) {
+    if (png.toString('latin1', at + 4, at + 8) !== 'IDAT') continue;
+    parts.push(png.subarray(at + 8, at + 8 + png.readUInt32BE(at)));
+  }
+  return inflateSync(Buffer.concat(parts)).readUIntBE(1, 3);
+}
+
+let pressed = 0;
+const sleep = (milliseconds) => new Promise((done) => setTimeout(done, milliseconds));
+let finish;
+const finished = new Promise((done) => { finish = done; });
+
+const acts = {
+  async press({ x, y, button }) {
+    await page.mouse.move(x, y);
+    await page.mouse.down({ button });
+    pressed = Date.now();
+  },
+  async release({ x, y, button }) {
+    await page.mouse.move(x, y);
+    await page.mouse.up({ button });
+  },
+  rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
+  key: ({ key, modifier }) => page.keyboard.press(modifier ? `${modifier}+${key}` : key),
+  repeat: ({ key }) => keys.send('Input.dispatchKeyEvent',
+    { type: 'keyDown', key, code: key, windowsVirtualKeyCode: 13, text: '\r', autoRepeat: true }),
+  type: ({ text }) => page.keyboard.type(text),
+  async look({ x, y }) {
+    const fine = (value) => Math.floor(value * ratio) / ratio;
+    return firstPixel(await page.screenshot(
+      { clip: { x: fine(x), y: fine(y), width: 1, height: 1 }, animations: 'disabled' }));
+  },
+  done: ({ failures }) => finish(failures),
+};
+
+await page.exposeFunction('act', (what) => acts[what.act](what));
+page.on('console', (message) => {
+  // What the browser says by itself of a missing file is no news here.
+  if (!message.text().startsWith('Failed to load')) console.log(message.text());
+});
+page.on('pageerror', (error) => { console.log(error.stack); finish(1); });
+page.on('crash', () => { console.log('the page has crashed'); finish(1); });
+await page.goto(`${server.address}checks.html${filter ? `?gtest_filter=${filter}` : ''}`);
+process.exitCode = await finished;
+await browser.close();
+await server.end();
