@@ -132,6 +132,8 @@ mergeInto(LibraryManager.library, {
           node.setPointerCapture(event.pointerId);
           send(event);
         });
+        // Or the browser would make a click of the finger's touch on what it takes to be meant.
+        on('touchend', (event) => event.target === node && event.preventDefault());
         break;
       case 2:
         on('pointerup', (event) => event.button === 0 && event.isPrimary && send(event));

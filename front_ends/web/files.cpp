@@ -40,6 +40,10 @@ std::error_code WebFiles::create(const std::string& path) {
     return {};
 }
 
+std::error_code WebFiles::open(const std::string& /*path*/) {
+    return std::make_error_code(std::errc::permission_denied);
+}
+
 std::error_code WebFiles::write(std::string_view bytes) {
     *writing_ += bytes;
     return {};

@@ -18,7 +18,10 @@ class WebFiles final : public FileCalls {
 
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override;
     std::error_code create(const std::string& path) override;
+    /// What is stored is only ever replaced whole.
+    std::error_code open(const std::string& path) override;
     std::error_code write(std::string_view bytes) override;
+    std::error_code cut() override { return {}; }
     std::error_code flush() override { return {}; }
     std::error_code close() override { return {}; }
     std::string resolve(const std::string& path) override { return path; }

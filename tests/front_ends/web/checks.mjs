@@ -1,6 +1,7 @@
 // Runs the checks of every Host in a page: checks.mjs FOLDER RATIO [FILTER]
 import { inflateSync } from 'node:zlib';
-import { serve, startBrowser } from './browser.mjs';
+import { startBrowser } from './browser.mjs';
+import { serve } from './serve.mjs';
 
 const [folder, ratio, filter] = process.argv.slice(2);
 const server = await serve(folder);

@@ -1,0 +1,212 @@
+// Plays a whole game in a browser with real clicks, and again with real taps, and checks what the
+// game leaves in the browser's storage.
+//
+//   tour.mjs PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY
+//
+// The screenshots go to OUTPUT_DIRECTORY; their names are printed. The page's clock is set to the
+// moment of the golden game, so that the cards are those the clicks are meant for.
+import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
+import { mkdirSync, readFileSync } from 'node:fs';
+import path from 'node:path';
+import { startBrowser } from './browser.mjs';
+import { serve } from './serve.mjs';
+
+const [folder, clicks, output] = process.argv.slice(2);
+const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
+const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n')
+  .map((line) => line.split(' '))
+  .map(([kind, x, y]) => ({ twice: kind === 'double', x: Number(x), y: Number(y) }));
+const entry = /^\d+,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/;
+
+mkdirSync(output, { recursive: true });
+const server = await serve(folder);
+const browser = await startBrowser();
+
+const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
+
+class Visit {
+  constructor(name, page, touched) {
+    Object.assign(this, { name, page, touched, troubles: [] });
+    page.on('console', (message) => this.troubles.push(message.text()));
+    page.on('pageerror', (error) => this.troubles.push(error.stack));
+  }
+
+  static async begin(name, { width, height, ratio = 1, touched = false }) {
+    const context = await browser.newContext({
+      viewport: { width, height }, deviceScaleFactor: ratio, hasTouch: touched, isMobile: touched,
+      locale: 'de-DE', timezoneId: 'UTC', acceptDownloads: true,
+    });
+    const visit = new Visit(name, await context.newPage(), touched);
+    await visit.page.clock.setFixedTime(dealtAt * 1000);
+    await visit.page.goto(server.address);
+    await visit.page.getByText('neues Spiel').waitFor();
+    return visit;
+  }
+
+  async shot(what) {
+    await this.page.waitForTimeout(300);
+    const file = path.join(output, `${this.name}-${what}.png`);
+    await this.page.screenshot({ path: file });
+    console.log(file);
+  }
+
+  async hit(label) {
+    const button = this.page.locator(`button:text-is("${label}"):visible`);
+    await (this.touched ? button.tap() : button.click());
+  }
+
+  async deal() {
+    await this.hit('neues Spiel');
+    await this.hit('Ja');
+    await this.page.getByLabel('Stapel, 49 Karten').waitFor();
+  }
+
+  async play(from, to) {
+    const { left, top, scale } = await this.page.evaluate(() => {
+      const section = document.querySelector('.with-cards');
+      const { left, top } = section.querySelector('.client').getBoundingClientRect();
+      return { left, top, scale: Number(section.style.getPropertyValue('--scale')) };
+    });
+    for (const move of moves.slice(from, to)) {
+      const at = [left + move.x * scale, top + move.y * scale];
+      for (let press = 0; press <= (move.twice ? 1 : 0); ++press) {
+        await (this.touched ? this.page.touchscreen.tap(...at) : this.page.mouse.click(...at));
+      }
+    }
+  }
+
+  async win() {
+    await this.shot('start');
+    assert.equal(await stored(this.page), null, 'the start wrote the list');
+    await this.deal();
+    await this.shot('dealt');
+    await this.play(0, 60);
+    await this.shot('playing');
+    await this.play(60);
+    const name = this.page.getByLabel('Gratulation', { exact: false });
+    await name.waitFor();
+    await this.page.keyboard.type('Jörg Süß');
+    await this.shot('won');
+    await this.page.keyboard.press('Enter');
+    await name.waitFor({ state: 'hidden' });
+    assert.match(await stored(this.page), entry);
+    await this.page.reload();
+    await this.page.getByText('neues Spiel').waitFor();
+    await this.hit('Bestzeiten');
+    await this.page.getByText('Jörg Süß').waitFor();
+    await this.shot('best-times');
+    await this.hit('Ok');
+  }
+
+  async end() {
+    await this.page.context().close();
+    assert.deepEqual(this.troubles, []);
+  }
+}
+
+// The list goes to a file and comes back, byte for byte; a file that is none changes nothing.
+async function moveList(visit) {
+  const { page } = visit;
+  const [download] = await Promise.all([
+    page.waitForEvent('download'), page.getByText('Bestzeiten sichern').click()]);
+  assert.equal(download.suggestedFilename(), 'highscore.scr');
+  const file = path.join(output, 'highscore.scr');
+  await download.saveAs(file);
+  const bytes = readFileSync(file);
+  assert.equal(bytes.toString('latin1'), await stored(page));
+
+  const load = async (content) => {
+    const [chooser] = await Promise.all([
+      page.waitForEvent('filechooser'), page.getByText('Bestzeiten laden').click()]);
+    await chooser.setFiles({ name: 'x.scr', mimeType: 'text/plain', buffer: content });
+  };
+  await load(Buffer.from('Das ist ein Brief.'));
+  await page.getByText('Diese Datei ist keine Bestzeitenliste.').waitFor();
+  assert.equal(bytes.toString('latin1'), await stored(page));
+  await load(Buffer.from(bytes.toString('latin1').replace('Jörg', 'Jürg'), 'latin1'));
+  await page.getByText('Die Bestzeiten sind geladen.').waitFor();
+  assert.match(await stored(page), /"Jürg Süß"/);
+}
+
+// A game played by keyboard alone as far as the first cards: the walk, a click and a double click.
+async function playByKeyboard(visit) {
+  const { page } = visit;
+  const here = () => page.evaluate(() => document.activeElement.getAttribute('aria-label'));
+  await visit.deal();
+  await page.getByLabel('Stapel, 49 Karten').focus();
+  await page.keyboard.press('Enter');
+  assert.equal(await here(), 'Stapel, 46 Karten');
+  await page.keyboard.press('ArrowRight');
+  assert.match(await here(), /^Ablage: (Herz|Pik|Karo|Kreuz) /);
+  await page.keyboard.press('Space');
+  assert.match(await here(), /, ausgewählt$/);
+  await visit.shot('keyboard');
+  await page.keyboard.press('d');
+  assert.doesNotMatch(await here(), /, ausgewählt$/);
+}
+
+// The name being entered is in the list when the page has been left.
+async function leaveWithAName() {
+  const visit = await Visit.begin('left', { width: 900, height: 700 });
+  await visit.deal();
+  await visit.play(0);
+  await visit.page.getByLabel('Gratulation', { exact: false }).waitFor();
+  await visit.page.keyboard.type('Jörg Süß');
+  await visit.page.goto('about:blank');
+  await visit.page.goto(server.address);
+  assert.match(await stored(visit.page), entry);
+  await visit.end();
+}
+
+// Without a network it starts as well, and can be ended and started again.
+async function playOffline(visit) {
+  const { page } = visit;
+  await page.evaluate(async () => {
+    const wanted = ['Herz_K.bmp', 'Solvanta.wasm', 'Help.rtf'];
+    const kept = async (name) => (await caches.match(name)) !== undefined;
+    while (!(await Promise.all(wanted.map(kept))).every(Boolean)) {
+      await new Promise((done) => { setTimeout(done, 100); });
+    }
+  });
+  await page.context().setOffline(true);
+  await page.reload();
+  await visit.deal();
+  await visit.hit('Hilfe');
+  await page.getByText('Das Ziel').waitFor();
+  await visit.shot('offline');
+  await page.context().setOffline(false);
+  await page.getByLabel('Hilfe schließen').click();
+  await visit.hit('Beenden');
+  await page.getByText('Das Spiel ist beendet.').waitFor();
+  await visit.shot('ended');
+  await page.getByText('Neu starten').click();
+  await page.getByText('neues Spiel').waitFor();
+}
+
+const large = await Visit.begin('large', { width: 1280, height: 800 });
+await large.win();
+await moveList(large);
+await playByKeyboard(large);
+await playOffline(large);
+await large.end();
+
+const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true });
+await phone.win();
+await phone.hit('Hilfe');
+await phone.shot('help');
+await phone.end();
+
+for (const [name, size] of Object.entries({
+  sideways: { width: 740, height: 360, ratio: 2, touched: true },
+  tablet: { width: 820, height: 1180, ratio: 2, touched: true },
+  fine: { width: 1280, height: 800, ratio: 2 },
+})) {
+  const visit = await Visit.begin(name, size);
+  await visit.deal();
+  await visit.shot('dealt');
+  await visit.end();
+}
+await leaveWithAName();
+await browser.close();
+await server.end();
