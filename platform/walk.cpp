@@ -24,19 +24,22 @@ Span along_of(const PictureElement& element, bool horizontal) {
     return across_of(element, !horizontal);
 }
 
-/// How far it is; nothing below 0 is in that direction.
+/// How far it is; nothing below 0 is in that direction. Up and down lead along a column. Left and
+/// right lead to the next column as well, whatever its height, before they leave it out.
 Twips cost(const PictureElement& from, const PictureElement& to, Direction direction) {
     const bool horizontal = direction == Direction::Left || direction == Direction::Right;
     const bool backward = direction == Direction::Left || direction == Direction::Up;
-    const Twips ahead = along_of(to, horizontal).middle() - along_of(from, horizontal).middle();
+    const Span start = along_of(from, horizontal);
+    const Twips ahead = along_of(to, horizontal).middle() - start.middle();
     const Twips along = backward ? -ahead : ahead;
-    if (along <= 0) return -1;
     const Span here = across_of(from, horizontal);
     const Span there = across_of(to, horizontal);
     const Twips gap = std::max(there.begin - here.end, here.begin - there.end);
+    if (along <= 0) return -1;
+    if (gap < 0) return along + std::abs(there.middle() - here.middle()) / 8;
     constexpr Twips off_line = 1000;
-    if (gap > 0) return along + off_line + gap / 32;
-    return along + std::abs(there.middle() - here.middle()) / 8;
+    const bool is_beside = along >= (start.end - start.begin) / 2;
+    return horizontal && is_beside ? along + off_line + gap / 32 : -1;
 }
 
 /// The place that costs least; what costs less than nothing is left out.

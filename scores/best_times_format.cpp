@@ -112,4 +112,16 @@ void parse_best_times(std::string_view bytes, GameState& state) {
     }
 }
 
+bool is_best_times_file(std::string_view bytes) {
+    constexpr std::size_t size_limit = std::size_t{1} << 20;
+    if (bytes.size() > size_limit) return false;
+    GameState state;
+    parse_best_times(bytes, state);
+    std::string written = format_best_times(state);
+    std::string given(bytes);
+    std::erase(written, '\r');
+    std::erase(given, '\r');
+    return written == given;
+}
+
 }  // namespace solvanta

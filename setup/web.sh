@@ -2,7 +2,9 @@
 # setup/packages.sh.
 
 packages_web="cmake emscripten ninja-build node-acorn nodejs"
-packages_web_test="$packages_web chromium fonts-liberation googletest npm"
+packages_web_test="$packages_web chromium fonts-liberation googletest"
+# Node.js may have come with npm in it, and then lets no other in.
+command -v npm >/dev/null || packages_web_test="$packages_web_test npm"
 
 # Serves the game on the loopback address until it is interrupted, and opens the browser where there
 # is a screen.

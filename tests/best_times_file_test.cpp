@@ -227,5 +227,21 @@ TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
     EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
 }
 
+TEST(BestTimesFile, IsToldFromOtherFiles) {
+    GameState state;
+    clear_places(state);
+    insert_entry(state, 1, 100, "J\xf6rg, der \x94", "3. Jan 2026 9:05");
+    const std::string list = format_best_times(state);
+    std::string with_unix_ends = list;
+    std::erase(with_unix_ends, '\r');
+    EXPECT_TRUE(is_best_times_file(list));
+    EXPECT_TRUE(is_best_times_file(with_unix_ends));
+    for (const std::string& other :
+         {std::string(), std::string("Ein Brief.\n"), list.substr(1), list + "0", list + list,
+          list.substr(0, list.size() - 2), std::string(2'000'000, ' ')}) {
+        EXPECT_FALSE(is_best_times_file(other)) << other.substr(0, 40);
+    }
+}
+
 }  // namespace
 }  // namespace solvanta::test

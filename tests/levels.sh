@@ -13,6 +13,7 @@ declare -A may_include=(
     [app]="app|view|scores|core|platform"
     [front_ends/qt]="front_ends/qt|rich_text|platform"
     [front_ends/win32]="front_ends/win32|scores|platform"
+    [front_ends/web]="front_ends/web|rich_text|scores|platform"
 )
 status=0
 for folder in "${!may_include[@]}"; do

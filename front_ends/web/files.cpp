@@ -1,16 +1,13 @@
 #include "front_ends/web/files.h"
 
-#include <utility>
-
 #include "front_ends/web/border.h"
 #include "front_ends/web/fetching.h"
 
 namespace solvanta::web {
 
-void WebFiles::fetch_copy(const std::string& path, std::function<void()> done) {
-    fetch(path, [this, path, done = std::move(done)](const std::string* bytes) {
+void WebFiles::fetch_copy(const std::string& path) {
+    fetch(path, [this, path](const std::string* bytes) {
         if (bytes) copies_[path] = *bytes;
-        if (done) done();
     });
 }
 
@@ -19,7 +16,7 @@ std::error_code WebFiles::read(const std::string& path, std::size_t limit, std::
     bytes.clear();
     if (const auto copy = copies_.find(path); copy != copies_.end()) {
         bytes = copy->second;
-        fetch_copy(path, nullptr);
+        fetch_copy(path);
     } else {
         char* block = nullptr;
         const int length = page_stored(path.c_str(), &block);

@@ -12,9 +12,8 @@ namespace solvanta::web {
 /// at all. Any other file is the copy fetched last.
 class WebFiles final : public FileCalls {
   public:
-    /// Fetches the file at `path` for later reading, and calls `done` when it is there or can't be
-    /// had.
-    void fetch_copy(const std::string& path, std::function<void()> done);
+    /// Fetches the file at `path` for later reading; what can't be had is not there.
+    void fetch_copy(const std::string& path);
 
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override;
     std::error_code create(const std::string& path) override;

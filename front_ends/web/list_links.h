@@ -1,28 +1,30 @@
 #pragma once
 
-#include "app/form_main.h"
-#include "front_ends/web/files.h"
+#include <functional>
+#include <string>
+
 #include "front_ends/web/host.h"
 
 namespace solvanta::web {
 
 /// The links below the table by which the best-times list goes to a file of the player's and comes
-/// from one. A chosen file that is no such list, byte for byte, changes nothing; a name still being
-/// entered goes into the list before another one takes its place.
+/// from one. A chosen file that is no such list changes nothing.
 class ListLinks {
   public:
-    ListLinks(Form_Main& table, WebHost& host, WebFiles& files);
+    /// `list` gives the bytes of the list; `take` puts others in their place, as an event of
+    /// `host`, and answers whether they could be stored.
+    ListLinks(WebHost& host, std::function<std::string()> list,
+              std::function<bool(const std::string&)> take);
 
     void hide() const;
 
   private:
     void save() const;
-    void load(const std::string& bytes);
+    void load(const std::string& bytes) const;
 
-    Form_Main& table_;
     WebHost& host_;
-    WebFiles& files_;
-    std::string path_;
+    std::function<std::string()> list_;
+    std::function<bool(const std::string&)> take_;
     Node links_;
     Node save_;
     Node load_;

@@ -1,0 +1,140 @@
+#include "view/spoken_names.h"
+
+#include <map>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "platform/spoken_changes.h"
+#include "platform/walk.h"
+#include "tests/support/golden_game.h"
+#include "tests/support/player.h"
+
+namespace solvanta::test {
+namespace {
+
+TEST(SpokenNames, AreGerman) {
+    const std::pair<CardNumber, const char*> table[] = {
+        {0, ""},          {1, "Herz Ass"},   {13, "Herz König"}, {14, "Pik Ass"},
+        {24, "Pik Bube"}, {38, "Karo Dame"}, {49, "Kreuz 10"},   {53, ""},
+    };
+    for (const auto& [card, name] : table)
+        EXPECT_EQ(spoken_card(card), name);
+}
+
+TEST(SpokenNames, TellWhatEachPlaceShows) {
+    Player player(read_golden_game().seed());
+    player.deal();
+    Form_Main& table = player.table;
+    EXPECT_EQ(table.Source_Hide.SpokenName, "Stapel, 49 Karten");
+    EXPECT_EQ(table.Source.SpokenName, "Ablage: leerer Platz");
+    EXPECT_EQ(table.Stapel(7).SpokenName, "Ziel 8: leerer Platz");
+    EXPECT_EQ(table.Ih(1)(0).SpokenName, "Spalte 1: verdeckte Karte");
+    const std::string front = "Spalte 10: " + spoken_card(table.state.FaceUp(10)(1));
+    EXPECT_EQ(table.Iv(1)(9).SpokenName, front);
+    player.play("c10");
+    EXPECT_EQ(table.Iv(1)(9).SpokenName, front + ", ausgewählt");
+    player.play("stock waste");
+    const std::string waste = spoken_card(table.state.Waste(table.state.WasteCount));
+    EXPECT_EQ(table.Source.SpokenName, "Ablage: " + waste + ", ausgewählt");
+    EXPECT_EQ(table.Source_Hide.SpokenName, "Stapel, 46 Karten");
+}
+
+TEST(SpokenNames, CoverEveryElementOnShowThroughoutAGame) {
+    const GoldenGame game = read_golden_game();
+    Player player(game.seed());
+    player.deal();
+    const auto check = [&](auto&&...) {
+        for (const Painted& item : player.table.canvas) {
+            auto* const* element = std::get_if<PictureElement*>(&item);
+            if (!element || !(*element)->Visible || *element == &player.table.zeiger) continue;
+            ASSERT_NE((*element)->SpokenName, "");
+            ASSERT_TRUE(!(*element)->Click || is_place(**element));
+        }
+    };
+    check();
+    player.on_click = check;
+    player.play(game.words);
+    EXPECT_EQ(player.table.Stapel(0).SpokenName, "Ziel 1: Herz König");
+    EXPECT_EQ(player.table.Iv(1)(0).SpokenName, "Spalte 1: leerer Platz");
+}
+
+class WalkOverTheTable : public testing::Test {
+  protected:
+    WalkOverTheTable() { player.deal(); }
+
+    Player player{read_golden_game().seed()};
+    Form_Main& table = player.table;
+};
+
+TEST_F(WalkOverTheTable, GoesFromPlaceToPlace) {
+    using enum Direction;
+    const struct {
+        const PictureElement& from;
+        Direction direction;
+        const PictureElement* to;
+    } cases[] = {
+        {table.Stapel(0), Left, nullptr},
+        {table.Stapel(0), Up, nullptr},
+        {table.Stapel(0), Right, &table.Stapel(1)},
+        {table.Stapel(7), Right, &table.Source_Hide},
+        {table.Source_Hide, Right, &table.Source},
+        {table.Source, Left, &table.Source_Hide},
+        {table.Source, Right, nullptr},
+        {table.Stapel(2), Down, &table.Iv(1)(2)},
+        {table.Iv(1)(2), Up, &table.Stapel(2)},
+        {table.Iv(1)(0), Right, &table.Iv(1)(1)},
+        {table.Iv(1)(9), Left, &table.Iv(1)(8)},
+        {table.Iv(1)(9), Down, nullptr},
+        {table.Source, Down, &table.Iv(1)(9)},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(next_place(table, test.from, test.direction), test.to)
+            << test.from.SpokenName << ' ' << static_cast<int>(test.direction);
+    }
+}
+
+TEST_F(WalkOverTheTable, ReachesEveryPlaceDuringAGame) {
+    player.on_click = [&](auto&&...) {
+        std::set<PictureElement*> reached{&table.Source_Hide};
+        std::vector<PictureElement*> open{&table.Source_Hide};
+        while (!open.empty()) {
+            const PictureElement* from = open.back();
+            open.pop_back();
+            for (int direction = 0; direction < 4; ++direction) {
+                PictureElement* to = next_place(table, *from, static_cast<Direction>(direction));
+                if (to && reached.insert(to).second) open.push_back(to);
+            }
+        }
+        std::size_t places = 0;
+        for (const Painted& item : table.canvas) {
+            auto* const* element = std::get_if<PictureElement*>(&item);
+            if (element && is_place(**element)) ++places;
+        }
+        ASSERT_EQ(reached.size(), places);
+    };
+    player.play(read_golden_game().words);
+}
+
+TEST_F(WalkOverTheTable, GoesOnNearWhereItsPlaceWas) {
+    PictureElement gone = table.Iv(1)(4);
+    gone.Top += 2 * face_up_step;
+    gone.Visible = false;
+    EXPECT_EQ(nearest_place(table, gone), &table.Iv(1)(4));
+    const Form_Main& empty = Player(1).table;
+    EXPECT_EQ(nearest_place(empty, gone), nullptr);
+}
+
+TEST_F(WalkOverTheTable, TellsWhatHasChanged) {
+    SpokenChanges changes;
+    EXPECT_EQ(changes.since_last_time(table), "");
+    player.play("stock");
+    EXPECT_EQ(changes.since_last_time(table),
+              table.Source_Hide.SpokenName + ". " + table.Source.SpokenName);
+    EXPECT_EQ(changes.since_last_time(table), "");
+    player.deal();
+    EXPECT_EQ(changes.since_last_time(table), "");
+}
+
+}  // namespace
+}  // namespace solvanta::test
