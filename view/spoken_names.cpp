@@ -39,8 +39,12 @@ void name_column(const GameState& state, TableWindow& table, int col) {
     for (TableauRow& row : table.Ih)
         row(col - 1).SpokenName = prefix + covered_card;
     table.Iv(1)(col - 1).SpokenName = prefix + exposed_name(state, col) + mark;
-    for (int r = 2; r <= state.FaceUpCount(col); ++r)
-        table.Iv(r)(col - 1).SpokenName = prefix + spoken_card(state.FaceUp(col)(r)) + mark;
+    for (int r = 2; r <= state.FaceUpCount(col); ++r) {
+        std::string& name = table.Iv(r)(col - 1).SpokenName;
+        name = prefix;
+        name += spoken_card(state.FaceUp(col)(r));
+        name += mark;
+    }
 }
 
 }  // namespace

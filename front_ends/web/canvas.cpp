@@ -73,7 +73,7 @@ void Canvas::add(Label& label) {
 
 void Canvas::sync() {
     for (Drawn& drawn : drawn_)
-        sync(drawn);
+        bring_in_line(drawn);
     for (const auto& sync_label : label_syncs_)
         sync_label();
     sync_walk();
@@ -81,7 +81,7 @@ void Canvas::sync() {
         parts_.announce(said);
 }
 
-void Canvas::sync(Drawn& drawn) {
+void Canvas::bring_in_line(Drawn& drawn) const {
     const PictureElement& element = *drawn.element;
     PictureElement& shown = drawn.shown;
     if (!element.Visible && !shown.Visible) return;
@@ -100,17 +100,19 @@ void Canvas::sync(Drawn& drawn) {
 /// One place at a time is a stop of the Tab key. When the one with the focus goes, the nearest
 /// takes it over.
 void Canvas::sync_walk() {
-    const bool lost = current_ && !is_place(*current_);
-    PictureElement* const next =
-        lost || !current_ ? nearest_place(container_, current_ ? *current_ : PictureElement{})
-                          : current_;
-    const Drawn* const before = drawn_of(current_);
-    const bool had_focus = lost && before && before->node.has_focus();
-    current_ = next;
-    for (const Drawn& drawn : drawn_)
+    const PictureElement nowhere;
+    const PictureElement* const before = current_;
+    if (before == nullptr || !is_place(*before)) {
+        current_ = nearest_place(container_, before != nullptr ? *before : nowhere);
+    }
+    const Drawn* const drawn_before = drawn_of(before);
+    const bool takes_over =
+        current_ != before && drawn_before != nullptr && drawn_before->node.has_focus();
+    for (const Drawn& drawn : drawn_) {
         if (drawn.element->KeyStop)
             drawn.node.attribute("tabindex", drawn.element == current_ ? "0" : "-1");
-    if (had_focus) go_to(current_);
+    }
+    if (takes_over) go_to(current_);
 }
 
 void Canvas::listen() {

@@ -40,7 +40,7 @@ class Canvas {
 
     void add(PictureElement& element);
     void add(Label& label);
-    void sync(Drawn& drawn);
+    void bring_in_line(Drawn& drawn) const;
     void sync_walk();
     void listen();
     void press(const PageEvent& event);

@@ -31,7 +31,7 @@ std::string file_name(const std::string& path) {
 std::string suffix_of(const std::string& path) {
     const std::string name = file_name(path);
     const std::size_t dot = name.rfind('.');
-    return dot == name.npos ? "" : name.substr(dot + 1);
+    return dot == std::string::npos ? "" : name.substr(dot + 1);
 }
 
 std::string fine_path(const std::string& path) {

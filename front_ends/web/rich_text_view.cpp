@@ -101,7 +101,8 @@ void ParagraphWriter::write() {
     begin_box();
     for (const TextRun& run : paragraph_.runs) {
         std::string_view text = run.text;
-        for (std::size_t tab = text.find('\t'); tab != text.npos; tab = text.find('\t')) {
+        for (std::size_t tab = text.find('\t'); tab != std::string_view::npos;
+             tab = text.find('\t')) {
             write(text.substr(0, tab), run.look);
             text.remove_prefix(tab + 1);
             --tabs_left_;
@@ -134,7 +135,7 @@ void ParagraphWriter::write(std::string_view text, const CharacterLook& look) {
     set_look(span, look, document_);
     std::string content(text);
     constexpr std::string_view line_separator = "\u2028";
-    for (std::size_t at = content.find(line_separator); at != content.npos;
+    for (std::size_t at = content.find(line_separator); at != std::string::npos;
          at = content.find(line_separator, at)) {
         content.replace(at, line_separator.size(), "\n");
     }
