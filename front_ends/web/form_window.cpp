@@ -72,6 +72,11 @@ void FormWindow::build_client() {
     client_.style("--width", to_pixels(form_.ClientWidth));
     client_.style("--height", to_pixels(form_.ClientHeight));
     client_.style("--cards-height", cards_height());
+    if (has_pictures(form_)) {
+        client_.attribute("role", "group");
+        client_.attribute("aria-label", "Spieltisch");
+        client_.attribute("aria-describedby", "keys");
+    }
     if (form_.BackColor) client_.style("background", to_css(*form_.BackColor));
     canvas_ = std::make_unique<Canvas>(form_, client_, parts_);
     build_controls(form_, client_, parts_);

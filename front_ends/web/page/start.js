@@ -6,9 +6,12 @@ var Module = {
   printErr: (text) => console.error(text),
 };
 
-addEventListener('error', () => {
-  if (!document.querySelector('.window')) document.getElementById('unable').hidden = false;
-}, true);
+// Whatever goes wrong before there is a window keeps the game from starting.
+for (const trouble of ['error', 'unhandledrejection']) {
+  addEventListener(trouble, () => {
+    if (!document.querySelector('.window')) document.getElementById('unable').hidden = false;
+  }, true);
+}
 
 document.getElementById('start-again').addEventListener('click', () => location.reload());
 
