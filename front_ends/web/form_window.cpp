@@ -54,7 +54,7 @@ void FormWindow::build_title_bar() {
         icon.attribute("alt", "");
         icon.leave_to_parent();
     }
-    caption_ = Node(title_bar_, "span", "caption");
+    caption_ = Node(title_bar_, fixed_ ? "h1" : "h2", "caption");
     close_ = Node(title_bar_, "button", "close");
     close_.attribute("aria-label", form_.Caption + " schließen");
     close_.text("✕");
