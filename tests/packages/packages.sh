@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Checks the archives of the commit checked out: two builds give the same bytes; unpacked into a
-# folder with an unruly name the game plays, and goes into the player's menu and out again.
+# Checks the archives of the commit checked out: two builds give the same bytes; unpacked into
+# folders with unruly names the games are played from deal to win, and the one for Linux goes into the
+# player's menu and out again.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . setup/packages.sh
+. setup/web.sh
 unset XDG_DATA_HOME
 
 id=org.solvanta.solvanta
@@ -30,12 +32,36 @@ unpack() {
     game=$(echo "$folder"/*)
 }
 
-check_contents() {
+# check_files FOLDER FILES...: whether these files of ours are there as they are.
+check_files() {
     local file
-    for file in pictures/*.{bmp,gif,ico,jpg,png} help/Help.rtf LICENSE; do
-        cmp "$file" "$game/${file##*/}"
+    for file in "${@:2}"; do
+        cmp "$file" "$1/${file##*/}"
     done
-    [ -s "$game/LIESMICH.txt" ] || fail "no LIESMICH.txt"
+    [ -s "$1/LIESMICH.txt" ] || fail "no LIESMICH.txt"
+}
+
+# In a subshell, which ends the Wine with it.
+check_windows() (
+    local to="$work/Spiele für Jörg"
+    unzip -q "$archives"/Solvanta-*-windows-*.zip -d "$to"
+    check_files "$to"/* pictures/*.{bmp,gif,ico,jpg} help/Help.rtf
+    ! grep -vl $'\r$' "$to"/*/LI* || fail "lines that Windows ends otherwise"
+    . setup/wine.sh
+    prepare_wine build/windows/wine
+    TMPDIR=$to tests/tour/tour.sh "$to"/* build/windows/tests/tour/tour_clicks.exe \
+        build/tour-unpacked-windows >/dev/null
+)
+
+check_web() {
+    local to="$work/Spiele im Netz für Jörg" tour=build/web/tests/tour/web
+    unzip -q "$archives"/Solvanta-*-web.zip -d "$to"
+    check_files "$to"/* pictures/*.{bmp,gif,jpg,png} help/Help.rtf LICENSE
+    node $tour/tour.mjs "$to"/* $tour/tour_clicks.js build/tour-unpacked-web >/dev/null
+}
+
+check_contents() {
+    check_files "$game" pictures/*.{bmp,gif,ico,jpg,png} help/Help.rtf LICENSE
     ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\]" ||
         fail "the program needs what LIESMICH.txt does not name"
     ! readelf -SW "$game/Solvanta" | grep -F '.symtab' || fail "the program has its symbols"
@@ -76,14 +102,19 @@ check_menu() {
     done
 }
 
-install_packages $packages_build $packages_package $packages_package_test
+install_packages $packages_build $packages_package $packages_package_test $packages_windows \
+    $packages_windows_test
 configure_and_build release "-DSOLVANTA_TESTS=ON" tour_clicks
+configure_and_build windows "-DSOLVANTA_TESTS=ON" tour_clicks
+build_web_tests
 package_clone one TZ=UTC
 (umask 077 && package_clone "another one" TZ=Asia/Tokyo LC_ALL=C)
 archives="$work/one/build/packages"
 diff -r "$archives" "$work/another one/build/packages"
 (cd "$archives" && sha256sum --check --quiet --strict SHA256SUMS)
 unpack
+check_windows
+check_web
 check_contents
 TMPDIR=$folder tests/tour/tour.sh "$game" build/release/tests/tour/tour_clicks build/tour-unpacked \
     >/dev/null
