@@ -5,6 +5,7 @@ packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
+packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_package="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_windows_test="$packages_tour googletest icoutils locales wine wine64"

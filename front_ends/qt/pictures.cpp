@@ -21,20 +21,6 @@ bool wants_fine_file(double ratio) {
     return ratio > 1;
 }
 
-/// The picture that `bytes` hold in `format`; null when they don't.
-QImage decode(QByteArray& bytes, const QByteArray& format) {
-    if (!is_whole_picture({bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                          {format.constData(), static_cast<std::size_t>(format.size())}))
-        return {};
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
-    if (qMax(size.width(), size.height()) > largest_side) return {};
-    QImage image = reader.read();
-    return qMax(image.width(), image.height()) > largest_side ? QImage() : image;
-}
-
 QImage read_file(const QString& path) {
     QFile file(path);
     const QFileInfo about(file);
@@ -44,16 +30,12 @@ QImage read_file(const QString& path) {
     }
     QImage image;
     if (file.size() <= largest_file && file.open(QIODevice::ReadOnly)) {
-        QByteArray bytes = file.readAll();
-        image = decode(bytes, about.suffix().toLower().toLatin1());
+        image = decode_picture(file.readAll(), about.suffix().toLower().toLatin1());
     }
     if (image.isNull()) {
         report_once(about.fileName(), "Bild nicht lesbar (" + path + ")");
         return {};
     }
-    image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                            : QImage::Format_RGB32);
-    image.setDevicePixelRatio(1);
     return image;
 }
 
@@ -72,6 +54,23 @@ QFont fitting_font(const QString& text, const QRectF& place) {
 }
 
 }  // namespace
+
+QImage decode_picture(QByteArray bytes, const QByteArray& format) {
+    if (!is_whole_picture({bytes.constData(), static_cast<std::size_t>(bytes.size())},
+                          {format.constData(), static_cast<std::size_t>(format.size())}))
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, format);
+    reader.setAutoDetectImageFormat(false);
+    const QSize size = reader.size();
+    if (qMax(size.width(), size.height()) > largest_side) return {};
+    QImage image = reader.read();
+    if (qMax(image.width(), image.height()) > largest_side) return {};
+    image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                            : QImage::Format_RGB32);
+    image.setDevicePixelRatio(1);
+    return image;
+}
 
 QString file_for_ratio(const QString& path, double ratio) {
     if (!wants_fine_file(ratio)) return path;

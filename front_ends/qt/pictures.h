@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include <QByteArray>
 #include <QImage>
 #include <QPainter>
 #include <QString>
@@ -16,6 +17,10 @@ namespace solvanta::qt {
 /// The file to show for the picture at `path` on a screen with `ratio` device pixels to a pixel:
 /// its neighbour `Name@2x.ext` above a ratio of 1, else itself. Whether it exists is not asked.
 QString file_for_ratio(const QString& path, double ratio);
+
+/// The picture that `bytes` hold in `format`, the suffix of its file's name, ready for painting.
+/// Null when they don't hold one, or not the whole of it, or one that is absurdly large.
+QImage decode_picture(QByteArray bytes, const QByteArray& format);
 
 /// Reads a picture in the format its suffix names, ready for painting; its size in logical pixels
 /// is that of the plain file. Null, with one line on standard error for each file name in a run,

@@ -39,6 +39,9 @@ class Player {
 
     std::string position() const;
 
+    /// What follows every event: expects the record consistent and shown as it is.
+    void check() const;
+
     /// Called for each word that uses the mouse with the place it clicks.
     std::function<void(Twips x, Twips y, bool twice)> on_click;
 
@@ -50,7 +53,6 @@ class Player {
     Player(std::uint64_t seed, const MemoryFiles& at_start);
 
     void play_word(const std::string& word);
-    void check() const;
 
     Mouse mouse_{table};
     bool on_the_left_ = false;

@@ -1,0 +1,29 @@
+#include "front_ends/qt/pictures.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include <QCoreApplication>
+
+#include "fuzz/require.h"
+
+extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
+    static QCoreApplication application(*count, *arguments);
+    return 0;
+}
+
+/// Reads the bytes behind the first, which chooses the format, as a picture file.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace solvanta;
+    constexpr const char* formats[] = {"bmp", "gif", "jpg"};
+    if (size == 0) return 0;
+    const auto* bytes = reinterpret_cast<const char*>(data + 1);
+    const QImage image = qt::decode_picture(QByteArray(bytes, static_cast<qsizetype>(size - 1)),
+                                            formats[*data % std::size(formats)]);
+    if (image.isNull()) return 0;
+    fuzz::require(image.width() <= 4096 && image.height() <= 4096, "A picture is too large.");
+    fuzz::require(image.format() == QImage::Format_RGB32 ||
+                      image.format() == QImage::Format_ARGB32_Premultiplied,
+                  "A picture is not ready for painting.");
+    return 0;
+}
