@@ -43,15 +43,16 @@ def read_real(name):
         return file.read()
 
 
-# What stands in place of files: the things that may never be replaced when they are the list, and
-# those that keep the list from being written when they are the temporary file.
-THINGS = {
-    "no bytes": file_of(b""),
-    "noise": file_of(bytes(range(256)) * 40),
-    "wrong format": file_of(read_real("skull.gif") + read_real("Help.rtf")),
+# What stands in place of files.
+IN_PLACE_OF_PICTURES = {
     "65,535 pixels square": file_of(bitmap(65535, 65535, 24) + bytes(1000)),
     "2,147,483,647 pixels wide": file_of(bitmap((1 << 31) - 1, 1, 1)),
     "no pixels": file_of(bitmap(0, 0, 0)),
+}
+IN_PLACE_OF_ALL = {
+    "no bytes": file_of(b""),
+    "noise": file_of(bytes(range(256)) * 40),
+    "wrong format": file_of(read_real("skull.gif") + read_real("Help.rtf")),
     "a terabyte": sparse,
     "directory": os.mkdir,
     "pipe": os.mkfifo,
@@ -119,7 +120,8 @@ def copy(*parts):
 
 def things_in_place_of_files(work):
     for place, names in PLACES.items():
-        for thing, make in THINGS.items():
+        things = IN_PLACE_OF_PICTURES | IN_PLACE_OF_ALL if place == "pictures" else IN_PLACE_OF_ALL
+        for thing, make in things.items():
             program = copy(work, f"{place} {thing}".encode())
             for name in names:
                 path = os.path.join(program, name)
