@@ -11,8 +11,9 @@ using namespace std::string_literals;
 
 /// A bitmap's header for two lines of three pixels, whose own count of bytes is wrong.
 std::string bitmap(char bits, char compression, char pixel_bytes) {
-    return "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s + bits +
-           "\0"s + compression + "\0\0\0"s + pixel_bytes + std::string(19, '\0');
+    const std::string sides =
+        "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s;
+    return sides + bits + "\0"s + compression + "\0\0\0"s + pixel_bytes + std::string(19, '\0');
 }
 
 TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
