@@ -13,7 +13,7 @@ shift
 [ $# -gt 0 ] || set -- best_times rich_text pictures play
 
 for target in "$@"; do
-    runs=10000000 length=1024
+    runs=10000000 length=512
     case $target in
         pictures) runs=1000000 length=2048 ;;
         play) length=64 ;;

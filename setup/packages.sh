@@ -5,6 +5,7 @@ packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
+packages_lint="clang-format clang-tidy cppcheck"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_package="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
@@ -68,18 +69,25 @@ install_packages() {
     rm -f "$log"
 }
 
-# configure_and_build PRESET OPTIONS TARGETS...: quiet unless something goes wrong. OPTIONS are the
-# configuration's, all in one string.
-configure_and_build() {
-    local preset=$1 options=$2 log
-    shift 2
+# quietly COMMAND...: what it says is shown only when it fails.
+quietly() {
+    local log
     log=$(mktemp)
-    if ! { cmake --preset "$preset" -G Ninja $options &&
-        cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1; then
+    if ! "$@" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         command -v apt-get >/dev/null || name_packages
         return 1
     fi
     rm -f "$log"
+}
+
+# configure PRESET OPTIONS: the options are all in one string.
+configure() {
+    quietly cmake --preset "$1" -G Ninja $2
+}
+
+# configure_and_build PRESET OPTIONS TARGETS...
+configure_and_build() {
+    configure "$1" "$2" && quietly cmake --build --preset "$1" --target "${@:3}"
 }
