@@ -15,7 +15,7 @@ void write_to_console(HANDLE console, std::string_view line) {
 /// A program with windows has no console of its own. That of the program it was started from is
 /// joined for the one line only: whoever closes it later must not end the game.
 void write_to_console_of_parent(std::string_view line) {
-    if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    if (AttachConsole(ATTACH_PARENT_PROCESS) == FALSE) return;
     HANDLE console = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_WRITE,
                                  nullptr, OPEN_EXISTING, 0, nullptr);
     if (console != INVALID_HANDLE_VALUE) {
@@ -34,7 +34,7 @@ void report_trouble(std::string_view text) {
     DWORD written = 0;
     if (standard_error == nullptr || standard_error == INVALID_HANDLE_VALUE) {
         write_to_console_of_parent(line);
-    } else if (GetConsoleMode(standard_error, &mode)) {
+    } else if (GetConsoleMode(standard_error, &mode) != FALSE) {
         write_to_console(standard_error, line);
     } else {
         WriteFile(standard_error, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);

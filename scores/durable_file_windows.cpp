@@ -16,7 +16,7 @@ std::error_code last_error() {
 }
 
 std::error_code check(BOOL succeeded) {
-    return succeeded ? std::error_code{} : last_error();
+    return succeeded == FALSE ? last_error() : std::error_code{};
 }
 
 /// Virus scanners and indexers open a file for a moment just after it was written. Repeats `call`
@@ -54,7 +54,7 @@ class FileHandle {
 std::error_code check_size(HANDLE file, std::size_t limit, std::size_t& size) {
     if (GetFileType(file) != FILE_TYPE_DISK) return windows_error(ERROR_INVALID_PARAMETER);
     LARGE_INTEGER length{};
-    if (!GetFileSizeEx(file, &length)) return last_error();
+    if (GetFileSizeEx(file, &length) == FALSE) return last_error();
     if (length.QuadPart > static_cast<LONGLONG>(limit)) return windows_error(ERROR_FILE_TOO_LARGE);
     size = static_cast<std::size_t>(length.QuadPart);
     return {};
@@ -64,8 +64,8 @@ std::error_code read_all(HANDLE file, std::string& bytes) {
     std::size_t length = 0;
     while (length < bytes.size()) {
         DWORD got = 0;
-        if (!ReadFile(file, bytes.data() + length, static_cast<DWORD>(bytes.size() - length), &got,
-                      nullptr)) {
+        const auto wanted = static_cast<DWORD>(bytes.size() - length);
+        if (ReadFile(file, bytes.data() + length, wanted, &got, nullptr) == FALSE) {
             return last_error();
         }
         if (got == 0) break;
@@ -137,7 +137,9 @@ class WindowsCalls final : public FileCalls {
         while (!bytes.empty()) {
             DWORD written = 0;
             const auto size = static_cast<DWORD>(std::min(bytes.size(), largest_piece));
-            if (!WriteFile(file_, bytes.data(), size, &written, nullptr)) return last_error();
+            if (WriteFile(file_, bytes.data(), size, &written, nullptr) == FALSE) {
+                return last_error();
+            }
             bytes.remove_prefix(written);
         }
         return {};

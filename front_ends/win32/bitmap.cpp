@@ -42,14 +42,13 @@ void add(Channels& sum, std::uint32_t pixel, float share) {
 
 std::uint32_t to_pixel(const Channels& channels) {
     std::uint32_t pixel = 0;
-    for (auto channel = channels.rbegin(); channel != channels.rend(); ++channel) {
-        pixel = (pixel << 8U) | static_cast<std::uint32_t>(*channel + 0.5F);
-    }
+    for (std::size_t i = channels.size(); i-- > 0;)
+        pixel = (pixel << 8U) | static_cast<std::uint32_t>(channels[i]);
     return pixel;
 }
 
 std::uint32_t mean(const Bitmap& source, const Cover& lines, const Cover& columns) {
-    Channels sum{};
+    Channels sum{0.5F, 0.5F, 0.5F, 0.5F};  // for the cutting off to round
     int y = lines.first;
     for (const float height : lines.shares) {
         const std::uint32_t* pixel = source.line(y++) + columns.first;

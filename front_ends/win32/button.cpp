@@ -41,6 +41,10 @@ std::optional<LRESULT> Button::answer(const Message& message) {
         case WM_GETDLGCODE:
         case WM_KEYDOWN:
             return answer_keys(message);
+        case WM_CAPTURECHANGED:
+            if (held_) SendMessageW(handle(), BM_SETSTATE, FALSE, 0);
+            held_ = false;
+            return std::nullopt;
         default:
             return answer_mouse(message);
     }
@@ -69,10 +73,6 @@ std::optional<LRESULT> Button::answer_mouse(const Message& message) {
         case WM_LBUTTONUP:
             if (held_) release(message);
             return 0;
-        case WM_CAPTURECHANGED:
-            if (held_) SendMessageW(handle(), BM_SETSTATE, FALSE, 0);
-            held_ = false;
-            return std::nullopt;
         default:
             return std::nullopt;
     }
@@ -87,7 +87,7 @@ void Button::release(const Message& message) {
     if (is_under_mouse(message)) click();
 }
 
-void Button::click() {
+void Button::click() const {
     parts_.deliver(element_.Click);
 }
 

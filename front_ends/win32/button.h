@@ -21,7 +21,7 @@ class Button final : public Window {
     LRESULT paint_caption(const NMHDR& notice);
     void press_or_drag(const Message& message);
     void release(const Message& message);
-    void click();
+    void click() const;
 
     CommandButton& element_;
     WindowParts& parts_;

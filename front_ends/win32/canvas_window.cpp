@@ -28,9 +28,8 @@ POINT place_of_mouse(const Message& message) {
 
 /// Whether a control lies there. A disabled one gets no mouse messages: they come to its parent.
 bool is_on_control(const Message& message) {
-    const HWND there =
-        ChildWindowFromPointEx(message.window, place_of_mouse(message), CWP_SKIPINVISIBLE);
-    return there && there != message.window;
+    HWND there = ChildWindowFromPointEx(message.window, place_of_mouse(message), CWP_SKIPINVISIBLE);
+    return there != nullptr && there != message.window;
 }
 
 }  // namespace

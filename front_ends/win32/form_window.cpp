@@ -12,7 +12,8 @@ namespace {
 constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 
 bool takes_focus(HWND window) {
-    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetParent(window));
+    return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE &&
+           IsWindowEnabled(GetParent(window)) != FALSE;
 }
 
 /// The part of the screen that no bar of the desktop covers.
@@ -133,19 +134,25 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
         case WM_TIMER:
             tick(message.w);
             return 0;
-        case WM_CTLCOLORBTN: {  // what shows around a button with round corners
-            HDC dc = reinterpret_cast<HDC>(message.w);
-            SetDCBrushColor(dc, parts_.background);
-            return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
-        }
+        case WM_CTLCOLORBTN:
+            return ground_of_button(reinterpret_cast<HDC>(message.w));
         case WM_ACTIVATE:
         case WM_SETFOCUS:
             return answer_focus(message);
+        case WM_GETDPISCALEDSIZE:
+        case WM_DPICHANGED:
+            return answer_dpi(message);
         default:
             break;
     }
     const auto result = answer_desktop(message);
     return result ? result : CanvasWindow::answer(message);
+}
+
+/// The brush for what shows around a button with round corners.
+LRESULT FormWindow::ground_of_button(HDC dc) const {
+    SetDCBrushColor(dc, parts().background);
+    return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
 }
 
 void FormWindow::tick(UINT_PTR id) {
@@ -182,12 +189,6 @@ std::optional<LRESULT> FormWindow::answer_desktop(const Message& message) {
         case WM_ENDSESSION:
             if (message.w != FALSE) close_box_(*this);
             return 0;
-        case WM_GETDPISCALEDSIZE:
-            *reinterpret_cast<SIZE*>(message.l) = size_of(outer_rect(static_cast<int>(message.w)));
-            return TRUE;
-        case WM_DPICHANGED:
-            change_dpi(message);
-            return 0;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             set_background();
@@ -198,7 +199,12 @@ std::optional<LRESULT> FormWindow::answer_desktop(const Message& message) {
     }
 }
 
-void FormWindow::change_dpi(const Message& message) {
+/// The window has come to a screen of another resolution, or is about to.
+LRESULT FormWindow::answer_dpi(const Message& message) {
+    if (message.id == WM_GETDPISCALEDSIZE) {
+        *reinterpret_cast<SIZE*>(message.l) = size_of(outer_rect(static_cast<int>(message.w)));
+        return TRUE;
+    }
     parts_.dpi = LOWORD(message.w);
     const RECT& place = *reinterpret_cast<const RECT*>(message.l);
     const SIZE size = size_of(place);
@@ -206,6 +212,7 @@ void FormWindow::change_dpi(const Message& message) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
     if (form_.HasIcon) load_icons();
     sync();
+    return 0;
 }
 
 }  // namespace solvanta::win32

@@ -39,6 +39,7 @@ class FormWindow final : public CanvasWindow {
   private:
     std::optional<LRESULT> answer_focus(const Message& message);
     std::optional<LRESULT> answer_desktop(const Message& message);
+    LRESULT answer_dpi(const Message& message);
     void load_icons();
     void start_timers();
     void tick(UINT_PTR id);
@@ -46,7 +47,7 @@ class FormWindow final : public CanvasWindow {
     void set_background();
     RECT outer_rect(int dpi) const;
     void size_and_place();
-    void change_dpi(const Message& message);
+    LRESULT ground_of_button(HDC dc) const;
 
     Form& form_;
     WindowParts parts_;

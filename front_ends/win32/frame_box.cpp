@@ -25,8 +25,9 @@ FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
 }
 
 void FrameBox::sync() {
-    if ((IsWindowEnabled(handle()) != 0) != frame_.Enabled) EnableWindow(handle(), frame_.Enabled);
-    sync_text(handle(), frame_.Caption, parts().fonts.of(Font{}, parts().dpi));
+    const bool enabled = IsWindowEnabled(handle()) != FALSE;
+    if (enabled != frame_.Enabled) EnableWindow(handle(), enabled ? FALSE : TRUE);
+    sync_text(handle(), frame_.Caption, parts().fonts.of({}, parts().dpi));
     sync_place(handle(), frame_, parts().dpi);
     InvalidateRect(handle(), nullptr, FALSE);
 }
@@ -61,12 +62,12 @@ void FrameBox::paint_border(HDC dc, const RECT& area) const {
     const int dpi = parts().dpi;
     RECT line = area;
     line.top += scaled(caption_height, dpi) / 2;
-    HFONT font = parts().fonts.of(Font{}, dpi);
+    HFONT font = parts().fonts.of({}, dpi);
     const int indent = scaled(caption_indent, dpi);
     const int margin = scaled(caption_margin, dpi);
     const RECT caption{indent, 0, indent + text_size(dc, frame_.Caption, font).cx + 2 * margin,
                        scaled(caption_height, dpi)};
-    HTHEME theme = OpenThemeData(handle(), VSCLASS_BUTTON);
+    HTHEME theme = OpenThemeData(handle(), L"BUTTON");
     if (theme) {
         DrawThemeBackground(theme, dc, BP_GROUPBOX, GBS_NORMAL, &line, nullptr);
         CloseThemeData(theme);

@@ -111,7 +111,7 @@ IWICImagingFactory* ImageReader::decoders() {
     com_ = system_library(L"ole32.dll");
     auto* join_com = system_function<decltype(CoInitializeEx)>(com_, "CoInitializeEx");
     auto* create = system_function<decltype(CoCreateInstance)>(com_, "CoCreateInstance");
-    joined_ = join_com && SUCCEEDED(join_com(nullptr, COINIT_APARTMENTTHREADED));
+    joined_ = join_com != nullptr && SUCCEEDED(join_com(nullptr, COINIT_APARTMENTTHREADED));
     if (joined_ && create) {
         create(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&factory_));
     }
