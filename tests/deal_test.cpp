@@ -1,36 +1,24 @@
-#include "core/deal.h"
-
-#include <vector>
-
 #include <gtest/gtest.h>
 
-#include "app/random.h"
+#include "tests/support/golden_game.h"
 #include "tests/support/player.h"
-#include "tests/support/position.h"
 
 namespace solvanta::test {
 namespace {
 
-/// Random values that make the shuffle put 1, 2, ... 104 into the slots in this order, each
-/// drawn twice so that the second one must be refused.
-RandomSource ascending() {
-    return [next = 0]() mutable {
-        const double slot = next++ / 2;
-        return (slot + 0.5) / 104;
-    };
-}
-
-TEST(Deal, TakesTheShuffledCardsInTheirOrder) {
-    GameState state;
-    deal(state, ascending());
-    EXPECT_EQ(print_position(state),
-              "D 3; S H4 H5 H6 H7 H8 H9 H10 HB HD HK "
-              "P1 P2 P3 P4 P5 P6 P7 P8 P9 P10 PB PD PK "
-              "K1 K2 K3 K4 K5 K6 K7 K8 K9 K10 KB KD KK "
-              "X1 X2 X3 X4 X5 X6 X7 X8 X9 X10 XB XD XK; W; F 0 0 0 0 0 0 0 0; "
-              "1 H2 HD P8 K3 K10 X3 X8 XD H2 | H3; 2 H3 HK P9 K4 KB X4 X9 XK | H1; "
-              "3 H4 P1 P10 K5 KD X5 X10 | XB; 4 H5 P2 PB K6 KK X6 | X7; 5 H6 P3 PD K7 X1 | X2; "
-              "6 H7 P4 PK K8 | K9; 7 H8 P5 K1 | K2; 8 H9 P6 | P7; 9 H10 | HB; 10 H1");
+TEST(GoldenGame, IsDealtAndWonAsEver) {
+    const GoldenGame game = read_golden_game();
+    Player player(game.seed());
+    player.deal();
+    EXPECT_EQ(player.position(),
+              "D 3; S XB X2 H9 PK X7 P6 X4 K7 X1 H3 HD K3 P5 P10 X6 KK K9 H9 H10 PB K4 P6 K6 HK "
+              "H7 P3 H5 X2 P1 X10 H1 KB K8 X4 K5 X10 K8 P8 P4 X9 H2 XK H8 X5 H8 PK P2 K10 KD; W; "
+              "F 0 0 0 0 0 0 0 0; 1 PB X8 X5 P9 X7 K6 P5 P3 KK | P7; 2 X6 K3 H5 H7 X1 P9 XB K1 | "
+              "XK; 3 HB P10 K2 H4 PD P2 H6 | KD; 4 HD H10 K1 HK XD X8 | KB; 5 P8 HB P7 XD K2 | "
+              "X9; 6 K10 H6 P1 X3 | H2; 7 K7 K9 K5 | P4; 8 X3 K4 | PD; 9 H3 | H1; 10 H4");
+    player.play(game.words);
+    EXPECT_EQ(player.position(), "D 2; S; W; F 13 13 13 13 13 13 13 13");
+    EXPECT_TRUE(player.table.state.NameEntryOpen);
 }
 
 TEST(Deal, EveryDealIsNewAndForgetsTheGameBefore) {

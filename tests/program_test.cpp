@@ -11,9 +11,8 @@ namespace {
 /// One double click away from the win: the king of clubs alone on column 4.
 const std::string nearly_won = "F 13 13 13 13 13 13 13 12; 4 XK";
 
-std::string list_file(const Player& player) {
-    const auto file = player.files.files.find(MemoryFiles::list_path);
-    return file == player.files.files.end() ? "" : file->second;
+std::string list_file(Player& player) {
+    return player.files.files[MemoryFiles::list_path];
 }
 
 constexpr const char* list_caption = "Highscores - Top 30";
@@ -33,6 +32,13 @@ void win(Player& player, int seconds) {
     player.play("c4!");
 }
 
+void expect_name_entry(const Form_Main& table, bool open) {
+    EXPECT_EQ(table.state.NameEntryOpen, open);
+    EXPECT_EQ(table.Diddle.Visible, open);
+    EXPECT_EQ(table.FrBestzeiteintrag.Visible, open);
+    EXPECT_EQ(table.FrBestzeiteintrag.Enabled, open);
+}
+
 TEST(Clock, CountsFromDealToWinOnly) {
     Player player;
     player.play("tick tick");
@@ -45,12 +51,10 @@ TEST(Clock, CountsFromDealToWinOnly) {
     player.host.answers = {Answer::No};
     player.deal();
     EXPECT_EQ(player.table.Zeitanzeige.Caption, "1:16");
-    player.host.during_message = nullptr;
 
     win(player, 75);
     player.play("tick tick");
     EXPECT_EQ(player.table.state.Seconds, 75);
-    EXPECT_FALSE(player.table.state.ClockRunning);
     player.deal();
     player.play("tick");
     EXPECT_EQ(player.table.Zeitanzeige.Caption, "0:01");
@@ -65,18 +69,16 @@ TEST(Stock, RefusesTheFourthPassBehindTheSkull) {
         seen = player.table.Scull.Visible;
         player.play("tick");
     };
-    for (int times = 1; times <= 2; ++times) {
-        player.play("stock");
-        EXPECT_TRUE(seen);
-        EXPECT_FALSE(player.table.Scull.Visible);
-        EXPECT_EQ(player.position(), before);
-        EXPECT_EQ(player.table.state.Seconds, times);
-        const NullHost::Message refusal(
-            "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist das "
-            "Spiel verloren!",
-            Buttons::Ok);
-        EXPECT_EQ(player.host.messages, std::vector(static_cast<std::size_t>(times), refusal));
-    }
+    player.play("stock stock");
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(player.table.Scull.Visible);
+    EXPECT_EQ(player.position(), before);
+    EXPECT_EQ(player.table.state.Seconds, 2);
+    const NullHost::Message refusal(
+        "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist das Spiel "
+        "verloren!",
+        Buttons::Ok);
+    EXPECT_EQ(player.host.messages, std::vector(2, refusal));
 }
 
 TEST(Win, TakesTheRoadIntoTheList) {
@@ -85,41 +87,33 @@ TEST(Win, TakesTheRoadIntoTheList) {
     const std::string file_at_deal = list_file(player);
     win(player, 120);
     const Form_Main& table = player.table;
-    EXPECT_TRUE(table.state.GameWon && table.state.NameEntryOpen);
-    EXPECT_TRUE(table.Diddle.Visible);
-    EXPECT_TRUE(table.FrBestzeiteintrag.Visible && table.FrBestzeiteintrag.Enabled);
+    const GameState& state = table.state;
     EXPECT_EQ(table.Platz.Caption, "Platz: 3");
     EXPECT_EQ(player.host.focused, &table.InName);
-    EXPECT_EQ(list_file(player), file_at_deal);
-    EXPECT_EQ(table.state.GamesWon, 0);
-
     player.table.InName.KeyDown('M');
     player.play("c4! waste stock tick");
-    EXPECT_TRUE(table.state.NameEntryOpen);
-    player.host.now = {2026, 12, 25, 23, 40};  // the moment of Enter counts
+    expect_name_entry(table, true);
+    EXPECT_EQ(list_file(player), file_at_deal);
+
+    player.host.now = {2026, 3, 1, 0, 5};  // the moment of Enter counts
     player.enter_name(" Jörg \"€\" ");
-    EXPECT_FALSE(table.state.NameEntryOpen || table.Diddle.Visible);
-    EXPECT_FALSE(table.FrBestzeiteintrag.Visible || table.FrBestzeiteintrag.Enabled);
-    EXPECT_EQ(table.state.BestTime(3), 120);
-    EXPECT_EQ(table.state.BestName(3), " J\xF6rg \x94\x80\x94 ");
-    EXPECT_EQ(table.state.BestDate(3), "25. Dez 2026 23:40");
-    EXPECT_EQ(table.state.GamesWon, 1);
-    EXPECT_EQ(table.state.WonSinceStart, 1);
-    EXPECT_EQ(list_file(player), format_best_times(table.state));
+    expect_name_entry(table, false);
+    EXPECT_EQ(state.BestTime(3), 120);
+    EXPECT_EQ(state.BestName(3) + state.BestDate(3), " J\xF6rg \x94\x80\x94 1. M\xE4r 2026 0:05");
+    EXPECT_EQ(state.GamesWon, 1);
+    EXPECT_EQ(state.WonSinceStart, 1);
+    EXPECT_EQ(list_file(player), format_best_times(state));
     EXPECT_EQ(table.InName.Text, " Jörg \"€\" ");
 
-    const std::size_t writes = player.files.calls.size();
+    const std::size_t calls = player.files.calls.size();
     player.enter_name("again");
     player.play("c4! waste! c5!!");
-    EXPECT_EQ(table.state.GamesWon, 1);
-    EXPECT_FALSE(table.state.NameEntryOpen);
-    EXPECT_EQ(player.files.calls.size(), writes);
-
+    EXPECT_FALSE(state.NameEntryOpen);
+    EXPECT_EQ(player.files.calls.size(), calls);
     win(player, 50);
     EXPECT_EQ(table.Platz.Caption, "Platz: 1");
     player.enter_name("");
-    EXPECT_EQ(table.state.BestName(1), "");
-    EXPECT_EQ(table.state.BestName(4), " J\xF6rg \x94\x80\x94 ");
+    EXPECT_EQ(state.BestName(1) + state.BestName(4), " J\xF6rg \x94\x80\x94 ");
 }
 
 TEST(Win, TooSlowIsCongratulatedAndCounted) {
@@ -127,17 +121,15 @@ TEST(Win, TooSlowIsCongratulatedAndCounted) {
     for (int p = 1; p <= 30; ++p)
         full += std::string(p == 11 ? "9,3\r\n" : "") + "10,\"A\",\"d\"\r\n";
     Player player{MemoryFiles(full)};
-    bool shown = false;
-    player.host.during_message = [&] { shown = player.table.Diddle.Visible; };
+    bool seen = false;
+    player.host.during_message = [&] { seen = player.table.Diddle.Visible; };
     win(player, 10);
-    EXPECT_TRUE(shown);
+    EXPECT_TRUE(seen);
     EXPECT_EQ(player.host.messages,
               std::vector(1, NullHost::Message("Gratulation! Spiel gewonnen!", Buttons::Ok)));
-    EXPECT_FALSE(player.table.Diddle.Visible || player.table.state.NameEntryOpen);
-    EXPECT_EQ(player.table.state.GamesPlayed, 9);
-    EXPECT_EQ(player.table.state.GamesWon, 4);
+    expect_name_entry(player.table, false);
+    EXPECT_EQ(list_file(player), full.replace(full.find("9,3"), 3, "9,4"));
     EXPECT_EQ(player.table.state.WonSinceStart, 1);
-    EXPECT_EQ(list_file(player), format_best_times(player.table.state));
 }
 
 TEST(Win, CanComeFromTheWasteAndOnlyByDoubleClick) {
@@ -154,32 +146,14 @@ TEST(Win, CanComeFromTheWasteAndOnlyByDoubleClick) {
 }
 
 TEST(Win, PendingNameIsEnteredBeforeWhatOvertakesIt) {
-    const auto pending = [](Player& player) {
-        win(player, 77);
-        player.table.InName.Text = "Eva";
-    };
-    const auto expect_entered = [](const Player& player) {
-        EXPECT_EQ(player.table.state.BestTime(1), 77);
-        EXPECT_EQ(player.table.state.BestName(1), "Eva");
-        EXPECT_EQ(player.table.state.GamesWon, 1);
-        EXPECT_EQ(list_file(player), format_best_times(player.table.state));
-        EXPECT_FALSE(player.table.state.NameEntryOpen || player.table.Diddle.Visible ||
-                     player.table.FrBestzeiteintrag.Visible);
-    };
-    {
-        SCOPED_TRACE("declined, then confirmed deal");
-        Player player;
-        pending(player);
+    const auto deal_at_last = [](Player& player) {
         player.host.answers = {Answer::No};
         player.deal();
-        EXPECT_TRUE(player.table.state.NameEntryOpen);
-        EXPECT_EQ(player.table.state.BestTime(1), 0);
+        expect_name_entry(player.table, true);
         player.deal();
-        expect_entered(player);
-        EXPECT_EQ(player.table.state.DeckCount, 49);
-    }
-    using End = std::function<void(Player&)>;
-    const std::pair<End, bool> ends[] = {
+    };
+    const std::pair<std::function<void(Player&)>, bool> ends[] = {
+        {deal_at_last, false},
         {[](Player& player) { player.table.Command_Beenden.Click(); }, true},
         {[](Player& player) { player.host.close(player.table); }, true},
         {[](Player& player) { player.table.Saving(); }, false},
@@ -188,30 +162,15 @@ TEST(Win, PendingNameIsEnteredBeforeWhatOvertakesIt) {
         Player player;
         player.table.Saving();
         EXPECT_EQ(list_file(player), "");
-        pending(player);
+        win(player, 77);
+        player.table.InName.Text = "Eva";
         end(player);
-        expect_entered(player);
+        expect_name_entry(player.table, false);
+        EXPECT_EQ(player.table.state.GamesWon, 1);
+        EXPECT_EQ(list_file(player), format_best_times(player.table.state));
+        EXPECT_EQ(list_file(player).substr(0, 9), "77,\"Eva\",");
         EXPECT_EQ(player.host.has_quit, quits);
     }
-    SCOPED_TRACE("clearing");
-    Player player;
-    pending(player);
-    std::vector<std::string> written;
-    player.files.before = [&](const std::string& call) {
-        if (call == "sync") written.push_back(list_file(player));
-        return std::error_code{};
-    };
-    player.table.Comm_highscore.Click();
-    player.host.during_message = [&] { EXPECT_TRUE(player.table.state.NameEntryOpen); };
-    player.host.answers = {Answer::Cancel, Answer::Ok};
-    for (int times = 1; times <= 2; ++times) {
-        EXPECT_TRUE(player.table.state.NameEntryOpen);
-        shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
-    }
-    ASSERT_EQ(written.size(), 2U);
-    EXPECT_EQ(written[0].substr(0, 9), "77,\"Eva\",");
-    EXPECT_EQ(written[1].substr(0, 9), "0,\" \",\" \"");
-    EXPECT_FALSE(player.table.state.NameEntryOpen);
 }
 
 TEST(BestTimesWindow, IsASnapshotUntilShownAgain) {
@@ -241,27 +200,31 @@ TEST(BestTimesWindow, ClearsListAndCountersWhenConfirmed) {
     Player player(MemoryFiles("65,\"A\",\"d\"\r\n"));
     player.deal();
     win(player, 70);
-    player.enter_name("B");
+    player.table.InName.Text = "Eva";
+    std::vector<std::string> written;
+    player.files.before = [&](const std::string& call) {
+        if (call == "sync") written.push_back(list_file(player));
+        return std::error_code{};
+    };
     player.table.Comm_highscore.Click();
-    const std::string before = list_file(player);
     player.host.answers = {Answer::Cancel, Answer::Ok};
+    shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
+    EXPECT_TRUE(written.empty());
+    // Even if the window goes while its question is open.
+    player.host.during_message = [&] {
+        EXPECT_TRUE(player.table.state.NameEntryOpen);
+        player.host.close(*shown<Form_Highscore>(player, list_caption));
+    };
     shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
     EXPECT_EQ(
         player.host.messages.back(),
         NullHost::Message("Soll die Highscore-Liste wirklich gelöscht werden?", Buttons::OkCancel));
-    EXPECT_EQ(list_file(player), before);
-    EXPECT_EQ(player.table.state.BestTime(1), 65);
-
-    // Even if the window goes while its question is open.
-    player.host.during_message = [&] {
-        player.host.close(*shown<Form_Highscore>(player, list_caption));
-    };
-    shown<Form_Highscore>(player, list_caption)->Comm_clear_highscore.Click();
     std::string cleared;
-    for (int line = 1; line <= 31; ++line) {
+    for (int line = 1; line <= 31; ++line)
         cleared += line == 11 ? "0,0\r\n" : "0,\" \",\" \"\r\n";
-    }
-    EXPECT_EQ(list_file(player), cleared);
+    ASSERT_EQ(written.size(), 2U);
+    EXPECT_EQ(written[0].find("65,\"A\",\"d\"\r\n70,\"Eva\","), 0U);
+    EXPECT_EQ(written[1], cleared);
     const auto* list = shown<Form_Highscore>(player, list_caption);
     ASSERT_TRUE(list);
     EXPECT_EQ(list->RTB1.TextRTF,

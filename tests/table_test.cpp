@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 
 #include <gtest/gtest.h>
 
@@ -15,25 +14,13 @@ namespace {
 TEST(Table, ShowsNothingButButtonsAtStart) {
     Player player;
     const Form_Main& table = player.table;
-    for (const auto& row : table.Ih) {
-        for (const PictureElement& slot : row) {
-            EXPECT_FALSE(slot.Visible);
-            EXPECT_EQ(slot.Picture.path(), program_file("/nowhere", "Back_verdeckt.bmp"));
-        }
+    for (const Painted& item : table.canvas) {
+        auto* const* slot = std::get_if<PictureElement*>(&item);
+        EXPECT_TRUE(!slot || !(*slot)->Visible || (*slot)->Picture.path().empty());
     }
-    for (const auto& row : table.Iv) {
-        for (const PictureElement& slot : row)
-            EXPECT_FALSE(slot.Visible);
-    }
-    for (const PictureElement& slot : table.Stapel) {
-        EXPECT_TRUE(slot.Visible && slot.Picture.path().empty());
-    }
-    EXPECT_TRUE(table.Source.Visible && table.Source.Picture.path().empty());
-    EXPECT_TRUE(table.Source_Hide.Visible && table.Source_Hide.Picture.path().empty());
-    EXPECT_FALSE(table.zeiger.Visible || table.Diddle.Visible || table.Scull.Visible);
+    EXPECT_FALSE(table.Diddle.Visible || table.Scull.Visible);
     EXPECT_FALSE(table.FrBestzeiteintrag.Visible || table.FrBestzeiteintrag.Enabled);
     EXPECT_EQ(table.Status.Caption + table.Zeitanzeige.Caption, "");
-    EXPECT_EQ(table.zeiger.Picture.path(), program_file("/nowhere", "zeiger.bmp"));
     EXPECT_EQ(table.Diddle.Picture.path(), program_file("/nowhere", "diddle.jpg"));
     EXPECT_EQ(table.Scull.Picture.path(), program_file("/nowhere", "skull.gif"));
 }
@@ -46,12 +33,10 @@ TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
     }
     EXPECT_FALSE(game_dealt(player.table.state));
     EXPECT_TRUE(player.host.messages.empty());
-    EXPECT_FALSE(player.table.zeiger.Visible);
     EXPECT_EQ(player.table.Status.Caption, "");
 }
 
 TEST(Table, NamesNoPictureForWhatIsNoCard) {
-    EXPECT_EQ(CardPicturePath("d", 52), program_file("d", "Kreuz_K.bmp"));
     for (const CardNumber card : {-1, 0, 53})
         EXPECT_EQ(CardPicturePath("d", card), "");
 }
@@ -70,48 +55,103 @@ TEST(Table, LoadsItsPicturesAgainAtEachRefresh) {
     Player player;
     player.deal();
     const Form_Main& table = player.table;
-    const std::array shown{&table.Source, &table.Stapel(0), &table.Iv(1)(4)};
-    std::array<std::uint64_t, 3> before{};
-    const auto load_number = [](const auto* slot) { return slot->Picture.load_number(); };
-    std::transform(shown.begin(), shown.end(), before.begin(), load_number);
-    player.play("c5");
-    for (std::size_t i = 0; i < shown.size(); ++i)
-        EXPECT_GT(load_number(shown.at(i)), before.at(i));
+    for (const auto* slot : {&table.Source, &table.Stapel(0), &table.Iv(1)(4)}) {
+        const std::uint64_t before = slot->Picture.load_number();
+        player.play("c5");
+        EXPECT_GT(slot->Picture.load_number(), before);
+    }
 }
 
-TEST(Table, LetsTheMouseThroughThePointer) {
+TEST(Table, MakesClicksOfPresses) {
     Player player;
-    player.set_up("W H5");
-    player.play("waste");
-    player.click(player.table.zeiger.Left + 300, player.table.zeiger.Top + 200);
-    EXPECT_FALSE(player.table.zeiger.Visible);
-}
-
-TEST(Table, ClicksNeedPressAndReleaseOnOneElement) {
-    Player player;
-    player.set_up("1 H5; 2 P9");
+    player.set_up("1 H1; 2 P9; W H5");
     Mouse mouse(player.table);
-    mouse.press(200, 1900);
-    mouse.release(1400, 1900);
-    mouse.press(1250, 1900);  // between the columns
+    const auto expect = [&](const std::string& position) {
+        EXPECT_EQ(player.position(), print_position(parse_position(position)));
+    };
+    mouse.double_press(200, 1900);  // without a first it is one
     mouse.release(200, 1900);
-    mouse.release(200, 1900);
-    EXPECT_EQ(player.position(), print_position(parse_position("1 H5; 2 P9")));
-}
-
-TEST(Table, TakesASecondPressWithoutAFirstForAFirst) {
-    Player player;
-    player.set_up("1 H1");
-    Mouse mouse(player.table);
-    mouse.double_press(200, 1900);
-    mouse.release(200, 1900);
-    EXPECT_EQ(player.position(), print_position(parse_position("1 H1; sel 1")));
+    expect("1 H1; 2 P9; W H5; sel 1");
     mouse.forget_press();  // a box was clicked in between
     mouse.double_press(200, 1900);
     mouse.release(200, 1900);
-    EXPECT_EQ(player.position(), print_position(parse_position("1 H1")));
+    expect("1 H1; 2 P9; W H5");
     mouse.double_press(200, 1900);
-    EXPECT_EQ(player.position(), print_position(parse_position("F 1")));
+    expect("F 1; 2 P9; W H5");
+    mouse.press(1400, 1900);
+    mouse.release(200, 1900);
+    mouse.press(1250, 1900);  // between the columns
+    mouse.release(1400, 1900);
+    mouse.release(1400, 1900);
+    player.play("waste");
+    player.click(player.table.zeiger.Left + 300, player.table.zeiger.Top + 200);
+    expect("F 1; 2 P9; W H5");
+}
+
+using Elements = std::vector<const Element*>;
+
+/// The card slots of the table.
+Elements slots_of(const TableWindow& table) {
+    Elements slots{&table.Source_Hide, &table.Source};
+    const auto add = [&slots](const auto& row) {
+        for (const PictureElement& slot : row)
+            slots.push_back(&slot);
+    };
+    add(table.Stapel);
+    std::for_each(table.Ih.begin(), table.Ih.end(), add);
+    std::for_each(table.Iv.begin(), table.Iv.end(), add);
+    return slots;
+}
+
+template <typename Listed>
+Elements elements_of(const std::vector<Listed>& listed) {
+    Elements elements;
+    for (const Listed& item : listed) {
+        std::visit([&elements](const Element* element) { elements.push_back(element); }, item);
+    }
+    return elements;
+}
+
+TEST(Layout, ListsEveryElementOnceInItsOrder) {
+    const TableWindow table;
+    const BestTimesWindow list;
+    const HelpWindow help;
+    // Card slots never overlap one another, so only what may lie above them has its order.
+    Elements canvas = elements_of(table.canvas);
+    Elements slots = slots_of(table);
+    ASSERT_EQ(canvas.size(), slots.size() + 3);
+    EXPECT_EQ(Elements(canvas.end() - 3, canvas.end()),
+              (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige}));
+    canvas.resize(slots.size());
+    EXPECT_TRUE(std::is_permutation(slots.begin(), slots.end(), canvas.begin()));
+
+    EXPECT_EQ(elements_of(table.controls),
+              (Elements{&table.Command1, &table.FrBestzeiteintrag, &table.Comm_highscore,
+                        &table.Command3, &table.Command_Beenden, &table.Scull, &table.Diddle}));
+    EXPECT_EQ(elements_of(table.FrBestzeiteintrag.canvas), (Elements{&table.Label1, &table.Platz}));
+    EXPECT_EQ(elements_of(table.FrBestzeiteintrag.controls), Elements{&table.InName});
+    ASSERT_EQ(table.timers.size(), 1U);
+    EXPECT_EQ(table.timers.front(), &table.Timer1);
+    EXPECT_EQ(table.Timer1.Interval, 1000);
+    EXPECT_EQ(elements_of(list.controls),
+              (Elements{&list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore}));
+    EXPECT_EQ(elements_of(help.controls), Elements{&help.RichTextBox1});
+}
+
+TEST(Layout, KeepsEverythingWithinItsWindow) {
+    const TableWindow table;
+    const BestTimesWindow list;
+    const HelpWindow help;
+    for (const Form* form : std::initializer_list<const Form*>{&table, &list, &help}) {
+        for (const Elements& elements : {elements_of(form->canvas), elements_of(form->controls)}) {
+            for (const Element* element : elements) {
+                EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
+                // The help's view reaches a pixel beyond its window.
+                EXPECT_LE(element->Left + element->Width, form->ClientWidth + twips_per_pixel);
+                EXPECT_LE(element->Top + element->Height, form->ClientHeight + twips_per_pixel);
+            }
+        }
+    }
 }
 
 }  // namespace

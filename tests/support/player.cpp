@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "scores/best_times_format.h"
 #include "tests/support/position.h"
 #include "tests/support/table_check.h"
 #include "view/table_display.h"
@@ -23,11 +24,7 @@ Player::Player(std::uint64_t seed, const MemoryFiles& at_start)
 void Player::set_up(const std::string& position) {
     GameState& state = table.state;
     GameState placed = parse_position(position);
-    placed.BestTime = state.BestTime;
-    placed.BestName = state.BestName;
-    placed.BestDate = state.BestDate;
-    placed.GamesPlayed = state.GamesPlayed;
-    placed.GamesWon = state.GamesWon;
+    parse_best_times(format_best_times(state), placed);
     placed.PlayedSinceStart = state.PlayedSinceStart;
     placed.WonSinceStart = state.WonSinceStart;
     state = placed;
@@ -57,16 +54,14 @@ void Player::double_click(Twips x, Twips y) {
 
 void Player::play(const std::string& words) {
     std::istringstream in(words);
-    for (std::string word; in >> word;)
+    for (std::string word; in >> word;) {
         play_word(word);
+        check();
+    }
 }
 
 void Player::play_word(const std::string& word) {
-    if (word == "tick") {
-        table.Timer1.Tick();
-        check();
-        return;
-    }
+    if (word == "tick") return table.Timer1.Tick();
     const std::string place = word.substr(0, word.find('!'));
     const bool twice = place != word;
     const PictureElement* element = nullptr;
@@ -80,10 +75,7 @@ void Player::play_word(const std::string& word) {
         element = &table.Iv(row)(std::stoi(place.substr(1)) - 1);
     }
     ASSERT_TRUE(element->Visible) << word;
-    if (word.ends_with("!!")) {
-        element->DblClick();
-        return check();
-    }
+    if (word.ends_with("!!")) return element->DblClick();
     // Left and right in turn: two words in quick succession are never taken for a double click.
     on_the_left_ = !on_the_left_;
     const Twips x = element->Left + (on_the_left_ ? 300 : 900);

@@ -51,17 +51,10 @@ class Parser {
     }
 
     CardNumber take(const std::string& word) {
-        const std::size_t suit = suits.find(word.front());
-        for (std::size_t r = 0; suit != std::string::npos && r < ranks.size(); ++r) {
-            if (word.substr(1) != ranks[r]) continue;
-            return take(static_cast<CardNumber>(suit * 13 + r + 1));
+        for (CardNumber card = 1; card <= cards_per_deck; ++card) {
+            if (word == print_card(card) && --left_(card) >= 0) return card;
         }
-        throw std::invalid_argument("no card: " + word);
-    }
-
-    CardNumber take(CardNumber card) {
-        if (--left_(card) < 0) throw std::invalid_argument("a third " + print_card(card));
-        return card;
+        throw std::invalid_argument("no card, or a third one: " + word);
     }
 
     template <typename Pile>
@@ -74,7 +67,7 @@ class Parser {
         for (int f = 1; f <= foundations; ++f) {
             words >> state_.FoundationCount(f);
             for (int level = 1; level <= state_.FoundationCount(f); ++level) {
-                state_.FoundationCards(f)(level) = take((f - 1) % 4 * 13 + level);
+                state_.FoundationCards(f)(level) = take(print_card((f - 1) % 4 * 13 + level));
             }
         }
     }
@@ -83,9 +76,8 @@ class Parser {
         std::vector<CardNumber> run;
         for (std::string word; words >> word;) {
             if (word == "|") {
-                for (const CardNumber card : run) {
+                for (const CardNumber card : run)
                     state_.FaceDown(c)(++state_.FaceDownCount(c)) = card;
-                }
                 run.clear();
                 continue;
             }
@@ -101,8 +93,8 @@ class Parser {
 
     void fill_stock() {
         for (CardNumber card = 1; card <= cards_per_deck; ++card) {
-            while (left_(card) > 0)
-                state_.Deck(++state_.DeckCount) = take(card);
+            for (; left_(card) > 0; --left_(card))
+                state_.Deck(++state_.DeckCount) = card;
         }
     }
 

@@ -31,6 +31,7 @@ void expect_column(const Form_Main& table, const std::string& directory, int c) 
     for (int r = 1; r <= 9; ++r) {
         EXPECT_EQ(table.Ih(r)(c - 1).Visible, r <= down) << "strip " << r << " of column " << c;
         EXPECT_EQ(table.Ih(r)(c - 1).Top, 1680 + 120 * r);
+        EXPECT_EQ(file_of(table.Ih(r)(c - 1), directory), "Back_verdeckt.bmp");
     }
     for (int r = 2; r <= 13; ++r) {
         const PictureElement& slot = table.Iv(r)(c - 1);
@@ -71,10 +72,12 @@ void expect_table_shows(const Form_Main& table, const std::string& directory) {
         expect_column(table, directory, c);
     for (int f = 1; f <= foundations; ++f) {
         const int count = state.FoundationCount(f);
+        EXPECT_TRUE(table.Stapel(f - 1).Visible);
         EXPECT_EQ(file_of(table.Stapel(f - 1), directory),
                   count == 0 ? "Leer.bmp" : face_file(state.FoundationCards(f)(count)));
     }
     expect_pointer(table);
+    EXPECT_EQ(file_of(table.zeiger, directory), "zeiger.bmp");
     static const std::map<int, std::string> passes{{3, "1.Runde: 3 Karten heben"},
                                                    {2, "2.Runde: 2 Karten heben"},
                                                    {1, "3.Runde: 1 Karte heben"}};
