@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -36,38 +37,30 @@ Pixel paper_of(const Image& face) {
     return face.at(3, 20);
 }
 
-std::map<std::string, Image> faces(const std::string& suffix = ".bmp") {
+std::map<std::string, Image> faces(const std::string& scale) {
     std::map<std::string, Image> all;
     for (const std::string& suit : suits) {
         for (const std::string& rank : ranks)
-            all[suit + "_" + rank] = load(suit + "_" + rank + suffix);
+            all[suit + "_" + rank] = load(suit + "_" + rank + scale + ".bmp");
     }
     return all;
 }
 
-struct Format {
-    std::string stem;
-    std::string ending;
-    int width = 0;
-    int height = 0;
-    unsigned bits = 0;  // of BMP files
-};
-
 TEST(ShippedPictures, AreAllThereInTheirFormats) {
-    std::vector<Format> formats{
+    std::vector<std::tuple<std::string, std::string, int, int, unsigned>> formats{
         {"Leer", ".bmp", 72, 96, 24},         {"Back_ganz", ".bmp", 72, 96, 24},
         {"Back_verdeckt", ".bmp", 72, 8, 24}, {"zeiger", ".bmp", 45, 24, 32},
-        {"diddle", ".jpg", 228, 242},         {"skull", ".gif", 188, 140}};
-    for (const auto& face : faces())
-        formats.push_back({face.first, ".bmp", 72, 96, 24});
-    for (const Format& format : formats) {
+        {"diddle", ".jpg", 228, 242, 0},      {"skull", ".gif", 188, 140, 0}};
+    for (const auto& face : faces(""))
+        formats.emplace_back(face.first, ".bmp", 72, 96, 24);
+    for (const auto& [stem, ending, width, height, bits] : formats) {
         for (const int scale : {1, 2}) {
-            const std::string name = format.stem + (scale == 2 ? "@2x" : "") + format.ending;
+            const std::string name = stem + (scale == 2 ? "@2x" : "") + ending;
             const Image image = load(name);
-            EXPECT_EQ(image.width, format.width * scale) << name;
-            EXPECT_EQ(image.height, format.height * scale) << name;
-            if (format.bits == 0) continue;
-            EXPECT_EQ(read_bmp_header(read_file(shipped / name)).bits_per_pixel, format.bits);
+            EXPECT_EQ(image.width, width * scale) << name;
+            EXPECT_EQ(image.height, height * scale) << name;
+            if (bits == 0) continue;
+            EXPECT_EQ(read_bmp_header(read_file(shipped / name)).bits_per_pixel, bits);
         }
     }
 }
@@ -85,21 +78,21 @@ TEST(ShippedPictures, IconHoldsEverySizeAndThe256Colours) {
 }
 
 TEST(ShippedPictures, StandOnTheTableAsIfTheyWereOfIt) {
-    for (const char* suffix : {".bmp", "@2x.bmp"}) {
-        const Image pointer = load(std::string("zeiger") + suffix);
+    for (const std::string scale : {"", "@2x"}) {
+        const Image pointer = load("zeiger" + scale + ".bmp");
         EXPECT_EQ(pointer.at(0, 0).alpha, 0);
         EXPECT_EQ(pointer.at(pointer.width / 2, pointer.height / 2).alpha, 255);
-        auto cards = faces(suffix);
-        cards["Leer"] = load(std::string("Leer") + suffix);
-        const Image back = cards["Back_ganz"] = load(std::string("Back_ganz") + suffix);
+        auto cards = faces(scale);
+        cards["Leer"] = load("Leer" + scale + ".bmp");
+        const Image back = cards["Back_ganz"] = load("Back_ganz" + scale + ".bmp");
         for (const auto& [name, card] : cards) {
             for (const int x : {0, card.width - 1}) {
-                EXPECT_EQ(card.at(x, 0), table_green) << name << suffix;
-                EXPECT_EQ(card.at(x, card.height - 1), table_green) << name << suffix;
+                EXPECT_EQ(card.at(x, 0), table_green) << name << scale;
+                EXPECT_EQ(card.at(x, card.height - 1), table_green) << name << scale;
             }
         }
         // The strip is the back's top, and the card below goes on where it ends.
-        const Image strip = load(std::string("Back_verdeckt") + suffix);
+        const Image strip = load("Back_verdeckt" + scale + ".bmp");
         EXPECT_TRUE(std::equal(strip.pixels.begin(), strip.pixels.end(), back.pixels.begin()));
     }
 }
@@ -118,7 +111,7 @@ int strip_difference(const Image& first, const Image& second) {
 
 TEST(ShippedPictures, StripsTellTheirCardsInGrey) {
     constexpr int fewest_pixels = 15;
-    const auto all = faces();
+    const auto all = faces("");
     for (auto one = all.begin(); one != all.end(); ++one) {
         for (auto other = std::next(one); other != all.end(); ++other) {
             EXPECT_GE(strip_difference(one->second, other->second), fewest_pixels)
@@ -136,16 +129,18 @@ TEST(ShippedPictures, StripsTellTheirCardsInGrey) {
 // The commonest colour of the index that is not paper.
 Pixel ink_of(const Image& face) {
     std::map<std::array<std::uint8_t, 3>, int> counts;
+    Pixel ink;
+    int most = 0;
     for (int y = 2; y < index_rows; ++y) {
         for (int x = 3; x < index_columns; ++x) {
             const Pixel& pixel = face.at(x, y);
-            if (!(pixel == paper_of(face))) ++counts[{pixel.red, pixel.green, pixel.blue}];
+            const int count = ++counts[{pixel.red, pixel.green, pixel.blue}];
+            if (count <= most || pixel == paper_of(face)) continue;
+            most = count;
+            ink = pixel;
         }
     }
-    const auto commonest =
-        std::max_element(counts.begin(), counts.end(),
-                         [](const auto& a, const auto& b) { return a.second < b.second; });
-    return {commonest->first[0], commonest->first[1], commonest->first[2], 255};
+    return ink;
 }
 
 int colour_step(const Pixel& first, const Pixel& second) {

@@ -117,8 +117,7 @@ TEST_F(MouseOnWindow, ReachesAnElementUpToItsEdges) {
     for (const auto& [x, expected] : cases) {
         log.clear();
         driver().rest();
-        driver().press(form, {x, 15}, MouseButton::Left);
-        driver().release(form, {x, 15}, MouseButton::Left);
+        tap(form, {x, 15});
         driver().settle();
         EXPECT_EQ(log, expected) << x;
     }
@@ -137,10 +136,8 @@ TEST_F(MouseOnWindow, DoubleClickMayOpenABox) {
     show(form);
     driver().rest();
     when_box_opens([&] { driver().key(Key::Enter); });
-    const Point at{20, 20};
     for (int count = 0; count < 3; ++count) {
-        driver().press(form, at, MouseButton::Left);
-        driver().release(form, at, MouseButton::Left);
+        tap(form, {20, 20});
         driver().settle();
     }
     EXPECT_EQ(log, "xX!x");

@@ -10,16 +10,6 @@ constexpr double pixels(Twips twips) {
     return static_cast<double>(twips) / twips_per_pixel;
 }
 
-bool holds(const Container& container, const Element& element) {
-    for (const Control& control : container.controls) {
-        const auto is_it = [&](const auto* held) {
-            return static_cast<const Element*>(held) == &element;
-        };
-        if (std::visit(is_it, control)) return true;
-    }
-    return false;
-}
-
 void append_number(std::string& bytes, std::uint32_t number, int count = 4) {
     for (int i = 0; i < count; ++i)
         bytes += static_cast<char>(static_cast<unsigned char>(number >> (8U * unsigned(i))));
@@ -40,11 +30,6 @@ std::string bitmap_headers(int width, int height) {
     return bytes + std::string(48, '\0');
 }
 
-void append_pixel(std::string& bytes, Color color, std::uint32_t opacity) {
-    append_number(bytes,
-                  color.blue | color.green * 0x100U | color.red * 0x10000U | opacity * 0x1000000U);
-}
-
 }  // namespace
 
 Rectangle place_of(const Form& form, const Element& element) {
@@ -52,9 +37,13 @@ Rectangle place_of(const Form& form, const Element& element) {
         {pixels(element.Left), pixels(element.Top)}, pixels(element.Width), pixels(element.Height)};
     for (const Control& control : form.controls) {
         const auto* const* frame = std::get_if<Frame*>(&control);
-        if (!frame || !holds(**frame, element)) continue;
-        place.corner.x += pixels((*frame)->Left);
-        place.corner.y += pixels((*frame)->Top);
+        if (!frame) continue;
+        for (const Control& held : (*frame)->controls) {
+            if (std::visit([](const Element* inside) { return inside; }, held) != &element)
+                continue;
+            place.corner.x += pixels((*frame)->Left);
+            place.corner.y += pixels((*frame)->Top);
+        }
     }
     return place;
 }
@@ -64,6 +53,8 @@ TestForm::TestForm() {
     ClientWidth = 300 * twips_per_pixel;
     ClientHeight = 200 * twips_per_pixel;
     BackColor = red;
+    place(button, 0, 180, 80, 17);
+    controls = {&button};
 }
 
 PictureElement& TestForm::add_picture(int left, int top, int width, int height) {
@@ -81,8 +72,6 @@ void TestForm::place(Element& element, int left, int top, int width, int height)
 }
 
 EntryForm::EntryForm() {
-    place(button, 0, 180, 80, 17);
-    button.Caption = "neues Spiel";
     place(frame, 20, 20, 260, 100);
     frame.Caption = "Eintrag";
     frame.Visible = frame.Enabled = false;
@@ -112,11 +101,14 @@ bool FrontEnd::wait_until(const std::function<bool()>& condition) {
 }
 
 void FrontEnd::click(const Form& form, const Element& control) {
-    const Point at = place_of(form, control).centre();
     driver().rest();
+    tap(form, place_of(form, control).centre());
+    driver().settle();
+}
+
+void FrontEnd::tap(const Form& form, Point at) {
     driver().press(form, at, MouseButton::Left);
     driver().release(form, at, MouseButton::Left);
-    driver().settle();
 }
 
 void FrontEnd::press_key(Key key, Modifier modifier) {
@@ -137,18 +129,17 @@ void FrontEnd::expect_color(const Form& form, double x, double y, Color color) {
                            << int{seen.green} << ' ' << int{seen.blue};
 }
 
-std::string bitmap(int width, int height, Color left, Color right) {
+std::string bitmap(int width, int height, Color left, Color right, std::uint32_t opacity) {
     std::string bytes = bitmap_headers(width, height);
-    for (int i = 0; i < width * height; ++i)
-        append_pixel(bytes, i % width < width / 2 ? left : right, 0xFF);
+    for (int i = 0; i < width * height; ++i) {
+        const Color color = i % width < width / 2 ? left : right;
+        append_number(bytes, color.blue | color.green << 8U | color.red << 16U | opacity << 24U);
+    }
     return bytes;
 }
 
-std::string bitmap(int width, int height, Color color, bool clear) {
-    std::string bytes = bitmap_headers(width, height);
-    for (int i = 0; i < width * height; ++i)
-        append_pixel(bytes, color, clear ? 0 : 0xFF);
-    return bytes;
+std::string bitmap(int width, int height, Color color) {
+    return bitmap(width, height, color, color);
 }
 
 }  // namespace solvanta::test

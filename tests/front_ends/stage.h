@@ -16,7 +16,7 @@ inline constexpr Color green{0, 255, 0};
 inline constexpr Color blue{0, 0, 255};
 inline constexpr Color black{0, 0, 0};
 
-/// A small form: 300 x 200 pixels in red.
+/// A small form: 300 x 200 pixels in red, with a button at its lower edge.
 struct TestForm : Form {
     TestForm();
 
@@ -25,14 +25,14 @@ struct TestForm : Form {
     /// Puts an element somewhere; everything in pixels.
     static void place(Element& element, int left, int top, int width, int height);
 
+    CommandButton button;
     std::deque<PictureElement> pictures;
 };
 
-/// A small form with a button, and a hidden frame that asks for a name.
+/// A small form with a hidden frame that asks for a name.
 struct EntryForm : TestForm {
     EntryForm();
 
-    CommandButton button;
     Frame frame;
     TextBox box;
 };
@@ -55,6 +55,9 @@ class FrontEnd : public testing::Test {
     /// Clicks a control in its middle.
     void click(const Form& form, const Element& control);
 
+    /// Presses and releases the left button at once.
+    void tap(const Form& form, Point at);
+
     /// Presses and releases a key and lets that take effect.
     void press_key(Key key, Modifier modifier = Modifier::None);
 
@@ -68,10 +71,8 @@ class FrontEnd : public testing::Test {
 };
 
 /// The bytes of a bitmap, 32 bits to the pixel: the left half in one colour, the right half in the
-/// other.
-std::string bitmap(int width, int height, Color left, Color right);
-
-/// A bitmap of one colour; a `clear` one is transparent.
-std::string bitmap(int width, int height, Color color, bool clear = false);
+/// other, of an opacity up to 255.
+std::string bitmap(int width, int height, Color left, Color right, std::uint32_t opacity = 0xFF);
+std::string bitmap(int width, int height, Color color);
 
 }  // namespace solvanta::test

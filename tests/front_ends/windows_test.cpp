@@ -8,39 +8,37 @@ namespace {
 class Boxes : public FrontEnd {};
 
 TEST_F(Boxes, AskInGermanAndAnswer) {
-    const std::vector<std::string> yes_no{"Ja", "Nein"};
-    const std::vector<std::string> ok_cancel{"OK", "Abbrechen"};
-    const std::vector<std::string> ok{"OK"};
     const struct {
         Buttons buttons;
-        const std::vector<std::string>& captions;  // the default one first
-        std::optional<Key> key;                    // none: the close box
-        Answer answer;
+        std::vector<std::string> captions;                           // the default one first
+        std::vector<std::pair<std::optional<Key>, Answer>> answers;  // no key: the close box
     } cases[] = {
-        {Buttons::YesNo, yes_no, Key::Enter, Answer::Yes},
-        {Buttons::YesNo, yes_no, Key::Escape, Answer::No},
-        {Buttons::YesNo, yes_no, Key::N, Answer::No},
-        {Buttons::YesNo, yes_no, std::nullopt, Answer::No},
-        {Buttons::OkCancel, ok_cancel, Key::Enter, Answer::Ok},
-        {Buttons::OkCancel, ok_cancel, Key::Escape, Answer::Cancel},
-        {Buttons::OkCancel, ok_cancel, std::nullopt, Answer::Cancel},
-        {Buttons::Ok, ok, Key::Enter, Answer::Ok},
-        {Buttons::Ok, ok, Key::Escape, Answer::Ok},
+        {Buttons::YesNo,
+         {"Ja", "Nein"},
+         {{Key::Enter, Answer::Yes},
+          {Key::Escape, Answer::No},
+          {Key::N, Answer::No},
+          {{}, Answer::No}}},
+        {Buttons::OkCancel,
+         {"OK", "Abbrechen"},
+         {{Key::Enter, Answer::Ok}, {Key::Escape, Answer::Cancel}, {{}, Answer::Cancel}}},
+        {Buttons::Ok, {"OK"}, {{Key::Enter, Answer::Ok}, {Key::Escape, Answer::Ok}}},
     };
-    for (const auto& test : cases) {
-        start_anew();
-        TestForm form;
-        show(form);
-        when_box_opens([&] {
-            const BoxLook box = *driver().box();
-            EXPECT_EQ(box.title, "Solvanta");
-            EXPECT_EQ(box.text, "<b>Größe?</b>");
-            EXPECT_EQ(box.buttons, test.captions);
-            if (!test.key) return driver().close_box();
-            driver().key(*test.key, test.key == Key::N ? Modifier::Alt : Modifier::None);
-        });
-        EXPECT_EQ(host().message("<b>Größe?</b>", test.buttons), test.answer)
-            << test.captions.front();
+    for (const auto& [buttons, captions, answers] : cases) {
+        for (const auto& [key, answer] : answers) {
+            start_anew();
+            TestForm form;
+            show(form);
+            when_box_opens([&, key = key] {
+                const BoxLook box = *driver().box();
+                EXPECT_EQ(box.title, "Solvanta");
+                EXPECT_EQ(box.text, "<b>Größe?</b>");
+                EXPECT_EQ(box.buttons, captions);
+                if (!key) return driver().close_box();
+                driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
+            });
+            EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions.front();
+        }
     }
 }
 
@@ -74,8 +72,7 @@ TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
     int ticks_before = 0;
     when_box_opens([&] {
         ticks_before = ticks;
-        driver().press(form, {20, 20}, MouseButton::Left);
-        driver().release(form, {20, 20}, MouseButton::Left);
+        tap(form, {20, 20});
     });
     when_box_opens(
         [&] {
@@ -169,11 +166,7 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         show(other);
         show(form);
         when_box_opens([&] { by_the_desktop ? driver().close(form.Caption) : form.Closed(); });
-        driver().later(0, [&] {
-            const Point at = place_of(form, form.button).centre();
-            driver().press(form, at, MouseButton::Left);
-            driver().release(form, at, MouseButton::Left);
-        });
+        driver().later(0, [&] { tap(form, place_of(form, form.button).centre()); });
         EXPECT_TRUE(driver().run());
         EXPECT_EQ(log, "closed no ok ");
         EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe"));
