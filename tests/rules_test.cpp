@@ -171,7 +171,11 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         // The suit's cards under another suit's number.
         {foundations, "F 2 2",
          [](GameState& s) { std::swap(s.FoundationCards(1), s.FoundationCards(2)); }},
-        {flags, sound, [](GameState& s) { s.GameWon = true, s.ClockRunning = false; }},
+        {flags, "S; F 13 13 13 13 13 13 13 12; 1 XK",
+         [](GameState& s) {
+             s.GameWon = true;
+             s.ClockRunning = false;
+         }},
         {flags, sound, [](GameState& s) { s.NameEntryOpen = true; }},
         {flags, "F 13 13 13 13 13 13 13 13", [](GameState& s) { s.GameWon = true; }},
         {"the clock is negative", sound, [](GameState& s) { s.Seconds = -1; }},

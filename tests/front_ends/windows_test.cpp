@@ -147,8 +147,8 @@ TEST_F(Windows, ComeToTheFrontAtTheirSize) {
     }
 }
 
-// Whatever ends the program while a box is open ends the box too; the handler below it runs to
-// its end.
+// A desktop that saves its state ends nothing. Whatever ends the program while a box is open ends
+// the box too; the handler below it runs to its end.
 TEST_F(Windows, EndTheProgramEvenBelowABox) {
     for (const bool by_the_desktop : {true, false}) {
         start_anew();
@@ -156,6 +156,7 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         TestForm other;
         other.Caption = "Hilfe";
         std::string log;
+        form.Saving = [&] { log += "saving "; };
         form.Closed = [&] { log += "closed ", host().quit(); };
         form.button.Click = [&] {
             log += host().message("Neues Spiel?", Buttons::YesNo) == Answer::No ? "no " : "yes ";
@@ -164,67 +165,41 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         };
         show(form);
         show(other);
+        driver().save_desktop();
+        driver().settle();
         show(form);
         when_box_opens([&] { by_the_desktop ? driver().close(form.Caption) : form.Closed(); });
         driver().later(0, [&] { tap(form, place_of(form, form.button).centre()); });
         EXPECT_TRUE(driver().run());
-        EXPECT_EQ(log, "closed no ok ");
+        EXPECT_EQ(log, "saving closed no ok ");
         EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe"));
     }
 }
 
-TEST_F(Windows, HearThatTheDesktopSavesAndStay) {
+class Timers : public FrontEnd {};
+
+// A timer set anew after each handler would need 90 ms for each tick of 40 ms.
+TEST_F(Timers, NeitherDriftNorMakeUpForLostTime) {
+    using namespace std::chrono;
     TestForm form;
-    TestForm other;
-    other.Caption = "Hilfe";
-    std::string log;
-    form.Closed = [&] { log += "closed "; };
-    form.Saving = [&] { log += "saving "; };
-    show(form);
-    show(other);
-    driver().save_desktop();
-    driver().settle();
-    EXPECT_EQ(log, "saving ");
-    EXPECT_TRUE(driver().window("Probe") && driver().window("Hilfe"));
-}
-
-class Timers : public FrontEnd {
-  protected:
-    /// Has the form's timer tick every 50 ms, its handler busy for `busy(tick)` ms.
-    void start(TestForm& form, const std::function<int(int)>& busy) {
-        timer_.Interval = 50;
-        timer_.Tick = [this, busy] {
-            using namespace std::chrono;
-            const auto until = steady_clock::now() + milliseconds(busy(++ticks));
-            while (steady_clock::now() < until) {
-            }
-        };
-        form.timers = {&timer_};
-        host().show(form);
-    }
-
+    Timer timer;
     int ticks = 0;
-
-  private:
-    Timer timer_;
-};
-
-// A timer set anew after each handler would need 90 ms a tick.
-TEST_F(Timers, DoNotDrift) {
-    TestForm form;
-    const auto start_of_all = std::chrono::steady_clock::now();
-    start(form, [](int) { return 40; });
-    ASSERT_TRUE(wait_until([&] { return ticks >= 40; }));
-    EXPECT_LT(std::chrono::steady_clock::now() - start_of_all, std::chrono::milliseconds(3000));
-}
-
-TEST_F(Timers, DoNotMakeUpForLostTime) {
-    TestForm form;
-    start(form, [](int tick) { return tick == 1 ? 600 : 0; });
+    timer.Interval = 50;
+    timer.Tick = [&ticks] {
+        const milliseconds busy(++ticks == 1 ? 600 : ticks <= 10 ? 0 : 40);
+        for (const auto start = steady_clock::now(); steady_clock::now() < start + busy;) {
+        }
+    };
+    form.timers = {&timer};
+    host().show(form);
     ASSERT_TRUE(wait_until([&] { return ticks >= 1; }));
     driver().wait(120);
     EXPECT_GE(ticks, 2);
     EXPECT_LE(ticks, 7);
+    ASSERT_TRUE(wait_until([&] { return ticks >= 10; }));
+    const auto start = steady_clock::now();
+    ASSERT_TRUE(wait_until([&] { return ticks >= 50; }));
+    EXPECT_LT(steady_clock::now() - start, milliseconds(3000));
 }
 
 }  // namespace

@@ -7,33 +7,19 @@
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
+#include "rich_text/rtf_reader.h"
+
 namespace solvanta::qt {
 namespace {
 
-RichParagraph paragraph(std::string text, const CharacterLook& look = {}) {
-    RichParagraph result;
-    result.runs.push_back({std::move(text), look});
-    return result;
-}
-
 TEST(RichTextView, GivesTheDocumentItsLook) {
-    RichDocument document;
-    document.fonts = {{"Own", FontKind::FixedPitch}};
-    document.paragraphs = {paragraph("plain"), paragraph("x", {.font = 0,
-                                                               .half_points = 21,
-                                                               .ink = Color{255, 0, 16},
-                                                               .paper = Color{1, 2, 3},
-                                                               .bold = true,
-                                                               .script = Script::Super})};
-    document.paragraphs[0].layout.after = 60;
-    document.paragraphs[1].layout = {.alignment = ParagraphAlignment::Right,
-                                     .left = 720,
-                                     .right = 360,
-                                     .first_line = -360,
-                                     .before = 30,
-                                     .line_spacing = 360,
-                                     .line_spacing_factor = true,
-                                     .tabs = {{300, Alignment::Centered}}};
+    auto document =
+        read_rtf(
+            R"({\rtf1{\fonttbl{\f0\fmodern Own;}}{\colortbl;\red255\blue16;\red1\green2\blue3;})"
+            R"(\sa60 plain\par\pard\qr\li720\ri360\fi-360\sb30\sl360\slmult1\tqc\tx1020)"
+            R"(\f0\fs21\b\super\cf1\highlight2 x})")
+            .value();
+    document.paragraphs[0].runs[0].look = {};
     QTextDocument shown("old");
     show_rich_text(document, shown);
     EXPECT_EQ(shown.toPlainText(), "plain\nx");
@@ -57,16 +43,19 @@ TEST(RichTextView, GivesTheDocumentItsLook) {
     EXPECT_EQ(layout.topMargin(), 6);
     EXPECT_EQ(layout.lineHeight(), 150);
     EXPECT_EQ(layout.lineHeightType(), QTextBlockFormat::ProportionalHeight);
-    EXPECT_EQ(layout.tabPositions(), QList({QTextOption::Tab(20, QTextOption::CenterTab)}));
+    EXPECT_EQ(layout.tabPositions(), QList({QTextOption::Tab(24, QTextOption::LeftTab),
+                                            QTextOption::Tab(44, QTextOption::CenterTab)}));
 }
 
 // Higher documents would never be laid out.
 TEST(RichTextView, LeavesOutWhatIsTooHigh) {
-    RichParagraph tall = paragraph("");
+    RichParagraph tall;
     tall.mark.half_points = 400;
-    RichParagraph wide = paragraph("");
+    RichParagraph tall_text;
+    tall_text.runs.push_back({"a", {.half_points = 400}});
+    RichParagraph wide;
     wide.layout.before = 2880;
-    for (const RichParagraph& part : {tall, paragraph("a", {.half_points = 400}), wide}) {
+    for (const RichParagraph& part : {tall, tall_text, wide}) {
         RichDocument document;
         document.paragraphs.assign(100'000, part);
         QTextDocument shown;

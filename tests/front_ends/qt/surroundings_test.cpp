@@ -1,4 +1,6 @@
+#include <array>
 #include <csignal>
+#include <tuple>
 
 #include <QByteArray>
 #include <QLocale>
@@ -14,36 +16,27 @@ namespace solvanta::qt {
 namespace {
 
 TEST(LocaleTexts, AreThoseOfTheUser) {
-    const struct {
-        const char* locale;
-        const char* january;
-        const char* december;
-        const char* between_hour_and_minute;
-        const char* decimal;
-    } cases[] = {
+    const std::array<const char*, 5> cases[] = {
+        // January, December, between hour and minute, between units and tenths
         {"C", "Jan", "Dec", ":", "."},        {"de_DE", "Jan", "Dez", ":", ","},
         {"en_US", "Jan", "Dec", ":", "."},    {"fi_FI", "tammik", "jouluk", ".", ","},
         {"fr_CA", "janv", "déc", " h ", ","}, {"da_DK", "jan", "dec", ".", ","},
     };
-    for (const auto& test : cases) {
-        LocaleTexts texts = texts_of(QLocale(test.locale));
+    for (const auto& [locale, january, december, in_times, in_numbers] : cases) {
+        LocaleTexts texts = texts_of(QLocale(locale));
         // Some versions write a no-break space.
         const QString between =
             QString::fromStdString(texts.time_separator).replace(u'\u00a0', ' ');
-        EXPECT_EQ(texts.month_abbreviations.front(), test.january) << test.locale;
-        EXPECT_EQ(texts.month_abbreviations.back(), test.december) << test.locale;
-        EXPECT_EQ(between, test.between_hour_and_minute) << test.locale;
-        EXPECT_EQ(texts.decimal_separator, test.decimal) << test.locale;
+        EXPECT_EQ(texts.month_abbreviations.front(), january) << locale;
+        EXPECT_EQ(texts.month_abbreviations.back(), december) << locale;
+        EXPECT_EQ(between, in_times) << locale;
+        EXPECT_EQ(texts.decimal_separator, in_numbers) << locale;
     }
 }
 
 TEST(DisplayProbe, AsksWhatQtWouldUse) {
-    const struct {
-        const char* platform;
-        const char* x_display;
-        const char* wayland_display;
-        bool available;
-    } cases[] = {
+    // The platform, the display of X, that of Wayland, whether there is one.
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"", "", "", false},
         {"", ":9999", "", false},
         {"", "", "no-such-socket", false},
@@ -54,11 +47,11 @@ TEST(DisplayProbe, AsksWhatQtWouldUse) {
         {"xcb;offscreen", ":9999", "", true},
     };
     const QByteArray before = qgetenv("QT_QPA_PLATFORM");
-    for (const auto& test : cases) {
-        qputenv("QT_QPA_PLATFORM", test.platform);
-        qputenv("DISPLAY", test.x_display);
-        qputenv("WAYLAND_DISPLAY", test.wayland_display);
-        EXPECT_EQ(display_available(), test.available) << test.platform << ' ' << test.x_display;
+    for (const auto& [platform, x_display, wayland_display, available] : cases) {
+        qputenv("QT_QPA_PLATFORM", platform);
+        qputenv("DISPLAY", x_display);
+        qputenv("WAYLAND_DISPLAY", wayland_display);
+        EXPECT_EQ(display_available(), available) << platform << ' ' << x_display;
     }
     qputenv("QT_QPA_PLATFORM", before);
 }
