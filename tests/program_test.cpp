@@ -100,16 +100,15 @@ TEST(Win, TakesTheRoadIntoTheList) {
     expect_name_entry(table, false);
     EXPECT_EQ(state.BestTime(3), 120);
     EXPECT_EQ(state.BestName(3) + state.BestDate(3), " J\xF6rg \x94\x80\x94 1. M\xE4r 2026 0:05");
-    EXPECT_EQ(state.GamesWon, 1);
-    EXPECT_EQ(state.WonSinceStart, 1);
+    EXPECT_EQ(std::pair(state.GamesWon, state.WonSinceStart), std::pair(1, 1));
     EXPECT_EQ(list_file(player), format_best_times(state));
     EXPECT_EQ(table.InName.Text, " Jörg \"€\" ");
 
-    const std::size_t calls = player.files.calls.size();
+    const std::string file_at_win = list_file(player);
     player.enter_name("again");
     player.play("c4! waste! c5!!");
     EXPECT_FALSE(state.NameEntryOpen);
-    EXPECT_EQ(player.files.calls.size(), calls);
+    EXPECT_EQ(list_file(player), file_at_win);
     win(player, 50);
     EXPECT_EQ(table.Platz.Caption, "Platz: 1");
     player.enter_name("");

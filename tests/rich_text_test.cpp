@@ -1,3 +1,5 @@
+#include <array>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -36,13 +38,9 @@ std::string text_of(std::string_view rtf) {
 }
 
 std::string to_text(const Color& color) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text = "#";
-    for (const unsigned part : {color.red, color.green, color.blue}) {
-        text += digits[part / 16];
-        text += digits[part % 16];
-    }
-    return text;
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", color.red, color.green, color.blue);
+    return text.data();
 }
 
 /// The look of the run with the character "x", in the order of the conditions below.

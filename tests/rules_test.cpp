@@ -67,6 +67,7 @@ TEST(Rules, SelectionAndMoves) {
         {"a fitting waste card waits for it", "W H4; 1 H2 | P5?", "waste c1 c1", "1 H2 | P5 H4"},
         {"an unfit one stays selected", "W H7; 1 H2 | P5?", "waste c1", "W H7; 1 H2 | P5; sel 0"},
         {"a selected column waits for it", "1 H2 | P5?; 2 H4 X3", "c2 c1 c1", "1 H2 | P5 H4 X3"},
+        {"where no card is open one is turned", "3 H1 H2 |; 5 H6 |", "", "3 H1 | H2?; 5 H6?"},
         {"a fitting run fits either twin", "1 P9; 2 K10; 3 K10", "c1 c3", "2 K10; 3 K10 P9"},
         {"up to thirteen", "1 HK; 2 PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1", "c2 c1",
          "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1"},

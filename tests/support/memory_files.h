@@ -5,7 +5,6 @@
 #include <map>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "scores/durable_file.h"
 #include "view/pictures.h"
@@ -32,18 +31,15 @@ class MemoryFiles : public FileCalls {
     }
 
     std::error_code create(const std::string& path) override {
-        if (const auto error = begin("create")) return error;
-        written_ = &files[path];
-        written_->clear();
-        position_ = 0;
-        return {};
+        const auto error = begin("create");
+        if (!error) start(files[path] = "");
+        return error;
     }
 
     std::error_code open(const std::string& path) override {
-        if (const auto error = begin("open")) return error;
-        written_ = &files.at(path);
-        position_ = 0;
-        return {};
+        const auto error = begin("open");
+        if (!error) start(files.at(path));
+        return error;
     }
 
     std::error_code write(std::string_view bytes) override {
@@ -57,9 +53,9 @@ class MemoryFiles : public FileCalls {
     }
 
     std::error_code cut() override {
-        if (const auto error = begin("cut")) return error;
-        written_->resize(position_);
-        return {};
+        const auto error = begin("cut");
+        if (!error) written_->resize(position_);
+        return error;
     }
 
     std::error_code flush() override { return begin("flush"); }
@@ -67,10 +63,9 @@ class MemoryFiles : public FileCalls {
     std::error_code close() override { return begin("close"); }
 
     std::error_code rename(const std::string& from, const std::string& to) override {
-        if (const auto error = begin("rename")) return error;
-        files[to] = files.at(from);
-        files.erase(from);
-        return {};
+        const auto error = begin("rename");
+        if (!error) files[to] = files.extract(from).mapped();
+        return error;
     }
 
     std::string resolve(const std::string& path) override { return path; }
@@ -85,13 +80,16 @@ class MemoryFiles : public FileCalls {
     }
 
     std::map<std::string, std::string> files;
-    std::vector<std::string> calls;
     std::function<std::error_code(const std::string& call)> before;
 
   private:
-    std::error_code begin(const std::string& call) {
-        calls.push_back(call);
+    std::error_code begin(const std::string& call) const {
         return before ? before(call) : std::error_code{};
+    }
+
+    void start(std::string& file) {
+        written_ = &file;
+        position_ = 0;
     }
 
     std::string* written_ = nullptr;

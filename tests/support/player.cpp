@@ -1,15 +1,97 @@
 #include "tests/support/player.h"
 
+#include <algorithm>
+#include <map>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "scores/best_times_format.h"
 #include "tests/support/position.h"
-#include "tests/support/table_check.h"
+#include "view/pictures.h"
 #include "view/table_display.h"
 
 namespace solvanta::test {
+namespace {
+
+std::string face_file(CardNumber card) {
+    const std::string printed = print_card(card);
+    static const std::map<char, std::string> words{
+        {'H', "Herz_"}, {'P', "Pick_"}, {'K', "Karo_"}, {'X', "Kreuz_"}};
+    return words.at(printed[0]) + printed.substr(1) + ".bmp";
+}
+
+std::string file_of(const PictureElement& element, const std::string& directory) {
+    const std::string& path = element.Picture.path();
+    EXPECT_EQ(path.substr(0, directory.size() + 1), program_file(directory, ""));
+    return path.substr(directory.size() + 1);
+}
+
+void expect_column(const Form_Main& table, const std::string& directory, int c) {
+    const GameState& state = table.state;
+    const int down = state.FaceDownCount(c);
+    const int up = state.FaceUpCount(c);
+    for (int r = 1; r <= 9; ++r) {
+        EXPECT_EQ(table.Ih(r)(c - 1).Visible, r <= down) << "strip " << r << " of column " << c;
+        EXPECT_EQ(table.Ih(r)(c - 1).Top, 1680 + 120 * r);
+        EXPECT_EQ(file_of(table.Ih(r)(c - 1), directory), "Back_verdeckt.bmp");
+    }
+    for (int r = 2; r <= 13; ++r) {
+        const PictureElement& slot = table.Iv(r)(c - 1);
+        ASSERT_EQ(slot.Visible, r <= up) << "card " << r << " of column " << c;
+        if (!slot.Visible) continue;
+        EXPECT_EQ(file_of(slot, directory), face_file(state.FaceUp(c)(r)));
+        EXPECT_EQ(slot.Top, 1800 + 120 * down + 240 * (up - r));
+        EXPECT_EQ(slot.Width, 1080);
+        EXPECT_EQ(slot.Height, 240);
+        EXPECT_TRUE(slot.CutToHeight);
+    }
+    const PictureElement& front = table.Iv(1)(c - 1);
+    ASSERT_TRUE(front.Visible) << "column " << c;
+    EXPECT_FALSE(front.CutToHeight);
+    EXPECT_EQ(front.Left, 1200 * c - 1080);
+    EXPECT_EQ(front.Top, up == 0 ? 1800 : 1800 + 120 * down + 240 * (up - 1));
+    EXPECT_EQ(file_of(front, directory), up == 0            ? "Leer.bmp"
+                                         : state.Covered(c) ? "Back_ganz.bmp"
+                                                            : face_file(state.FaceUp(c)(1)));
+}
+
+void expect_pointer(const Form_Main& table) {
+    const auto& selected = table.state.Selected;
+    const auto slot = std::find(selected.begin(), selected.end(), true);
+    ASSERT_EQ(table.zeiger.Visible, slot != selected.end());
+    if (!table.zeiger.Visible) return;
+    const int c = static_cast<int>(slot - selected.begin());
+    EXPECT_EQ(table.zeiger.Left, c == 0 ? 11370 : 1200 * c - 870);
+    EXPECT_EQ(table.zeiger.Top, c == 0 ? 20 : 1440);
+}
+
+/// Holds every element of a dealt table against the record: pictures, places, visibility, the
+/// pointer, the status line.
+void expect_table_shows(const Form_Main& table, const std::string& directory) {
+    const GameState& state = table.state;
+    if (!game_dealt(state)) return;
+    for (int c = 1; c <= columns; ++c)
+        expect_column(table, directory, c);
+    for (int f = 1; f <= foundations; ++f) {
+        const int count = state.FoundationCount(f);
+        EXPECT_TRUE(table.Stapel(f - 1).Visible);
+        EXPECT_EQ(file_of(table.Stapel(f - 1), directory),
+                  count == 0 ? "Leer.bmp" : face_file(state.FoundationCards(f)(count)));
+    }
+    expect_pointer(table);
+    EXPECT_EQ(file_of(table.zeiger, directory), "zeiger.bmp");
+    static const std::map<int, std::string> passes{{3, "1.Runde: 3 Karten heben"},
+                                                   {2, "2.Runde: 2 Karten heben"},
+                                                   {1, "3.Runde: 1 Karte heben"}};
+    EXPECT_EQ(table.Status.Caption, passes.at(state.DrawSize));
+    EXPECT_EQ(file_of(table.Source, directory),
+              state.WasteCount == 0 ? "Leer.bmp" : face_file(state.Waste(state.WasteCount)));
+    EXPECT_EQ(file_of(table.Source_Hide, directory),
+              state.DeckCount == 0 ? "Leer.bmp" : "Back_ganz.bmp");
+}
+
+}  // namespace
 
 Player::Player(std::uint64_t seed) : Player(seed, MemoryFiles()) {}
 

@@ -103,25 +103,6 @@ class Parser {
     bool stock_given_ = false;
 };
 
-template <typename Pile>
-void print_pile(std::ostream& out, const char* key, const Pile& pile, int count) {
-    out << "; " << key;
-    for (int i = 1; i <= count; ++i)
-        out << ' ' << print_card(pile(i));
-}
-
-void print_column(std::ostream& out, const GameState& state, int c) {
-    if (state.FaceUpCount(c) == 0 && state.FaceDownCount(c) == 0) return;
-    out << "; " << c;
-    for (int r = 1; r <= state.FaceDownCount(c); ++r) {
-        out << ' ' << print_card(state.FaceDown(c)(r));
-    }
-    if (state.FaceDownCount(c) > 0) out << " |";
-    for (int r = state.FaceUpCount(c); r >= 1; --r)
-        out << ' ' << print_card(state.FaceUp(c)(r));
-    if (state.Covered(c)) out << '?';
-}
-
 }  // namespace
 
 std::string print_card(CardNumber card) {
@@ -135,19 +116,31 @@ GameState parse_position(std::string_view text) {
 }
 
 std::string print_position(const GameState& state) {
-    std::ostringstream out;
-    out << "D " << state.DrawSize;
-    print_pile(out, "S", state.Deck, state.DeckCount);
-    print_pile(out, "W", state.Waste, state.WasteCount);
-    out << "; F";
+    std::string text = "D " + std::to_string(state.DrawSize);
+    const auto print = [&text](const auto& cards, int count) {
+        for (int i = 1; i <= count; ++i)
+            text += ' ' + print_card(cards(i));
+    };
+    text += "; S";
+    print(state.Deck, state.DeckCount);
+    text += "; W";
+    print(state.Waste, state.WasteCount);
+    text += "; F";
     for (const int count : state.FoundationCount)
-        out << ' ' << count;
-    for (int c = 1; c <= columns; ++c)
-        print_column(out, state, c);
-    for (int slot = 0; slot <= columns; ++slot) {
-        if (state.Selected(slot)) out << "; sel " << slot;
+        text += ' ' + std::to_string(count);
+    for (int c = 1; c <= columns; ++c) {
+        if (state.FaceUpCount(c) + state.FaceDownCount(c) == 0) continue;
+        text += "; " + std::to_string(c);
+        print(state.FaceDown(c), state.FaceDownCount(c));
+        if (state.FaceDownCount(c) > 0) text += " |";
+        for (int r = state.FaceUpCount(c); r >= 1; --r)
+            text += ' ' + print_card(state.FaceUp(c)(r));
+        if (state.Covered(c)) text += '?';
     }
-    return out.str();
+    for (int slot = 0; slot <= columns; ++slot) {
+        if (state.Selected(slot)) text += "; sel " + std::to_string(slot);
+    }
+    return text;
 }
 
 }  // namespace solvanta::test
