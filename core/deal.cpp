@@ -1,6 +1,5 @@
 #include "core/deal.h"
 
-#include <algorithm>
 #include <cassert>
 
 namespace solvanta {
@@ -30,18 +29,15 @@ CardNumber DrawCard(GameState& state) {
 }
 
 void shuffle(GameState& state, const RandomSource& random) {
-    auto& deck = state.Deck;
-    deck.fill(0);
+    Bounded<bool, 1, cards_in_game> drawn;
     state.DeckCount = cards_in_game;
-    for (int i = 1; i <= cards_in_game; ++i) {
+    for (CardNumber& card : state.Deck) {
         int candidate = 0;
         do {
             candidate = static_cast<int>(random() * cards_in_game) + 1;
-        } while (std::find(deck.begin(), deck.end(), candidate) != deck.end());
-        deck(i) = candidate;
-    }
-    for (CardNumber& card : deck) {
-        if (card > cards_per_deck) card -= cards_per_deck;
+        } while (drawn(candidate));
+        drawn(candidate) = true;
+        card = candidate > cards_per_deck ? candidate - cards_per_deck : candidate;
     }
 }
 
