@@ -1,7 +1,7 @@
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -52,35 +52,43 @@ class OpenFile {
     int file_;
 };
 
-std::error_code check_regular(int file, off_t limit = std::numeric_limits<off_t>::max()) {
+std::error_code check_regular(int file, std::size_t& size) {
     struct stat status {};
     if (::fstat(file, &status) != 0) return last_error();
     if (S_ISDIR(status.st_mode)) return std::make_error_code(std::errc::is_a_directory);
     if (!S_ISREG(status.st_mode)) return std::make_error_code(std::errc::invalid_argument);
-    if (status.st_size > limit) return std::make_error_code(std::errc::file_too_large);
+    size = static_cast<std::size_t>(status.st_size);
+    return {};
+}
+
+/// After an error `bytes` may be anything.
+std::error_code read_whole(int file, std::size_t limit, std::string& bytes) {
+    std::size_t size = 0;
+    if (const std::error_code error = check_regular(file, size)) return error;
+    if (size > limit) return std::make_error_code(std::errc::file_too_large);
+    std::size_t length = 0;
+    bytes.resize(std::min(size + 1, limit));  // with room to meet the end in
+    while (length < bytes.size()) {
+        const ssize_t got = retry_interrupted(
+            [&] { return ::read(file, bytes.data() + length, bytes.size() - length); });
+        if (got < 0) return last_error();
+        if (got == 0) break;
+        length += static_cast<std::size_t>(got);
+        if (length == bytes.size()) bytes.resize(std::min(2 * length, limit));
+    }
+    bytes.resize(length);
     return {};
 }
 
 class PosixCalls final : public FileCalls {
   public:
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {
-        bytes.clear();
         // Without O_NONBLOCK a pipe of this name would hold up the program for ever.
         const OpenFile file(path, O_RDONLY | O_NONBLOCK);
-        if (file.get() < 0) return last_error();
-        const std::error_code error = check_regular(file.get(), static_cast<off_t>(limit));
-        if (error) return error;
-        std::string buffer(limit, '\0');
-        std::size_t length = 0;
-        while (length < limit) {
-            const ssize_t got = retry_interrupted(
-                [&] { return ::read(file.get(), buffer.data() + length, limit - length); });
-            if (got < 0) return last_error();
-            if (got == 0) break;
-            length += static_cast<std::size_t>(got);
-        }
-        bytes.assign(buffer, 0, length);
-        return {};
+        const std::error_code error =
+            file.get() < 0 ? last_error() : read_whole(file.get(), limit, bytes);
+        if (error) bytes.clear();
+        return error;
     }
 
     std::error_code create(const std::string& path) override {
@@ -96,7 +104,8 @@ class PosixCalls final : public FileCalls {
         file_ = retry_interrupted(
             [&] { return ::open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC); });
         if (file_ < 0) return last_error();
-        const std::error_code error = check_regular(file_);
+        std::size_t size = 0;
+        const std::error_code error = check_regular(file_, size);
         if (error) close();
         return error;
     }
