@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -135,6 +136,10 @@ struct Frame : Element, Container {
     std::string Caption;
     bool Enabled = true;
 };
+
+/// Adds the numbers of the picture loads that the elements of `container` hold to `loads`, those of
+/// its frames included.
+void collect_loads(const Container& container, std::set<std::uint64_t>& loads);
 
 enum class OpeningPlace { Centered, SystemChoice };
 

@@ -128,19 +128,4 @@ void Pictures::keep_only(const std::set<std::uint64_t>& loads) {
     std::erase_if(images_, [&](const auto& entry) { return !loads.contains(entry.first.first); });
 }
 
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads) {
-    for (const Painted& item : container.canvas) {
-        if (auto* const* element = std::get_if<PictureElement*>(&item)) {
-            loads.insert((*element)->Picture.load_number());
-        }
-    }
-    for (const Control& item : container.controls) {
-        if (auto* const* box = std::get_if<PictureBox*>(&item)) {
-            loads.insert((*box)->Picture.load_number());
-        } else if (auto* const* frame = std::get_if<Frame*>(&item)) {
-            collect_loads(**frame, loads);
-        }
-    }
-}
-
 }  // namespace solvanta::qt

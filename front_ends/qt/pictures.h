@@ -48,7 +48,4 @@ class Pictures {
     std::map<std::pair<std::uint64_t, bool>, QImage> images_;  // by load and by high resolution
 };
 
-/// Adds the loads held by the elements of `container` to `loads`.
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads);
-
 }  // namespace solvanta::qt

@@ -89,19 +89,4 @@ void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, Fonts&
               fitting_font(dc, name, size_of(inside), fonts, dpi), RGB(0, 0, 0));
 }
 
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads) {
-    for (const Painted& item : container.canvas) {
-        if (auto* const* element = std::get_if<PictureElement*>(&item)) {
-            loads.insert((*element)->Picture.load_number());
-        }
-    }
-    for (const Control& item : container.controls) {
-        if (auto* const* box = std::get_if<PictureBox*>(&item)) {
-            loads.insert((*box)->Picture.load_number());
-        } else if (auto* const* frame = std::get_if<Frame*>(&item)) {
-            collect_loads(**frame, loads);
-        }
-    }
-}
-
 }  // namespace solvanta::win32

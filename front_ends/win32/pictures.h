@@ -59,7 +59,4 @@ class Pictures {
 /// What stands in for a picture that can't be read: a light box bearing its file's name.
 void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, Fonts& fonts, int dpi);
 
-/// Adds the loads held by the elements of `container` to `loads`.
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads);
-
 }  // namespace solvanta::win32
