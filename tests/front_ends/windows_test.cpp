@@ -178,7 +178,7 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
 
 class Timers : public FrontEnd {};
 
-// A timer set anew after each handler would need 90 ms for each tick of 40 ms.
+// A timer set anew after each handler would need 95 ms for each tick of 45 ms.
 TEST_F(Timers, NeitherDriftNorMakeUpForLostTime) {
     using namespace std::chrono;
     TestForm form;
@@ -186,7 +186,7 @@ TEST_F(Timers, NeitherDriftNorMakeUpForLostTime) {
     int ticks = 0;
     timer.Interval = 50;
     timer.Tick = [&ticks] {
-        const milliseconds busy(++ticks == 1 ? 600 : ticks <= 10 ? 0 : 40);
+        const milliseconds busy(++ticks == 1 ? 600 : ticks <= 10 ? 0 : 45);
         for (const auto start = steady_clock::now(); steady_clock::now() < start + busy;) {
         }
     };
@@ -199,7 +199,7 @@ TEST_F(Timers, NeitherDriftNorMakeUpForLostTime) {
     ASSERT_TRUE(wait_until([&] { return ticks >= 10; }));
     const auto start = steady_clock::now();
     ASSERT_TRUE(wait_until([&] { return ticks >= 50; }));
-    EXPECT_LT(steady_clock::now() - start, milliseconds(3000));
+    EXPECT_LT(steady_clock::now() - start, milliseconds(3500));
 }
 
 }  // namespace
