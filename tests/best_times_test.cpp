@@ -1,17 +1,200 @@
 #include "scores/best_times.h"
 
 #include <algorithm>
+#include <map>
 #include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
+#include "scores/best_times_file.h"
+#include "scores/best_times_format.h"
 #include "scores/list_text.h"
 #include "scores/windows_1252.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/real_files.h"
 
 namespace solvanta::test {
 namespace {
 
 using namespace std::string_literals;
+
+const std::string empty_place = "0,\" \",\" \"\r\n";
+
+std::string repeat(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+/// A file of an existing installation: umlauts, the euro sign, bytes without a character, commas,
+/// blanks, an empty name, all in Windows-1252.
+const std::string installed_file =
+    "125,\"M\xFCller, J\xF6rg\",\"3. M\xE4r 2004 9:05\"\r\n"
+    "125,\"\",\"25. Dez 2003 23:40\"\r\n"
+    "300,\"  \",\"1. Jan 2005 0:00\"\r\n"
+    "301,\"\x80 \x81\x8D\x8F\x90\x9D\x94\",\" \"\r\n"
+    "6003,\"{\\b Name}\",\"x\"\r\n" +
+    repeat(empty_place, 5) + "57,-12\r\n" + repeat(empty_place, 19) +
+    "2147483647,\"last\",\"d\"\r\n";
+
+GameState parsed(const std::string& bytes) {
+    GameState state;
+    parse_best_times(bytes, state);
+    return state;
+}
+
+std::string rewritten(const std::string& bytes) {
+    return format_best_times(parsed(bytes));
+}
+
+TEST(BestTimesFile, SurvivesReadingAndWritingByteForByte) {
+    EXPECT_EQ(rewritten(installed_file), installed_file);
+    EXPECT_EQ(rewritten(""), repeat(empty_place, 10) + "0,0\r\n" + repeat(empty_place, 20));
+}
+
+TEST(BestTimesFile, UsesWhatCanBeRead) {
+    const std::string first = "125,\"A\",\"d\"\r\n";
+    const std::string ten = first + repeat(empty_place, 9);
+    const struct {
+        const char* name;
+        std::string bytes;
+        std::string as;  // the sound file it must read like, up to what is missing at its end
+    } cases[] = {
+        {"no last line end", ten + "57,12", ten + "57,12\r\n"},
+        {"line ends of LF alone", "125,\"A\",\"d\"\n0,\" \",\" \"\n7,\"B\",\"e\"\n",
+         first + empty_place + "7,\"B\",\"e\"\r\n"},
+        {"line ends of CR alone", "125,\"A\",\"d\"\r7,\"B\",\"e\"\r", first + "7,\"B\",\"e\"\r\n"},
+        {"blanks before fields", "  125,  \"A\" ,   \"d\"   \r\n", first},
+        {"rest behind a closing quote", "125,\"A\"xyz,\"d\"!\r\n", first},
+        {"fields spread over lines", "125\r\n\"A\"\r\n\"d\"\r\n", first},
+        {"fields without quotes", "125,A,d\r\n", first},
+        {"a number in quotes", "\"125\",\"A\",\"d\"\r\n", first},
+        {"a line break in a name", "125,\"A\r\nB\",\"d\"\r\n", "125,\"A\r\nB\",\"d\"\r\n"},
+        {"cut inside a name", first + "130,\"Bea", first + "130,\"Bea\",\" \"\r\n"},
+        {"cut after a time", first + "130", first + "130,\" \",\" \"\r\n"},
+        {"cut inside the counters", ten + "57", ten + "57,0\r\n"},
+        {"numbers beyond 32 bits", "99999999999999999999999,\"A\",\"d\"\r\n-99999999999,\"\",\"\"",
+         "2147483647,\"A\",\"d\"\r\n-2147483648,\"\",\"\"\r\n"},
+        {"no numbers", "abc,\"A\",\"d\"\r\n12x,\"B\",\"e\"\r\n",
+         "0,\"A\",\"d\"\r\n12,\"B\",\"e\"\r\n"},
+        {"zero bytes", "125,\"A\0B\",\"d\"\r\n"s, "125,\"A\0B\",\"d\"\r\n"s},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(rewritten(c.bytes), rewritten(c.as)) << c.name;
+    EXPECT_EQ(parsed(ten + "57,12").GamesPlayed, 57);
+    EXPECT_EQ(parsed(first).BestName(1), "A");
+}
+
+TEST(BestTimesFile, AFailedWriteLeavesTheOldFile) {
+    const auto full = std::make_error_code(std::errc::no_space_on_device);
+    const auto denied = std::make_error_code(std::errc::permission_denied);
+    const std::error_code none;
+    using Failing = std::map<std::string, std::error_code>;  // each call fails once
+    const std::pair<Failing, std::error_code> cases[] = {
+        {{{"create", full}}, full},
+        {{{"write", full}}, full},
+        {{{"flush", full}}, full},
+        {{{"close", full}}, full},
+        {{{"rename", full}}, full},
+        // What may not be replaced is written in place.
+        {{{"create", denied}}, none},
+        {{{"rename", denied}}, none},
+        {{{"create", denied}, {"read", full}}, denied},
+        {{{"create", denied}, {"open", full}}, full},
+        {{{"create", denied}, {"write", full}}, full},
+        {{{"create", denied}, {"flush", full}}, full},
+        {{{"create", denied}, {"cut", full}}, full},
+        {{{"create", denied}, {"close", full}}, full},
+    };
+    GameState state;
+    clear_places(state);
+    const auto written = MemoryFiles(format_best_times(state)).files;
+    for (auto [failing, answer] : cases) {
+        SCOPED_TRACE(failing.begin()->first + " " + failing.rbegin()->first);
+        MemoryFiles files(installed_file);
+        files.before = [&failing = failing](const std::string& call) {
+            const auto found = failing.extract(call);
+            return found ? found.mapped() : std::error_code{};
+        };
+        BestTimesFile file(MemoryFiles::list_path, files);
+        EXPECT_EQ(file.write(state), answer);
+        EXPECT_EQ(files.files, answer ? MemoryFiles(installed_file).files : written);
+        EXPECT_FALSE(file.write(state));
+        EXPECT_EQ(files.files, written);
+    }
+}
+
+TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
+    for (const bool too_long : {true, false}) {
+        MemoryFiles files(std::string((1 << 20) + (too_long ? 1 : 0), '0'));
+        const auto before = files.files;
+        const auto error = std::make_error_code(std::errc::io_error);
+        files.before = [&](const std::string&) { return too_long ? std::error_code{} : error; };
+        BestTimesFile file(MemoryFiles::list_path, files);
+        GameState state;
+        state.GamesPlayed = 7;
+        EXPECT_EQ(file.read(state), too_long ? std::errc::file_too_large : std::errc::io_error);
+        EXPECT_EQ(state.GamesPlayed, 0);
+        files.before = nullptr;
+        EXPECT_FALSE(file.write(state));
+        EXPECT_EQ(files.files, before);
+    }
+}
+
+TEST_F(RealFiles, AreReadAndWrittenWhole) {
+    BestTimesFile file(list_path(), system_file_calls());
+    GameState state;
+    EXPECT_FALSE(file.read(state));  // there is none yet
+    state = parsed(installed_file);
+    EXPECT_FALSE(file.write(state));
+    EXPECT_EQ(content(list_), installed_file);
+    GameState again;
+    EXPECT_FALSE(file.read(again));
+    EXPECT_EQ(format_best_times(again), installed_file);
+}
+
+TEST_F(RealFiles, AreWrittenOverFromTheStart) {
+    FileCalls& calls = system_file_calls();
+    EXPECT_EQ(calls.open(list_path()), std::errc::no_such_file_or_directory);
+    for (const std::string text : {"a longer text", "short"}) {
+        std::ofstream(list_, std::ios::binary) << "the old text";
+        EXPECT_FALSE(calls.open(list_path()));
+        EXPECT_FALSE(calls.write(text));
+        EXPECT_FALSE(calls.cut());
+        EXPECT_FALSE(calls.close());
+        EXPECT_EQ(content(list_), text);
+    }
+}
+
+TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
+    std::filesystem::create_directory(list_);
+    BestTimesFile file(list_path(), system_file_calls());
+    GameState state;
+    EXPECT_TRUE(file.read(state));
+    EXPECT_FALSE(file.write(state));
+    EXPECT_TRUE(std::filesystem::is_directory(list_));
+    BestTimesFile nowhere(utf8(folder_ / "gone" / "highscore.scr"), system_file_calls());
+    EXPECT_FALSE(nowhere.read(state));
+    EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
+}
+
+TEST(BestTimesFile, IsToldFromOtherFiles) {
+    GameState state;
+    clear_places(state);
+    insert_entry(state, 1, 100, "J\xf6rg, der \x94", "3. Jan 2026 9:05");
+    const std::string list = format_best_times(state);
+    std::string with_unix_ends = list;
+    std::erase(with_unix_ends, '\r');
+    EXPECT_TRUE(is_best_times_file(list));
+    EXPECT_TRUE(is_best_times_file(with_unix_ends));
+    for (const std::string& other :
+         {std::string(), std::string("Ein Brief.\n"), list.substr(1), list + "0", list + list,
+          list.substr(0, list.size() - 2), std::string(2'000'000, ' ')}) {
+        EXPECT_FALSE(is_best_times_file(other)) << other.substr(0, 40);
+    }
+}
 
 TEST(BestTimes, FindTheirPlaceAndMoveTheRestDown) {
     for (const int filled : {0, 4, 29, 30}) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
 #include <string>
 
 namespace solvanta::test {
@@ -16,6 +19,12 @@ struct GoldenGame {
 };
 
 /// Reads the golden game; throws std::runtime_error when its file is missing or damaged.
-GoldenGame read_golden_game();
+inline GoldenGame read_golden_game() {
+    std::ifstream file(GOLDEN_GAME_FILE);
+    GoldenGame game;
+    if (!(file >> game.dealt_at)) throw std::runtime_error("no golden game: " GOLDEN_GAME_FILE);
+    game.words.assign(std::istreambuf_iterator<char>(file), {});
+    return game;
+}
 
 }  // namespace solvanta::test
