@@ -15,14 +15,16 @@ void write_to_console(HANDLE console, std::string_view line) {
 /// A program with windows has no console of its own. That of the program it was started from is
 /// joined for the one line only: whoever closes it later must not end the game.
 void write_to_console_of_parent(std::string_view line) {
-    if (AttachConsole(ATTACH_PARENT_PROCESS) == FALSE) return;
+    const bool joined = AttachConsole(ATTACH_PARENT_PROCESS) != FALSE;
+    const bool had_one = !joined && GetLastError() == ERROR_ACCESS_DENIED;
+    if (!joined && !had_one) return;
     HANDLE console = CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_WRITE,
                                  nullptr, OPEN_EXISTING, 0, nullptr);
     if (console != INVALID_HANDLE_VALUE) {
         write_to_console(console, line);
         CloseHandle(console);
     }
-    FreeConsole();
+    if (joined) FreeConsole();
 }
 
 }  // namespace
