@@ -103,6 +103,9 @@ std::string format_best_times(const GameState& state) {
 }
 
 void parse_best_times(std::string_view bytes, GameState& state) {
+    // Some editors put a mark of their own before what they store.
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(byte_order_mark)) bytes.remove_prefix(byte_order_mark.size());
     FieldReader reader(bytes);
     for (int p = 1; p <= best_places; ++p) {
         read_place(reader, state, p);

@@ -66,6 +66,7 @@ TEST(BestTimesFile, UsesWhatCanBeRead) {
         {"line ends of LF alone", "125,\"A\",\"d\"\n0,\" \",\" \"\n7,\"B\",\"e\"\n",
          first + empty_place + "7,\"B\",\"e\"\r\n"},
         {"line ends of CR alone", "125,\"A\",\"d\"\r7,\"B\",\"e\"\r", first + "7,\"B\",\"e\"\r\n"},
+        {"a byte order mark", "\xEF\xBB\xBF" + first, first},
         {"blanks before fields", "  125,  \"A\" ,   \"d\"   \r\n", first},
         {"rest behind a closing quote", "125,\"A\"xyz,\"d\"!\r\n", first},
         {"fields spread over lines", "125\r\n\"A\"\r\n\"d\"\r\n", first},

@@ -89,6 +89,9 @@ void FormWindow::sync() {
     sync_text(handle(), form_.Caption, nullptr);
     for (const auto& control : parts_.controls)
         control->sync();
+    // Hidden or disabled, a control keeps the focus and goes on taking keys.
+    HWND focused = GetFocus();
+    if (IsChild(handle(), focused) && !takes_focus(focused)) find_focus(focused);
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -138,6 +141,8 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
             return ground_of_button(reinterpret_cast<HDC>(message.w));
         case WM_ACTIVATE:
         case WM_SETFOCUS:
+        case WM_SIZE:
+        case WM_SYSCOMMAND:
             return answer_focus(message);
         case WM_GETDPISCALEDSIZE:
         case WM_DPICHANGED:
@@ -161,17 +166,22 @@ void FormWindow::tick(UINT_PTR id) {
     if (timer != timers_.end() && timer->tick_is_due()) parts_.deliver(timer->timer().Tick);
 }
 
-/// The keyboard focus belongs to a control, never to the window itself.
+/// The keyboard focus belongs to a control, never to the window itself. Minimising takes it away
+/// without a word, and restoring does not bring it back.
 std::optional<LRESULT> FormWindow::answer_focus(const Message& message) {
-    if (message.id == WM_ACTIVATE) {
-        HWND focused = GetFocus();
-        const bool leaves = LOWORD(message.w) == WA_INACTIVE;
-        if (leaves && IsChild(handle(), focused)) last_focus_ = focused;
-        return std::nullopt;
+    HWND focused = GetFocus();
+    if (message.id == WM_SETFOCUS) {
+        HWND from = reinterpret_cast<HWND>(message.w);
+        find_focus(IsChild(handle(), from) ? from : last_focus_);
+        return 0;
     }
-    HWND from = reinterpret_cast<HWND>(message.w);
-    find_focus(IsChild(handle(), from) ? from : last_focus_);
-    return 0;
+    if (IsChild(handle(), focused)) {
+        last_focus_ = focused;
+    } else if (message.id == WM_SIZE && message.w == SIZE_RESTORED &&
+               GetActiveWindow() == handle()) {
+        find_focus(last_focus_);
+    }
+    return std::nullopt;
 }
 
 /// Gives the focus to `from`, or where that has become impossible to what follows in tab order.

@@ -37,6 +37,23 @@ std::string with_header(const std::string& rtf) {
     return R"({\rtf1\ansi\ansicpg1252 )" + rtf.substr(1);
 }
 
+/// The document with the groups that lie too deep joined with those around them: not every version
+/// of the control survives them.
+std::string without_deep_groups(const std::string& rtf) {
+    constexpr int deepest = 16;
+    std::string flat;
+    int depth = 0;
+    for (std::size_t i = 0; i < rtf.size(); ++i) {
+        const char character = rtf[i];
+        const bool brace = character == '{' || character == '}';
+        if (character == '{') ++depth;
+        if (!brace || depth <= deepest) flat += character;
+        if (character == '}') --depth;
+        if (character == '\\' && i + 1 < rtf.size()) flat += rtf[++i];
+    }
+    return flat;
+}
+
 }  // namespace
 
 RichEdit::RichEdit(const RichTextBox& box, WindowParts& parts, HWND parent)
@@ -59,9 +76,10 @@ void RichEdit::sync() {
 std::optional<LRESULT> RichEdit::answer(const Message& message) {
     // Tab leads on; the arrows scroll.
     if (message.id == WM_GETDLGCODE) return DLGC_WANTARROWS;
-    if (message.id != WM_SIZE) return std::nullopt;
+    if (message.id != WM_SIZE && message.id != WM_SETFOCUS) return std::nullopt;
     const LRESULT result = answer_of_class(message);
-    leave_margin();
+    if (message.id == WM_SIZE) leave_margin();
+    if (message.id == WM_SETFOCUS) HideCaret(handle());  // nothing can be written here
     return result;
 }
 
@@ -75,7 +93,7 @@ void RichEdit::leave_margin() {
 void RichEdit::show_text() {
     SetWindowTextW(handle(), L"");
     if (shown_.empty()) return;
-    const std::string document = with_header(shown_);
+    const std::string document = without_deep_groups(with_header(shown_));
     std::string_view rest = document;
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, read_some};
     if (document.starts_with('{')) {

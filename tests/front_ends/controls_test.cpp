@@ -72,6 +72,7 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndHearsEnter) {
         EXPECT_EQ(entered, std::vector<std::string>(enters ? 1 : 0, "Jöra"))
             << static_cast<int>(key) << ' ' << static_cast<int>(modifier);
         EXPECT_EQ(driver().is_shown(form, form.box), !enters);
+        EXPECT_EQ(driver().has_focus(form, form.box), !enters);
         EXPECT_EQ(driver().text(form, form.box), "Jöra");
     }
 }

@@ -39,10 +39,10 @@ fail() {
     exit 1
 }
 
-# Waits up to ten seconds for a command to succeed.
+# Waits up to thirty seconds for a command to succeed.
 wait_for() {
     local tries
-    for ((tries = 0; tries < 200; ++tries)); do
+    for ((tries = 0; tries < 600; ++tries)); do
         "$@" >/dev/null 2>&1 && return
         sleep 0.05
     done
