@@ -26,7 +26,8 @@ void sync_place(HWND control, const Element& element, int dpi) {
     RECT place = place_of(element, dpi);
     IntersectRect(&place, &place, &room);
     const RECT before = place_in_parent(control);
-    if (!EqualRect(&place, &before)) {
+    // A minimised window has no room, but its controls keep their places.
+    if (!IsRectEmpty(&place) && !EqualRect(&place, &before)) {
         const SIZE size = size_of(place);
         SetWindowPos(control, nullptr, place.left, place.top, size.cx, size.cy,
                      SWP_NOZORDER | SWP_NOACTIVATE);
