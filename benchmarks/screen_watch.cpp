@@ -1,0 +1,190 @@
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+// Starts a program on a screen of its own, without a window manager, and tells from the pixels of
+// the screen when it did what. Times are in milliseconds.
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+double milliseconds_since(Clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+template <typename Condition>
+void wait_until(const Condition& condition, const char* what) {
+    const auto start = Clock::now();
+    while (!condition()) {
+        if (Clock::now() - start > 30s) throw std::runtime_error(std::string("no ") + what);
+        std::this_thread::sleep_for(100us);
+    }
+}
+
+class Screen {
+  public:
+    Screen() : connection_(xcb_connect(nullptr, nullptr)) {
+        if (xcb_connection_has_error(connection_) != 0) throw std::runtime_error("no screen");
+        root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
+    }
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+    ~Screen() { xcb_disconnect(connection_); }
+
+    std::uint32_t pixel(int x, int y) const {
+        const auto request =
+            xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, root_,
+                          static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 1, 1, ~0U);
+        auto* image = xcb_get_image_reply(connection_, request, nullptr);
+        if (!image) throw std::runtime_error("no pixel");
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, xcb_get_image_data(image), sizeof pixel);
+        std::free(image);
+        return pixel & 0xFFFFFFU;
+    }
+
+    /// The windows to be seen, the lowest first.
+    std::vector<xcb_get_geometry_reply_t> windows() const {
+        std::vector<xcb_get_geometry_reply_t> found;
+        auto* tree = xcb_query_tree_reply(connection_, xcb_query_tree(connection_, root_), nullptr);
+        for (int i = 0; i < xcb_query_tree_children_length(tree); ++i) {
+            const xcb_window_t window = xcb_query_tree_children(tree)[i];
+            auto* about = xcb_get_window_attributes_reply(
+                connection_, xcb_get_window_attributes(connection_, window), nullptr);
+            auto* place =
+                xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr);
+            if (about && place && about->map_state == XCB_MAP_STATE_VIEWABLE)
+                found.push_back(*place);
+            std::free(about);
+            std::free(place);
+        }
+        std::free(tree);
+        return found;
+    }
+
+    void click(int x, int y) const {
+        fake(XCB_MOTION_NOTIFY, 0, x, y);
+        fake(XCB_BUTTON_PRESS, 1, 0, 0);
+        fake(XCB_BUTTON_RELEASE, 1, 0, 0);
+        xcb_flush(connection_);
+    }
+
+    void press_enter() const {
+        constexpr std::uint8_t enter = 36;
+        fake(XCB_KEY_PRESS, enter, 0, 0);
+        fake(XCB_KEY_RELEASE, enter, 0, 0);
+        xcb_flush(connection_);
+    }
+
+  private:
+    void fake(std::uint8_t type, std::uint8_t detail, int x, int y) const {
+        xcb_test_fake_input(connection_, type, detail, XCB_CURRENT_TIME, root_,
+                            static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
+    }
+
+    xcb_connection_t* connection_;
+    xcb_window_t root_ = 0;
+};
+
+/// A program that runs until the end of the scope.
+class Program {
+  public:
+    explicit Program(char** command) : process_(fork()) {
+        if (process_ != 0) return;
+        execvp(command[0], command);
+        _exit(127);
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    ~Program() {
+        kill(process_, SIGTERM);
+        waitpid(process_, nullptr, 0);
+    }
+
+    /// The most memory that it has held at once, in kilobytes.
+    int peak_memory() const {
+        std::ifstream status("/proc/" + std::to_string(process_) + "/status");
+        for (std::string word; status >> word;) {
+            int kilobytes = 0;
+            if (word == "VmHWM:" && status >> kilobytes) return kilobytes;
+        }
+        return 0;
+    }
+
+  private:
+    pid_t process_;
+};
+
+/// Prints the time from the start to the first pixel, and then the peak of memory in kilobytes.
+void watch_start(const Screen& screen, char** command) {
+    // Within every window of the card table's size, in the corner of the screen or in its middle.
+    const auto painted = [&screen] { return screen.pixel(500, 400) != 0; };
+    wait_until([&] { return !painted(); }, "black screen");
+    const auto start = Clock::now();
+    const Program program(command);
+    wait_until(painted, "window");
+    const double shown = milliseconds_since(start);
+    std::this_thread::sleep_for(500ms);
+    std::cout << shown << ' ' << program.peak_memory() << '\n';
+}
+
+/// Deals a game and then selects and gives up the first column again and again. Prints for each
+/// click the time until the selection pointer has come or gone.
+void watch_clicks(const Screen& screen, char** command) {
+    constexpr int clicks = 300;
+    const Program program(command);
+    const auto windows_are = [&](std::size_t count) {
+        return [&screen, count] { return screen.windows().size() == count; };
+    };
+    wait_until(windows_are(1), "window");
+    std::this_thread::sleep_for(500ms);
+    const xcb_get_geometry_reply_t table = screen.windows().front();
+    screen.click(table.x + 48, table.y + 504);
+    wait_until(windows_are(2), "question");
+    std::this_thread::sleep_for(200ms);
+    screen.press_enter();
+    wait_until(windows_are(1), "deal");
+    std::this_thread::sleep_for(500ms);
+    for (int click = 0; click < clicks; ++click) {
+        const std::uint32_t before = screen.pixel(table.x + 44, table.y + 108);
+        const auto start = Clock::now();
+        // Left and right in turn: two quick clicks on one place would be a double click.
+        screen.click(table.x + (click % 2 == 0 ? 23 : 65), table.y + 240);
+        wait_until([&] { return screen.pixel(table.x + 44, table.y + 108) != before; }, "pointer");
+        std::cout << milliseconds_since(start) << '\n';
+        std::this_thread::sleep_for(std::chrono::milliseconds(5 + click % 17));
+    }
+}
+
+}  // namespace
+
+/// screen_watch start|clicks COMMAND...
+int main(int argc, char** argv) {
+    try {
+        if (argc < 3) throw std::runtime_error("what to watch, and a command, are needed");
+        const Screen screen;
+        const bool start = std::string_view(argv[1]) == "start";
+        (start ? watch_start : watch_clicks)(screen, argv + 2);
+    } catch (const std::exception& error) {
+        std::cerr << "screen_watch: " << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

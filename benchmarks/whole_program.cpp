@@ -1,0 +1,93 @@
+#include <benchmark/benchmark.h>
+
+#include "app/form_main.h"
+#include "benchmarks/click_mix.h"
+#include "benchmarks/counted_memory.h"
+#include "platform/mouse.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/null_host.h"
+
+namespace solvanta::benchmarks {
+namespace {
+
+constexpr int clicks_per_game = 1000;
+
+/// A Host that shows nothing and keeps nothing.
+class SilentHost final : public test::NullHost {
+  public:
+    Answer message(const std::string& /*text*/, Buttons buttons) override {
+        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+};
+
+/// The files of the tests without their record of calls, which grows.
+class SilentFiles final : public test::MemoryFiles {
+  public:
+    std::error_code flush() override {
+        calls.clear();
+        return {};
+    }
+};
+
+/// The whole program in front of somebody who clicks at random.
+class Game {
+  public:
+    Game() {
+        table_.Form_Load();
+        deal();
+    }
+
+    void deal() { table_.Command1.Click(); }
+
+    void play() {
+        for (const Click& click : clicks_)
+            play(click);
+    }
+
+  private:
+    void play(const Click& click) {
+        const PictureElement& element = click.column == stock ? table_.Source_Hide
+                                        : click.column == 0   ? table_.Source
+                                                              : table_.Iv(1)(click.column - 1);
+        const Twips x = element.Left + element.Width / 2;
+        const Twips y = element.Top + element.Height / 2;
+        mouse_.press(x, y);
+        mouse_.release(x, y);
+        if (click.twice) mouse_.double_press(x, y);
+    }
+
+    SilentHost host_;
+    SilentFiles files_;
+    Form_Main table_{host_, [seed = 1U]() mutable { return random_from_seed(seed++); }, files_};
+    Mouse mouse_{table_};
+    const std::vector<Click> clicks_ = click_mix(clicks_per_game);
+};
+
+/// Clicks a second, hit by the mouse and shown by the elements.
+void WholeProgram(benchmark::State& measured) {
+    Game game;
+    for (auto round : measured) {
+        measured.PauseTiming();
+        game.deal();
+        measured.ResumeTiming();
+        game.play();
+    }
+    measured.SetItemsProcessed(measured.iterations() * clicks_per_game);
+}
+
+/// The same, and the memory held, after as many games as the argument says.
+void AfterGames(benchmark::State& measured) {
+    Game game;
+    for (std::int64_t dealt = 1; dealt < measured.range(0); ++dealt)
+        game.deal();
+    for (auto round : measured)
+        game.play();
+    measured.SetItemsProcessed(measured.iterations() * clicks_per_game);
+    measured.counters["bytes"] = static_cast<double>(memory_count().bytes_held);
+}
+
+BENCHMARK(WholeProgram);
+BENCHMARK(AfterGames)->Arg(1)->Arg(10'000)->Iterations(1);
+
+}  // namespace
+}  // namespace solvanta::benchmarks
