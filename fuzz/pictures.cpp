@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include <QCoreApplication>
 
@@ -18,8 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     constexpr const char* formats[] = {"bmp", "gif", "jpg"};
     if (size == 0) return 0;
     const auto* bytes = reinterpret_cast<const char*>(data + 1);
-    const QImage image = qt::decode_picture(QByteArray(bytes, static_cast<qsizetype>(size - 1)),
-                                            formats[*data % std::size(formats)]);
+    const QImage image =
+        qt::decode_picture(std::string_view(bytes, size - 1), formats[*data % std::size(formats)]);
     if (image.isNull()) return 0;
     fuzz::require(image.width() <= 4096 && image.height() <= 4096, "A picture is too large.");
     fuzz::require(image.format() == QImage::Format_RGB32 ||

@@ -14,15 +14,15 @@ Picture Picture::load(std::string path) {
     return picture;
 }
 
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads) {
+void collect_loads(const Container& container, Loads& loads) {
     for (const Painted& item : container.canvas) {
         if (auto* const* element = std::get_if<PictureElement*>(&item)) {
-            loads.insert((*element)->Picture.load_number());
+            loads.push_back((*element)->Picture.load_number());
         }
     }
     for (const Control& item : container.controls) {
         if (auto* const* box = std::get_if<PictureBox*>(&item)) {
-            loads.insert((*box)->Picture.load_number());
+            loads.push_back((*box)->Picture.load_number());
         } else if (auto* const* frame = std::get_if<Frame*>(&item)) {
             collect_loads(**frame, loads);
         }

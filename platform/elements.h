@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <set>
 #include <string>
 #include <variant>
 #include <vector>
@@ -34,13 +33,15 @@ struct Font {
     std::string family;
     double points = 0;
     bool bold = false;
+
+    friend bool operator==(const Font&, const Font&) = default;
 };
 
 enum class Alignment { Left, Right, Centered };
 
 /// A picture as loaded from one file at one moment. Two loads of the same file are different
 /// pictures: the second one shows what the file holds by then. Hosts read the file when the
-/// picture is first painted, and may share what they read among the copies of one load.
+/// picture is first shown, and may share what they read among the copies of one load.
 class Picture {
   public:
     Picture() = default;
@@ -64,6 +65,8 @@ struct Element {
     Twips Width = 0;
     Twips Height = 0;
     bool Visible = true;
+
+    friend bool operator==(const Element&, const Element&) = default;
 };
 
 /// A light-weight picture, painted at its own size from the top-left corner, never stretched.
@@ -85,6 +88,8 @@ struct Label : Element {
     Color ForeColor;
     std::optional<Color> BackColor;  ///< empty: the window system's standard
     solvanta::Alignment Alignment = solvanta::Alignment::Left;
+
+    friend bool operator==(const Label&, const Label&) = default;
 };
 
 /// A picture in a box of fixed size; the picture is drawn to fit it.
@@ -131,6 +136,9 @@ struct Container {
     std::vector<Control> controls;  ///< above the canvas, in tab order
 };
 
+/// Load numbers of pictures.
+using Loads = std::vector<std::uint64_t>;
+
 /// A captioned group of elements; disabling it disables them all.
 struct Frame : Element, Container {
     std::string Caption;
@@ -138,8 +146,8 @@ struct Frame : Element, Container {
 };
 
 /// Adds the numbers of the picture loads that the elements of `container` hold to `loads`, those of
-/// its frames included.
-void collect_loads(const Container& container, std::set<std::uint64_t>& loads);
+/// its frames included, in no order and with repeats.
+void collect_loads(const Container& container, Loads& loads);
 
 enum class OpeningPlace { Centered, SystemChoice };
 

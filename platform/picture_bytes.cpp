@@ -30,6 +30,11 @@ class FileBytes {
     std::string_view bytes_;
 };
 
+/// Lines are padded to a multiple of four bytes.
+std::int64_t line_bytes(std::int64_t width, std::uint32_t bits) {
+    return (width * bits + 31) / 32 * 4;
+}
+
 /// The bytes of pixels that a bitmap's header announces; none when it is absurd.
 std::optional<std::int64_t> bitmap_pixels(const FileBytes& file) {
     constexpr std::uint32_t old_header = 12;
@@ -44,7 +49,7 @@ std::optional<std::int64_t> bitmap_pixels(const FileBytes& file) {
     // Lines of run lengths differ in size: only the header knows what they make together.
     if (compression == 1 || compression == 2) return file.number(34, 4);
     const std::uint32_t bits = file.number(old ? 24 : 28, 2);
-    return (width * bits + 31) / 32 * 4 * height;
+    return line_bytes(width, bits) * height;
 }
 
 bool bitmap_is_whole(const FileBytes& file) {
@@ -103,6 +108,22 @@ bool is_whole_picture(std::string_view bytes, std::string_view suffix) {
     if (suffix == "gif") return gif_is_whole(file);
     if (suffix == "jpg") return jpeg_is_whole(file);
     return true;
+}
+
+std::optional<PlainBitmap> plain_bitmap(std::string_view bytes, int largest_side) {
+    constexpr unsigned bits = 24;
+    const FileBytes file(bytes);
+    const std::uint32_t header = file.number(14, 4);
+    const bool known_header = header == 40 || header == 108 || header == 124;
+    const bool plain =
+        file.number(26, 2) == 1 && file.number(28, 2) == bits && file.number(30, 4) == 0;
+    if (!bytes.starts_with("BM") || !known_header || !plain || !bitmap_is_whole(file)) return {};
+    const std::uint32_t width = file.number(18, 4);
+    const std::uint32_t height = file.number(22, 4);  // beyond any limit where lines run downwards
+    const auto limit = static_cast<std::uint32_t>(largest_side);
+    if (width == 0 || width > limit || height == 0 || height > limit) return {};
+    return PlainBitmap{static_cast<int>(width), static_cast<int>(height), file.number(10, 4),
+                       static_cast<std::size_t>(line_bytes(width, bits))};
 }
 
 }  // namespace solvanta

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace solvanta {
@@ -10,5 +12,17 @@ namespace solvanta {
 /// matter, and a bitmap's own count of its bytes is not asked: both are often wrong in files that
 /// show well. Of an animation the first picture counts.
 bool is_whole_picture(std::string_view bytes, std::string_view suffix);
+
+/// Where a bitmap file has its pixels: three bytes each, blue first, in lines from the bottom up.
+struct PlainBitmap {
+    int width = 0;
+    int height = 0;
+    std::size_t start = 0;       ///< of the bottom line in the file
+    std::size_t line_bytes = 0;  ///< from line to line
+};
+
+/// The pixels of a whole bitmap of the plainest kind, 24 bits and not compressed, which needs no
+/// decoder; nothing for every other file, and for one wider or higher than `largest_side`.
+std::optional<PlainBitmap> plain_bitmap(std::string_view bytes, int largest_side);
 
 }  // namespace solvanta

@@ -11,7 +11,7 @@ declare -A may_include=(
     [rich_text]="rich_text|scores|platform"
     [view]="view|core|platform"
     [app]="app|view|scores|core|platform"
-    [front_ends/qt]="front_ends/qt|rich_text|platform"
+    [front_ends/qt]="front_ends/qt|rich_text|scores|platform"
     [front_ends/win32]="front_ends/win32|scores|platform"
     [front_ends/web]="front_ends/web|rich_text|scores|platform"
 )

@@ -51,5 +51,32 @@ TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
     EXPECT_TRUE(is_whole_picture("", "png"));
 }
 
+TEST(PictureBytes, NeedNoDecoderInAPlainBitmap) {
+    std::string plain = bitmap(24, 0, 0) + std::string(24, 'x');
+    plain.replace(22, 4, "\2\0\0\0"s);
+    const auto found = plain_bitmap(plain, 3);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->width, 3);
+    EXPECT_EQ(found->height, 2);
+    EXPECT_EQ(found->start, 54U);
+    EXPECT_EQ(found->line_bytes, 12U);
+    EXPECT_FALSE(plain_bitmap(plain, 2)) << "too wide";
+    EXPECT_FALSE(plain_bitmap(plain.substr(0, plain.size() - 1), 3)) << "cut short";
+    const struct {
+        const char* name;
+        std::size_t place;
+        char byte;
+    } others[] = {
+        {"no bitmap", 1, 'm'}, {"other header", 14, 12},   {"no width", 18, 0},
+        {"no height", 22, 0},  {"top line first", 25, -1}, {"two planes", 26, 2},
+        {"32 bits", 28, 32},   {"compressed", 30, 1},
+    };
+    for (const auto& other : others) {
+        std::string bytes = plain + std::string(100, 'x');
+        bytes[other.place] = other.byte;
+        EXPECT_FALSE(plain_bitmap(bytes, 100)) << other.name;
+    }
+}
+
 }  // namespace
 }  // namespace solvanta::test

@@ -115,12 +115,12 @@ void QtHost::deliver(const Event& event) {
 }
 
 void QtHost::sync() {
-    std::set<std::uint64_t> loads;
+    Loads loads;
     for (const Window& window : windows_) {
         window->sync();
         collect_loads(window->form(), loads);
     }
-    pictures_.keep_only(loads);
+    pictures_.keep_only(std::move(loads));
 }
 
 void QtHost::close(FormWindow& window) {

@@ -1,40 +1,42 @@
 #include "front_ends/qt/pictures.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QBuffer>
-#include <QFile>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImageReader>
 
 #include "front_ends/qt/trouble.h"
 #include "platform/picture_bytes.h"
+#include "scores/durable_file.h"
 
 namespace solvanta::qt {
 namespace {
 
 constexpr int largest_side = 4096;
-constexpr qint64 largest_file = qint64{65} << 20;  // more than a bitmap of the largest sides
-constexpr double fine_ratio = 2;                   // of the files named `@2x`
+constexpr std::size_t largest_file = std::size_t{65}
+                                     << 20;  // more than a bitmap of the largest sides
+constexpr double fine_ratio = 2;             // of the files named `@2x`
 
 bool wants_fine_file(double ratio) {
     return ratio > 1;
 }
 
-QImage read_file(const QString& path) {
-    QFile file(path);
-    const QFileInfo about(file);
-    if (!about.isFile()) {
-        report_once(about.fileName(), "Bild nicht gefunden (" + path + ")");
-        return {};
-    }
-    QImage image;
-    if (file.size() <= largest_file && file.open(QIODevice::ReadOnly)) {
-        image = decode_picture(file.readAll(), about.suffix().toLower().toLatin1());
-    }
-    if (image.isNull()) {
-        report_once(about.fileName(), "Bild nicht lesbar (" + path + ")");
-        return {};
+QString fine_file(const QString& path) {
+    const auto dot = path.lastIndexOf('.');
+    if (dot <= path.lastIndexOf('/')) return path + "@2x";
+    return path.left(dot) + "@2x" + path.mid(dot);
+}
+
+QImage copy_of(std::string_view bytes, const PlainBitmap& bitmap) {
+    QImage image(bitmap.width, bitmap.height, QImage::Format_RGB32);
+    const auto* line = reinterpret_cast<const uchar*>(bytes.data()) + bitmap.start;
+    for (int y = bitmap.height - 1; y >= 0; --y, line += bitmap.line_bytes) {
+        auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < bitmap.width; ++x)
+            pixel[x] = qRgb(line[3 * x + 2], line[3 * x + 1], line[3 * x]);
     }
     return image;
 }
@@ -55,11 +57,12 @@ QFont fitting_font(const QString& text, const QRectF& place) {
 
 }  // namespace
 
-QImage decode_picture(QByteArray bytes, const QByteArray& format) {
-    if (!is_whole_picture({bytes.constData(), static_cast<std::size_t>(bytes.size())},
-                          {format.constData(), static_cast<std::size_t>(format.size())}))
-        return {};
-    QBuffer buffer(&bytes);
+QImage decode_picture(std::string_view bytes, const QByteArray& format) {
+    if (!is_whole_picture(bytes, format.toStdString())) return {};
+    const auto plain = format == "bmp" ? plain_bitmap(bytes, largest_side) : std::nullopt;
+    if (plain) return copy_of(bytes, *plain);
+    QByteArray held = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&held);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
@@ -70,24 +73,6 @@ QImage decode_picture(QByteArray bytes, const QByteArray& format) {
                                             : QImage::Format_RGB32);
     image.setDevicePixelRatio(1);
     return image;
-}
-
-QString file_for_ratio(const QString& path, double ratio) {
-    if (!wants_fine_file(ratio)) return path;
-    const auto dot = path.lastIndexOf('.');
-    if (dot <= path.lastIndexOf('/')) return path + "@2x";
-    return path.left(dot) + "@2x" + path.mid(dot);
-}
-
-QImage read_picture(const QString& path, double ratio) {
-    const QString fine = file_for_ratio(path, ratio);
-    if (fine != path && QFileInfo::exists(fine)) {
-        if (QImage image = read_file(fine); !image.isNull()) {
-            image.setDevicePixelRatio(fine_ratio);
-            return image;
-        }
-    }
-    return read_file(path);
 }
 
 void paint_image(QPainter& painter, const QRectF& target, const QImage& image,
@@ -119,13 +104,40 @@ const QImage& Pictures::image(const Picture& picture, double ratio) {
     const auto [entry, is_new] =
         images_.try_emplace({picture.load_number(), wants_fine_file(ratio)}, QImage());
     if (is_new && picture.load_number() != 0) {
-        entry->second = read_picture(QString::fromStdString(picture.path()), ratio);
+        entry->second = read(picture.path(), ratio);
     }
     return entry->second;
 }
 
-void Pictures::keep_only(const std::set<std::uint64_t>& loads) {
-    std::erase_if(images_, [&](const auto& entry) { return !loads.contains(entry.first.first); });
+QImage Pictures::read(const std::string& path, double ratio) {
+    if (wants_fine_file(ratio)) {
+        QImage image = read_file(fine_file(QString::fromStdString(path)).toStdString(), true);
+        image.setDevicePixelRatio(fine_ratio);
+        if (!image.isNull()) return image;
+    }
+    return read_file(path, false);
+}
+
+/// A missing `optional` file is not worth a word.
+QImage Pictures::read_file(const std::string& path, bool optional) {
+    const std::error_code error = system_file_calls().read(path, largest_file, bytes_);
+    const bool missing = error == std::errc::no_such_file_or_directory;
+    if (missing && optional) return {};
+    const QFileInfo about(QString::fromStdString(path));
+    const QImage image =
+        error ? QImage() : decode_picture(bytes_, about.suffix().toLower().toLatin1());
+    if (image.isNull()) {
+        const QString trouble = missing ? "Bild nicht gefunden (" : "Bild nicht lesbar (";
+        report_once(about.fileName(), trouble + about.filePath() + ")");
+    }
+    return image;
+}
+
+void Pictures::keep_only(Loads loads) {
+    std::sort(loads.begin(), loads.end());
+    std::erase_if(images_, [&](const auto& entry) {
+        return !std::binary_search(loads.begin(), loads.end(), entry.first.first);
+    });
 }
 
 }  // namespace solvanta::qt

@@ -137,12 +137,12 @@ void Win32Host::deliver(const Event& event) {
 }
 
 void Win32Host::sync() {
-    std::set<std::uint64_t> loads;
+    Loads loads;
     for (const WindowOwner& window : windows_) {
         window->sync();
         collect_loads(window->form(), loads);
     }
-    pictures_.keep_only(loads);
+    pictures_.keep_only(std::move(loads));
 }
 
 void Win32Host::close(FormWindow& window) {

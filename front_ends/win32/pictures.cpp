@@ -75,8 +75,11 @@ Image Pictures::read(const std::string& path, int dpi) {
     return {reader_.read(path, false), false, dpi};
 }
 
-void Pictures::keep_only(const std::set<std::uint64_t>& loads) {
-    std::erase_if(images_, [&](const auto& entry) { return !loads.contains(entry.first.first); });
+void Pictures::keep_only(Loads loads) {
+    std::sort(loads.begin(), loads.end());
+    std::erase_if(images_, [&](const auto& entry) {
+        return !std::binary_search(loads.begin(), loads.end(), entry.first.first);
+    });
 }
 
 void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, Fonts& fonts, int dpi) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <map>
-#include <set>
 #include <utility>
 
 #include "front_ends/win32/fonts.h"
@@ -47,7 +46,7 @@ class Pictures {
     Image& image(const Picture& picture, int dpi);
 
     /// Drops the images of all loads but these.
-    void keep_only(const std::set<std::uint64_t>& loads);
+    void keep_only(Loads loads);
 
   private:
     Image read(const std::string& path, int dpi);
