@@ -24,6 +24,16 @@ int text_flags(Alignment alignment) {
     return flags | Qt::AlignLeft;
 }
 
+/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
+QRectF painted_area(const PictureElement& element, const QImage& image) {
+    QRectF area = place_of(element);
+    if (image.isNull()) return area;
+    const QSizeF size = image.deviceIndependentSize();
+    area.setWidth(size.width());
+    if (!element.CutToHeight || size.height() < area.height()) area.setHeight(size.height());
+    return area;
+}
+
 constexpr int border_margin = 4;
 constexpr int caption_height = 15;
 constexpr int caption_indent = 9;
@@ -48,6 +58,34 @@ bool Canvas::eventFilter(QObject* receiver, QEvent* event) {
     return false;
 }
 
+void Canvas::sync() {
+    // One rectangle: clipped to many, the pictures would be slower to paint than all between them.
+    QRect changed;
+    looks_.resize(container_.canvas.size());
+    auto before = looks_.begin();
+    for (const Painted& item : container_.canvas) {
+        Look now = std::visit([this](const auto* element) { return look(*element); }, item);
+        if (now != *before) {
+            changed |= before->area | now.area;
+            *before = std::move(now);
+        }
+        ++before;
+    }
+    update(changed);
+}
+
+Canvas::Look Canvas::look(const PictureElement& element) const {
+    const std::uint64_t load = element.Picture.load_number();
+    if (!element.Visible || load == 0) return {};
+    const QImage& image = parts_.pictures.image(element.Picture, devicePixelRatioF());
+    return {painted_area(element, image).toAlignedRect(), load, {}};
+}
+
+Canvas::Look Canvas::look(const Label& label) const {
+    if (!label.Visible) return {};
+    return {place_of(label).toAlignedRect(), 0, label};
+}
+
 void Canvas::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), background_);
@@ -55,28 +93,23 @@ void Canvas::paintEvent(QPaintEvent* event) {
 }
 
 void Canvas::paint_elements(QPainter& painter, const QRegion& region) const {
-    for (const Painted& item : container_.canvas) {
-        std::visit(
-            [&](const auto* element) {
-                if (element->Visible && region.intersects(place_of(*element).toAlignedRect())) {
-                    paint(painter, *element);
-                }
-            },
-            item);
+    auto item = container_.canvas.begin();
+    for (const Look& look : looks_) {
+        if (region.intersects(look.area)) {
+            std::visit([&](const auto* element) { paint(painter, *element); }, *item);
+        }
+        ++item;
     }
 }
 
 void Canvas::paint(QPainter& painter, const PictureElement& element) const {
-    if (element.Picture.load_number() == 0) return;
-    const QRectF place = place_of(element);
     const QImage& image = parts_.pictures.image(element.Picture, devicePixelRatioF());
+    const QRectF area = painted_area(element, image);
     if (image.isNull()) {
-        return paint_placeholder(painter, place, element.Picture);
+        return paint_placeholder(painter, area, element.Picture);
     }
-    QSizeF size = image.deviceIndependentSize();
-    if (element.CutToHeight) size.setHeight(qMin(size.height(), place.height()));
-    const QRectF source(QPointF(), size * image.devicePixelRatioF());
-    paint_image(painter, QRectF(place.topLeft(), size), image, source);
+    const QRectF source(QPointF(), area.size() * image.devicePixelRatioF());
+    paint_image(painter, area, image, source);
 }
 
 void Canvas::paint(QPainter& painter, const Label& label) const {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 #include <QColor>
 #include <QWidget>
 
@@ -14,6 +18,9 @@ class Canvas : public QWidget {
   public:
     Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent);
 
+    /// Has what looks otherwise than at the last call painted anew.
+    void sync();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -25,6 +32,16 @@ class Canvas : public QWidget {
     void paint_elements(QPainter& painter, const QRegion& region) const;
 
   private:
+    /// What is to be seen of an element: nothing while the area is empty.
+    struct Look {
+        QRect area;
+        std::uint64_t load = 0;      // of a picture
+        std::optional<Label> label;  // a label, as it is
+        bool operator==(const Look&) const = default;
+    };
+
+    Look look(const PictureElement& element) const;
+    Look look(const Label& label) const;
     QPointF place_in_canvas(const QMouseEvent& event) const;
     void paint(QPainter& painter, const PictureElement& element) const;
     void paint(QPainter& painter, const Label& label) const;
@@ -33,6 +50,7 @@ class Canvas : public QWidget {
     QColor background_;
     WindowParts& parts_;
     Mouse mouse_;
+    std::vector<Look> looks_;  // of the container's elements, as of the last `sync`
 };
 
 /// A frame: its border and caption, and inside the border what its container holds.

@@ -109,7 +109,7 @@ void build(Frame& frame, QWidget& parent, WindowParts& parts) {
     parts.syncs.emplace_back([box, &frame] {
         if (box->isEnabledTo(box->parentWidget()) != frame.Enabled) box->setEnabled(frame.Enabled);
         sync_place(*box, frame);
-        box->update();
+        box->sync();
     });
     build_controls(frame, *box, parts);
 }

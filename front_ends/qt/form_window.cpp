@@ -23,7 +23,7 @@ FormWindow::FormWindow(Form& form, WindowParts parts, const QIcon& icon,
         form.BackColor ? to_color(*form.BackColor) : palette().color(QPalette::Window);
     auto* canvas = new Canvas(form, parts_.background, parts_, this);
     canvas->setGeometry(rect());
-    parts_.syncs.emplace_back([canvas] { canvas->update(); });
+    parts_.syncs.emplace_back([canvas] { canvas->sync(); });
     build_controls(form, *canvas, parts_);
     sync();
     if (form.Place == OpeningPlace::Centered) centre();

@@ -137,7 +137,10 @@ class QtDriver final : public Driver {
     }
 
     Color pixel(const Form& form, Point at) override {
-        const QImage image = window_of(form).grab().toImage();
+        // What the screen shows, not what the window would paint if it were asked to.
+        QApplication::processEvents();
+        const QWidget& window = window_of(form);
+        const QImage image = window.screen()->grabWindow(window.winId()).toImage();
         const double ratio = image.devicePixelRatio();
         const QColor color = image.pixelColor(static_cast<int>(std::floor(at.x * ratio)),
                                               static_cast<int>(std::floor(at.y * ratio)));
