@@ -37,6 +37,12 @@ class NameEdit final : public QLineEdit {
         QLineEdit::keyPressEvent(event);
     }
 
+    /// Not earlier: the font takes long to find, and most boxes are never shown.
+    void showEvent(QShowEvent* event) override {
+        setFont(to_font(box_.Font));
+        QLineEdit::showEvent(event);
+    }
+
   private:
     TextBox& box_;
     WindowParts& parts_;
@@ -116,7 +122,6 @@ void build(Frame& frame, QWidget& parent, WindowParts& parts) {
 
 void build(TextBox& box, QWidget& parent, WindowParts& parts) {
     auto* edit = new NameEdit(box, parts, &parent);
-    edit->setFont(to_font(box.Font));
     parts.text_boxes[&box] = edit;
     parts.syncs.emplace_back([edit, &box] {
         const QString text = QString::fromStdString(box.Text);

@@ -1,6 +1,5 @@
 #include "front_ends/qt/look.h"
 
-#include <QDir>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QPalette>
@@ -86,12 +85,10 @@ QString button_style() {
 }
 
 QIcon program_icon(const QString& directory) {
-    const QDir files(directory);
     QIcon icon;
-    for (const QString& name : files.entryList({"Solvanta.ico", "Solvanta*.png"}, QDir::Files)) {
-        icon.addFile(files.filePath(name));
-    }
-    if (icon.availableSizes().isEmpty()) report_once("Solvanta.ico", "Symbol nicht gefunden");
+    for (const int size : {16, 24, 32, 48, 64})
+        icon.addFile(directory + QStringLiteral("/Solvanta-%1.png").arg(size));
+    if (icon.availableSizes().isEmpty()) report_once("Solvanta-48.png", "Symbol nicht gefunden");
     return icon;
 }
 
