@@ -1,3 +1,4 @@
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -43,16 +44,21 @@ void sync_and_close(int file, benchmark::State& measured) {
     if (fsync(file) != 0 || close(file) != 0) measured.SkipWithError("not flushed");
 }
 
-/// The calls alone that put bytes on the disk durably in the place of old ones.
+/// The calls alone that put bytes durably in the place of old ones, which keep their permissions.
 void BareWrite(benchmark::State& measured) {
     const Folder folder;
     const std::string path = folder.file("list");
     const std::string temporary = folder.file("list.tmp");
     const std::string bytes = format_best_times(full_list());
     for (auto round : measured) {
+        std::array<char, 16> link{};
+        struct stat old {};
+        if (readlink(path.c_str(), link.data(), link.size()) > 0 || unlink(temporary.c_str()) == 0)
+            measured.SkipWithError("not alone");
         const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (write(file, bytes.data(), bytes.size()) < 0) measured.SkipWithError("not written");
         sync_and_close(file, measured);
+        if (stat(path.c_str(), &old) == 0) chmod(temporary.c_str(), old.st_mode);
         std::rename(temporary.c_str(), path.c_str());
         sync_and_close(open(folder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), measured);
     }

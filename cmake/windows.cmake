@@ -5,7 +5,6 @@ if(MSVC)
     add_compile_options(/utf-8 /permissive-)
 else()
     string(REPLACE -O3 -O2 CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")  # a smaller program
-    add_compile_options(-ffunction-sections -fdata-sections)
     # Without the time in it, two builds of one commit are the same bytes.
-    add_link_options(-static -Wl,--gc-sections -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
+    add_link_options(-static -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
 endif()

@@ -12,7 +12,7 @@ prepare_wine() {
     [ -e "$LOCPATH/de_DE.UTF-8" ] || localedef -i de_DE -f UTF-8 "$LOCPATH/de_DE.UTF-8"
     trap stop_wine EXIT
     mkfifo "$wine_home/display-$$"
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$wine_home/display-$$" 2>/dev/null &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset -nolisten tcp 3>"$wine_home/display-$$" 2>/dev/null &
     wine_screen=$!
     local number
     read -r number <"$wine_home/display-$$"

@@ -1,0 +1,242 @@
+"""Measures what benchmarks/run has built and prints one table; with --write puts it into
+docs/performance.md. Each program is measured in turn with what it is compared to; figures are
+medians, their spread is the distance between the quartiles in percent of the median.
+"""
+import collections
+import json
+import os
+import platform
+import re
+import shutil
+import statistics
+import subprocess
+import sys
+import time
+
+ROUNDS = 15
+RELEASE = os.path.abspath("build/release")
+TOOLS = RELEASE + "/benchmarks"
+WINDOWS = os.path.abspath("build/windows")
+DOCUMENT = "docs/performance.md"
+MARKS = "<!-- measured by benchmarks/run -->\n", "<!-- end -->\n"
+
+Figure = collections.namedtuple("Figure", "value spread")
+rows = []
+
+
+def figure(values):
+    middle = statistics.median(values)
+    low, _, high = statistics.quantiles(values, n=4)
+    return Figure(middle, 100 * (high - low) / middle if middle else 0)
+
+
+def compare(what, unit, bare, program, aim):
+    """A row for two figures whose ratio is to be at most `aim`."""
+    ratio = program.value / bare.value
+    spread = max(bare.spread, program.spread)
+    add(what, f"{bare.value:,.4g} {unit}", f"{program.value:,.4g} {unit}", f"{ratio:.2f}",
+        f"≤ {aim}", ratio <= aim, spread)
+
+
+def state(what, text, aim, reached, spread=0):
+    """A row for a figure that is compared to nothing."""
+    add(what, "", text, "", aim, reached, spread)
+
+
+def add(what, bare, program, ratio, aim, reached, spread):
+    rows.append((what, bare, program, ratio, aim, "yes" if reached else "no", f"{spread:.0f} %"))
+    print(*(cell for cell in rows[-1] if cell), sep=" | ", file=sys.stderr)
+
+
+def output(*command, **options):
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          text=True, timeout=500, **options).stdout
+
+
+def google(program, pattern, rounds=ROUNDS, seconds=0.1):
+    """The runs of the benchmarks that match, by name, each a dictionary of its figures."""
+    report = output(program, "--benchmark_filter=" + pattern, f"--benchmark_repetitions={rounds}",
+                    f"--benchmark_min_time={seconds}", "--benchmark_format=json",
+                    "--benchmark_enable_random_interleaving=true", cwd=TOOLS)
+    runs = collections.defaultdict(lambda: collections.defaultdict(list))
+    for run in json.loads(report)["benchmarks"]:
+        if run["run_type"] != "iteration":
+            continue
+        for key, value in run.items():
+            if isinstance(value, (int, float)):
+                runs[run["run_name"]][key].append(value)
+    return {name: {key: figure(values) for key, values in figures.items()}
+            for name, figures in runs.items()}
+
+
+def rules():
+    runs = google(TOOLS + "/rules_benchmark", "Rules|Shuffle|Deal|WholeProgram")
+    clicks = runs["Rules"]["items_per_second"]
+    state("rules alone", f"{clicks.value / 1e6:,.0f} million clicks/s", "≥ 10 million",
+          clicks.value >= 10e6, clicks.spread)
+    allocations = runs["Rules"]["allocations"].value
+    state("heap allocations in these clicks", f"{allocations:.0f}", "0", allocations == 0)
+    events = runs["WholeProgram"]["items_per_second"]
+    state("whole program without windows", f"{events.value / 1e3:,.0f} thousand clicks/s",
+          "≥ 500 thousand", events.value >= 500e3, events.spread)
+    compare("a deal against a bare shuffle", "ns", runs["BareShuffle"]["cpu_time"],
+            runs["Deal"]["cpu_time"], 3)
+
+
+def growth():
+    runs = google(TOOLS + "/rules_benchmark", "AfterGames", rounds=5)
+    first, last = (runs[f"AfterGames/{games}/iterations:100"] for games in (1, 10000))
+    compare("1000 clicks in game 10,000 against the first", "ns", first["cpu_time"],
+            last["cpu_time"], 1.1)
+    compare("memory held after 10,000 games against one", "bytes", first["bytes"], last["bytes"],
+            1.01)
+
+
+def writing():
+    runs = google(TOOLS + "/rules_benchmark", "Write", seconds=0.2)
+    compare("writing the best times against the bare calls", "ns",
+            runs["BareWrite/real_time"]["real_time"], runs["BestTimesWrite/real_time"]["real_time"],
+            1.1)
+
+
+def refresh():
+    table = TOOLS + "/table"
+    shutil.rmtree(table, ignore_errors=True)
+    shutil.copytree(RELEASE + "/Solvanta", table)
+    shutil.copy(TOOLS + "/refresh_benchmark", table)
+    runs = google(table + "/refresh_benchmark", ".")
+    for pictures in (20, 60):
+        compare(f"refresh of {pictures} pictures against bare reading", "ns",
+                runs[f"BareRead/{pictures}"]["cpu_time"], runs[f"Refresh/{pictures}"]["cpu_time"],
+                3)
+    times = {count: runs[f"Refresh/{count}"]["cpu_time"] for count in (20, 40, 60)}
+    line = Figure((times[20].value + times[60].value) / 2, times[20].spread)
+    compare("refresh of 40 against the middle of 20 and 60", "ns", line, times[40], 1.1)
+
+
+def watch(what, *command):
+    return [[float(word) for word in line.split()]
+            for line in output(TOOLS + "/screen_watch", what, *command).splitlines()]
+
+
+def starts(commands, rounds):
+    """For each command the milliseconds to the first painted pixel and the peak of kilobytes."""
+    seen = [[] for _ in commands]
+    for command in commands:
+        watch("start", *command)  # from here on the files are in memory
+    for _ in range(rounds):
+        for command, times in zip(commands, seen):
+            times.append(watch("start", *command)[0])
+    return [[figure(values) for values in zip(*times)] for times in seen]
+
+
+def instructions(command):
+    log = TOOLS + "/callgrind.log"
+    watch("start", "valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null",
+          "--log-file=" + log, *command)
+    with open(log, encoding="utf-8") as file:
+        # A helper process that the toolkit starts has a count of its own.
+        return Figure(max(int(count) for count in re.findall(r"Collected : (\d+)", file.read())), 0)
+
+
+def start():
+    empty, word = [TOOLS + "/empty_window"], [TOOLS + "/empty_window", "word"]
+    program = [RELEASE + "/Solvanta/Solvanta"]
+    names = "an empty window", "a window with one word"
+    shown = starts([empty, word, program], ROUNDS)
+    for name, bare in zip(names, shown):
+        compare("start to first paint against " + name, "ms", bare[0], shown[2][0], 1.15)
+    counts = [instructions(command) for command in (empty, word, program)]
+    for name, bare in zip(names, counts):
+        compare("instructions of a start against " + name, "", bare, counts[2], 1.5)
+    for name, bare in zip(names, shown):
+        compare("peak of memory against " + name, "kB", bare[1], shown[2][1], 1.15)
+
+
+def start_in_wine():
+    empty = ["wine", WINDOWS + "/benchmarks/empty_window.exe"]
+    program = ["wine", WINDOWS + "/Solvanta/Solvanta.exe"]
+    shown = starts([empty, program], 9)
+    compare("Windows under Wine: start against an empty window", "ms", shown[0][0], shown[1][0],
+            1.5)
+
+
+def clicks():
+    times = sorted(time for time, in watch("clicks", RELEASE + "/Solvanta/Solvanta"))
+    late = times[len(times) * 95 // 100]
+    state("click to painted pixels on the screen, 95th percentile",
+          f"{late:.1f} ms (median {statistics.median(times):.1f})", "< 16.7 ms", late < 1000 / 60)
+
+
+def sizes():
+    stripped = TOOLS + "/stripped"
+    output("strip", "-o", stripped, RELEASE + "/Solvanta/Solvanta")
+    for system, file, aim in (("Linux", stripped, 300),
+                              ("Windows", WINDOWS + "/Solvanta/Solvanta.exe", 600)):
+        size = os.path.getsize(file) / 1024
+        state(f"stripped program, {system}", f"{size:,.0f} KB", f"≤ {aim} KB", size <= aim)
+
+
+def seconds_of(*command):
+    begin = time.monotonic()
+    output(*command)
+    return time.monotonic() - begin
+
+
+def building():
+    folder = os.path.abspath("build/timed")
+    shutil.rmtree(folder, ignore_errors=True)
+    output("cmake", "--preset", "release", "-G", "Ninja", "-B", folder, "-DSOLVANTA_TESTS=ON")
+    clean = seconds_of("cmake", "--build", folder, "--parallel", "2")
+    state("clean build with all tests", f"{clean:.0f} s", "≤ 60 s", clean <= 60)
+    os.utime("core/moves.cpp")
+    again = seconds_of("cmake", "--build", folder, "--parallel", "2")
+    state("build after a change in core", f"{again:.0f} s", "≤ 10 s", again <= 10)
+    shutil.rmtree(folder)
+
+
+def tests():
+    report = output("ctest", "--preset", "release", "--label-exclude", "end_to_end", "--parallel",
+                    "2")
+    times = re.findall(r": (\S+) \.+ +Passed +([\d.]+) sec", report)
+    name, longest = max(times, key=lambda test: float(test[1]))
+    state(f"longest test but the tour ({name})", f"{longest} s", "≤ 10 s", float(longest) <= 10)
+
+
+def machine():
+    def first(file, pattern):
+        with open(file, encoding="utf-8") as lines:
+            return re.search(pattern, lines.read()).group(1)
+    return (f"{os.cpu_count()} cores ({first('/proc/cpuinfo', 'model name.*: (.*)')}), "
+            f"{int(first('/proc/meminfo', 'MemTotal: *([0-9]+)')) / 2**20:.0f} GB, "
+            f"{first('/etc/os-release', 'PRETTY_NAME=.(.*).')}, Linux {platform.release()}, "
+            f"{time.strftime('%B %Y')}")
+
+
+def table():
+    head = ["", "bare", "Solvanta", "ratio", "aim", "reached", "spread"]
+    lines = [head, ["---"] * len(head), *rows]
+    return "".join("| " + " | ".join(cells) + " |\n" for cells in lines)
+
+
+def write(measured):
+    with open(DOCUMENT, encoding="utf-8") as file:
+        before, rest = file.read().split(MARKS[0])
+    after = rest.split(MARKS[1])[1]
+    with open(DOCUMENT, "w", encoding="utf-8") as file:
+        file.write(before + MARKS[0] + "\n" + measured + "\n" + MARKS[1] + after)
+
+
+def main():
+    for variable, value in (("QT_QPA_PLATFORM", "xcb"), ("LC_ALL", "de_DE.UTF-8")):
+        os.environ[variable] = value
+    for measure in (start, start_in_wine, refresh, clicks, rules, growth, writing, sizes, building,
+                    tests):
+        measure()
+    measured = machine() + "\n\n" + table()
+    print(measured, end="")
+    if "--write" in sys.argv[1:]:
+        write(measured)
+
+
+main()
