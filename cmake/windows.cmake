@@ -4,7 +4,6 @@ if(MSVC)
     set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
     add_compile_options(/utf-8 /permissive-)
 else()
-    string(REPLACE -O3 -O2 CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")  # a smaller program
     # Without the time in it, two builds of one commit are the same bytes.
     add_link_options(-static -Wl,--no-insert-timestamp $<$<CONFIG:Release>:-s>)
 endif()
