@@ -30,7 +30,8 @@ prepare_wine() {
         touch "$wine_home/ready"
     fi
     # What Windows runs besides goes on between the tests: started anew by one of them it would take
-    # long, and live by the clock that the tour sets.
+    # long, hold on to that test's output, and live by the clock that the tour sets.
+    timeout 300 wineboot >/dev/null 2>&1
     sleep infinity | wine cmd >/dev/null 2>&1 &
 }
 
