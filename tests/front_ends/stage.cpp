@@ -133,7 +133,8 @@ std::string bitmap(int width, int height, Color left, Color right, std::uint32_t
     std::string bytes = bitmap_headers(width, height);
     for (int i = 0; i < width * height; ++i) {
         const Color color = i % width < width / 2 ? left : right;
-        append_number(bytes, color.blue | color.green << 8U | color.red << 16U | opacity << 24U);
+        append_number(bytes, color.blue | std::uint32_t{color.green} << 8U |
+                                 std::uint32_t{color.red} << 16U | opacity << 24U);
     }
     return bytes;
 }

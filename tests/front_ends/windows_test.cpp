@@ -29,7 +29,7 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
             start_anew();
             TestForm form;
             show(form);
-            when_box_opens([&, key = key] {
+            when_box_opens([&, key = key, captions = captions] {
                 const BoxLook box = *driver().box();
                 EXPECT_EQ(box.title, "Solvanta");
                 EXPECT_EQ(box.text, "<b>Größe?</b>");
