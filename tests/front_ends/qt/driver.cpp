@@ -4,12 +4,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBackingStore>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -137,10 +137,10 @@ class QtDriver final : public Driver {
     }
 
     Color pixel(const Form& form, Point at) override {
-        // What the screen shows, not what the window would paint if it were asked to.
+        // What has been painted, not what the window would paint if it were asked to.
         QApplication::processEvents();
-        const QWidget& window = window_of(form);
-        const QImage image = window.screen()->grabWindow(window.winId()).toImage();
+        const QPaintDevice* painted = window_of(form).backingStore()->paintDevice();
+        const auto& image = dynamic_cast<const QImage&>(*painted);
         const double ratio = image.devicePixelRatio();
         const QColor color = image.pixelColor(static_cast<int>(std::floor(at.x * ratio)),
                                               static_cast<int>(std::floor(at.y * ratio)));
