@@ -20,15 +20,6 @@ class SilentHost final : public test::NullHost {
     }
 };
 
-/// The files of the tests without their record of calls, which grows.
-class SilentFiles final : public test::MemoryFiles {
-  public:
-    std::error_code flush() override {
-        calls.clear();
-        return {};
-    }
-};
-
 /// The whole program in front of somebody who clicks at random.
 class Game {
   public:
@@ -57,7 +48,7 @@ class Game {
     }
 
     SilentHost host_;
-    SilentFiles files_;
+    test::MemoryFiles files_;
     Form_Main table_{host_, [seed = 1U]() mutable { return random_from_seed(seed++); }, files_};
     Mouse mouse_{table_};
     const std::vector<Click> clicks_ = click_mix(clicks_per_game);

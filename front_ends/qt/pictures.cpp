@@ -16,9 +16,8 @@ namespace solvanta::qt {
 namespace {
 
 constexpr int largest_side = 4096;
-constexpr std::size_t largest_file = std::size_t{65}
-                                     << 20;  // more than a bitmap of the largest sides
-constexpr double fine_ratio = 2;             // of the files named `@2x`
+constexpr std::size_t largest_file = std::size_t{65} << 20;  // more than the largest bitmap
+constexpr double fine_ratio = 2;                             // of the files named `@2x`
 
 bool wants_fine_file(double ratio) {
     return ratio > 1;
