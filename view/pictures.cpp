@@ -13,7 +13,9 @@ constexpr std::array<std::string_view, cards_per_suit> rank_words{
 }  // namespace
 
 std::string program_file(std::string_view directory, std::string_view name) {
-    std::string path(directory);
+    std::string path;
+    path.reserve(directory.size() + 1 + name.size());
+    path += directory;
     path += static_cast<char>(std::filesystem::path::preferred_separator);
     path += name;
     return path;

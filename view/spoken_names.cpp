@@ -1,5 +1,6 @@
 #include "view/spoken_names.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -36,13 +37,15 @@ std::string exposed_name(const GameState& state, int col) {
 void name_column(const GameState& state, TableWindow& table, int col) {
     const std::string prefix = "Spalte " + std::to_string(col) + ": ";
     const std::string mark = marked(state.Selected(col));
-    for (TableauRow& row : table.Ih)
-        row(col - 1).SpokenName = prefix + covered_card;
-    table.Iv(1)(col - 1).SpokenName = prefix + exposed_name(state, col) + mark;
-    for (int r = 2; r <= state.FaceUpCount(col); ++r) {
+    for (int r = 1; r <= state.FaceDownCount(col); ++r) {
+        std::string& name = table.Ih(r)(col - 1).SpokenName;
+        name = prefix;
+        name += covered_card;
+    }
+    for (int r = 1; r <= std::max(state.FaceUpCount(col), 1); ++r) {
         std::string& name = table.Iv(r)(col - 1).SpokenName;
         name = prefix;
-        name += spoken_card(state.FaceUp(col)(r));
+        name += r == 1 ? exposed_name(state, col) : spoken_card(state.FaceUp(col)(r));
         name += mark;
     }
 }
@@ -60,9 +63,11 @@ std::string spoken_card(CardNumber card) {
 void name_places(const GameState& state, TableWindow& table) {
     for (int f = 1; f <= foundations; ++f) {
         const int count = state.FoundationCount(f);
-        table.Stapel(f - 1).SpokenName =
-            "Ziel " + std::to_string(f) + ": " +
-            card_or_empty(count > 0 ? state.FoundationCards(f)(count) : 0);
+        std::string& name = table.Stapel(f - 1).SpokenName;
+        name = "Ziel ";
+        name += std::to_string(f);
+        name += ": ";
+        name += card_or_empty(count > 0 ? state.FoundationCards(f)(count) : 0);
     }
     table.Source_Hide.SpokenName = stock_name(state.DeckCount);
     table.Source.SpokenName =
