@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <exception>
 
 #include <windows.h>

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "front_ends/win32/scale.h"
+#include "front_ends/win32/window.h"
 #include "platform/windows_text.h"
 
 namespace solvanta::win32 {
@@ -12,8 +13,14 @@ namespace {
 /// box alone.
 class OthersDisabled {
   public:
-    explicit OthersDisabled(HWND owner) : owner_(owner) {
-        EnumThreadWindows(GetCurrentThreadId(), disable, reinterpret_cast<LPARAM>(this));
+    explicit OthersDisabled(HWND owner) {
+        HWND window = nullptr;
+        while ((window = FindWindowExW(nullptr, window, plain_class(), nullptr)) != nullptr) {
+            const bool ours = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+            if (ours && window != owner && IsWindowEnabled(window)) windows_.push_back(window);
+        }
+        for (HWND other : windows_)
+            EnableWindow(other, FALSE);
     }
     OthersDisabled(const OthersDisabled&) = delete;
     OthersDisabled& operator=(const OthersDisabled&) = delete;
@@ -23,16 +30,6 @@ class OthersDisabled {
     }
 
   private:
-    static BOOL CALLBACK disable(HWND window, LPARAM self) {
-        auto& others = *reinterpret_cast<OthersDisabled*>(self);
-        if (window != others.owner_ && IsWindowVisible(window) && IsWindowEnabled(window)) {
-            others.windows_.push_back(window);
-            EnableWindow(window, FALSE);
-        }
-        return TRUE;
-    }
-
-    HWND owner_;
     std::vector<HWND> windows_;
 };
 
@@ -78,6 +75,7 @@ class OpenBox {
   public:
     OpenBox(std::vector<HWND>& open, HWND owner, Buttons buttons)
         : open_(open), owner_(owner), buttons_(buttons), others_(owner), below_(current_) {
+        open_.reserve(open_.size() + 1);  // nothing must be thrown through the system's calls
         current_ = this;
         opening_ = SetWindowsHookExW(WH_CBT, on_opening, nullptr, GetCurrentThreadId());
         messages_ = SetWindowsHookExW(WH_MSGFILTER, on_message, nullptr, GetCurrentThreadId());

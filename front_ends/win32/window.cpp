@@ -50,6 +50,8 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT id, WPARAM w, LPARAM l, UIN
         }
     } catch (const std::exception& error) {
         report_trouble("unerwarteter Fehler: " + std::string(error.what()));
+    } catch (...) {
+        report_trouble("unerwarteter Fehler");
     }
     return answer_of_class(message);
 }
