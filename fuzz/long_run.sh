@@ -5,8 +5,8 @@
 #   long_run.sh BUILD_DIRECTORY [TARGETS...]
 set -euo pipefail
 export QT_QPA_PLATFORM=offscreen
-# Without the long stack of each allocation it is twice as fast.
-export ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=4
+# Without the long stack of each allocation and its filling it is twice as fast.
+export ASAN_OPTIONS=malloc_context_size=1:quarantine_size_mb=4:max_malloc_fill_size=0
 seeds=$(cd "$(dirname "$0")" && pwd)/corpus
 cd "$1"
 shift
@@ -21,7 +21,7 @@ for target in "$@"; do
     found=found/$target
     mkdir -p "$found"
     log=$found.log
-    if ! nice -n 19 "./fuzz_$target" -runs=$runs -max_len=$length -timeout=20 -close_fd_mask=1 \
+    if ! nice -n 19 "./fuzz_$target" -runs=$runs -max_len=$length -timeout=600 -close_fd_mask=1 \
         -artifact_prefix="$found." "$found" "$seeds/$target" >"$log" 2>&1; then
         tail -n 40 "$log" >&2
         exit 1

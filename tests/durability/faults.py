@@ -11,10 +11,9 @@ import resource
 import subprocess
 import sys
 
-from dealer import Dealer, Directory, list_bytes, next_deal, print_table, record, require
+from dealer import AS_NOBODY, Dealer, Directory, list_bytes, next_deal, print_table, record, require
 
 program = sys.argv[1]
-NOBODY = 65534
 ERRORS = ("ENOSPC", "EDQUOT", "EIO", "EROFS", "EACCES", "EPERM", "EINTR")
 OLD = list_bytes(30, 99)
 NEW = next_deal(OLD)
@@ -96,7 +95,6 @@ def without_permission():
     """What an unprivileged user finds, and what must come of it."""
     if os.getuid() != 0:
         return [["permissions", "not tried: only root can take them away"]]
-    as_nobody = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
     new_in_place = "new, in place"
     cases = [  # what, mode of the directory, mode of the list (nothing: there is none), outcome
         ("directory and list read-only", 0o555, 0o444, "old, told"),
@@ -115,7 +113,7 @@ def without_permission():
                 os.chmod(directory.list, list_mode)
             os.chmod(directory.path, directory_mode)
             inode = os.stat(directory.list).st_ino if old else None
-            dealer = Dealer(program, directory, as_nobody)
+            dealer = Dealer(program, directory, AS_NOBODY)
             require(dealer.deal(), what, "ends the game")
             left = directory.content()
             same = old and os.stat(directory.list).st_ino == inode

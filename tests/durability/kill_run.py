@@ -1,37 +1,48 @@
 """Kills the program before each of its system calls in turn, over lists of several lengths. After
 each kill the list is the old one or the new one, byte for byte, and the next start goes on from
-there and leaves no stray file.
+there and leaves no stray file. So too where the list may only be written in place.
 
     kill_run.py DEALS_PROGRAM
 """
+import os
 import sys
 
-from dealer import PLACES, Directory, deal_once, list_bytes, next_deal, print_table, record, require
+from dealer import AS_NOBODY, PLACES, Directory, deal_once, list_bytes, next_deal, print_table, record, require
 
 program = sys.argv[1]
 
 
-def outcome_of_kill(call, old):
-    with Directory(old) as directory:
-        answer, _ = deal_once(program, directory, call.inject("signal=KILL"))
+def directory_of(old, wrapper):
+    """For a user without rights the directory takes no new file, only the list may be written."""
+    directory = Directory(old)
+    if wrapper:
+        os.chmod(directory.list, 0o666)
+        os.chmod(directory.path, 0o555)
+    return directory
+
+
+def outcome_of_kill(call, old, wrapper):
+    with directory_of(old, wrapper) as directory:
+        answer, _ = deal_once(program, directory, [*call.inject("signal=KILL"), *wrapper])
         left = directory.content()
         require(left in (old, next_deal(old)), "neither old nor new before", call.name, call.number)
         require(not answer or left == next_deal(old), "answered, but not written:", call.name)
         stray = directory.strays()
-        again, errors = deal_once(program, directory)
+        again, errors = deal_once(program, directory, wrapper)
         require(again and not errors, "the next start fails after", call.name, errors)
         require(directory.content() == next_deal(left), "the next deal is lost after", call.name)
         require(not directory.strays(), "stray files after", call.name, directory.strays())
         return ("old" if left == old else "new") + (" + temporary file" if stray else "")
 
 
-def kill_everywhere(old):
+def kill_everywhere(old, wrapper=()):
     """What comes of a kill before each of the start's calls, and of the deal's, by their names."""
-    with Directory(old) as directory:
-        calls, deal = record(program, directory)
-    outcomes = [(call.name, outcome_of_kill(call, old)) for call in calls[1:deal]]
-    require({outcome for _, outcome in outcomes} == {"old"}, "the start changed the list")
-    return len(outcomes), [(call.name, outcome_of_kill(call, old)) for call in calls[deal:-1]]
+    with directory_of(old, wrapper) as directory:
+        calls, deal = record(program, directory, wrapper)
+    start = [] if wrapper else [call for call in calls[:deal] if call.name != "execve"]
+    outcomes = [(call.name, outcome_of_kill(call, old, wrapper)) for call in start + calls[deal:-1]]
+    require({outcome for _, outcome in outcomes[: len(start)]} <= {"old"}, "the start changed the list")
+    return len(start), outcomes[len(start) :]
 
 
 def column(outcomes, names):
@@ -40,11 +51,15 @@ def column(outcomes, names):
     return [rest.pop(0)[1] if rest and rest[0][0] == name else "-" for name in names]
 
 
-lists = [list_bytes(0, None), *(list_bytes(places, 99) for places in PLACES)]
-starts, deals = zip(*(kill_everywhere(old) for old in lists))
+cases = [("no list", list_bytes(0, None)), *((f"{places} places", list_bytes(places, 99)) for places in PLACES)]
+starts, deals = zip(*(kill_everywhere(old) for _, old in cases))
 names = [name for name, _ in max(deals, key=len)]
 rows = zip(names, *(column(outcomes, names) for outcomes in deals))
-print_table(["killed before", "no list", *(f"{places} places" for places in PLACES)],
+print_table(["killed before", *(name for name, _ in cases)],
             [["the start's calls", *(f"old, {count} times" for count in starts)], *rows])
 kills = sum(starts) + sum(len(outcomes) for outcomes in deals)
+if os.getuid() == 0:
+    _, in_place = kill_everywhere(list_bytes(30, 99), AS_NOBODY)
+    print_table(["killed before", "30 places, in place"], in_place)
+    kills += len(in_place)
 print(kills, "kills, each followed by a start and a deal")

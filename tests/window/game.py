@@ -114,7 +114,7 @@ class Game:
             if not (box := window_named(BOX)):
                 return True
             xdotool("windowfocus", box, "key", "Return")
-            return within(0.5, lambda: not window_named(BOX))
+            return within(3, lambda: not window_named(BOX))
         wait_for(gone, "the box's end")
 
     def end(self):

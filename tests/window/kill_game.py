@@ -21,9 +21,7 @@ def strace(directory, *options):
 
 
 def deal(directory, *options):
-    """A list, a start, a deal; what the list is then."""
-    with open(os.path.join(directory, LIST), "wb") as file:
-        file.write(OLD)
+    """A start and a deal; what the list is then."""
     with Game(strace(directory, *options)) as game:
         game.deal()
         if "inject" in " ".join(options):
@@ -33,7 +31,13 @@ def deal(directory, *options):
     return read(os.path.join(directory, LIST))
 
 
+def put_list(directory):
+    with open(os.path.join(directory, LIST), "wb") as file:
+        file.write(OLD)
+
+
 def recorded(directory):
+    put_list(directory)
     with tempfile.NamedTemporaryFile("r", errors="replace") as log:
         require(deal(directory, "-o", log.name) == next_deal(OLD), "the deal is not written")
         seen = {}
@@ -47,10 +51,11 @@ with tempfile.TemporaryDirectory() as work, Screen():
     program = copy_of_program(sys.argv[1], os.path.join(work, "Solvanta"))
     rows = []
     for call in recorded(program):
+        put_list(program)
         left = deal(program, "-o", os.devnull, "-e", f"inject={call.name}:signal=KILL:when={call.number}")
         require(left in (OLD, next_deal(OLD)), "neither old nor new before", call.name)
         rows.append([call.name, "old" if left == OLD else "new"])
-        require(deal(program, "-o", os.devnull) == next_deal(OLD), "the next deal is lost after", call.name)
+        require(deal(program, "-o", os.devnull) == next_deal(left), "the next deal is lost after", call.name)
         require(not os.path.exists(os.path.join(program, LIST + ".tmp")), "a stray file after", call.name)
     require({"old", "new"} == {outcome for _, outcome in rows}, rows)
     print_table(["killed before", "30 places"], rows)
