@@ -48,8 +48,8 @@ Rectangle place_of(const Form& form, const Element& element) {
     return place;
 }
 
-TestForm::TestForm() {
-    Caption = "Probe";
+TestForm::TestForm(const std::string& caption) {
+    Caption = caption;
     ClientWidth = 300 * twips_per_pixel;
     ClientHeight = 200 * twips_per_pixel;
     BackColor = red;

@@ -18,7 +18,7 @@ inline constexpr Color black{0, 0, 0};
 
 /// A small form: 300 x 200 pixels in red, with a button at its lower edge.
 struct TestForm : Form {
-    TestForm();
+    explicit TestForm(const std::string& caption = "Probe");
 
     PictureElement& add_picture(int left, int top, int width, int height);
 

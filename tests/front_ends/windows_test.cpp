@@ -61,11 +61,9 @@ TEST_F(Boxes, HaveWhatTheHandlerShowedBehindThem) {
 
 TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
     TestForm form;
-    Timer timer;
     int ticks = 0;
     int clicks = 0;
-    timer.Interval = 10;
-    timer.Tick = [&] { form.Caption = std::to_string(++ticks); };
+    Timer timer{10, [&] { form.Caption = std::to_string(++ticks); }};
     form.timers = {&timer};
     form.add_picture(0, 0, 40, 40).Click = [&] { ++clicks; };
     host().show(form);
@@ -88,25 +86,16 @@ TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
 
 class Windows : public FrontEnd {};
 
-/// A form that its own Closed handler destroys, and what it needs for that.
-struct Guest : TestForm {
-    explicit Guest(std::unique_ptr<Guest>& place_to_live, int& ticks) {
-        Caption = "Gast";
-        timer.Interval = 5;
-        timer.Tick = [&ticks] { ++ticks; };
-        timers = {&timer};
-        Closed = [&place_to_live] { place_to_live.reset(); };
-    }
-    Timer timer;
-};
-
 TEST_F(Windows, AreHiddenClosedAndShownAgain) {
     TestForm form;
     show(form);
     int ticks = 0;
-    std::unique_ptr<Guest> guest;
+    Timer timer{5, [&ticks] { ++ticks; }};
+    std::unique_ptr<TestForm> guest;
     for (int round = 0; round < 3; ++round) {
-        guest = std::make_unique<Guest>(guest, ticks);
+        guest = std::make_unique<TestForm>("Gast");
+        guest->timers = {&timer};
+        guest->Closed = [&guest] { guest.reset(); };
         show(*guest);
         host().hide(*guest);
         driver().settle();
@@ -156,8 +145,7 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
     for (const bool by_the_desktop : {true, false}) {
         start_anew();
         EntryForm form;
-        TestForm other;
-        other.Caption = "Hilfe";
+        TestForm other("Hilfe");
         std::string log;
         form.Saving = [&] { log += "saving "; };
         form.Closed = [&] { log += "closed ", host().quit(); };
