@@ -166,7 +166,7 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         {selection, "2 X7 | H8?; sel 2", none},
         {selection, "sel 9", none},
         {selection, sound + "; sel 0", none},
-        {foundations, "F 0 0 0 0 1", none},
+        {foundations, "F 0 0 0 0 0 0 0 1", none},
         {foundations, sound,
          [](GameState& s) { std::swap(s.FoundationCards(1)(1), s.FoundationCards(1)(2)); }},
         // The suit's cards under another suit's number.
