@@ -11,6 +11,7 @@
 #include "scores/list_text.h"
 #include "scores/windows_1252.h"
 #include "view/pictures.h"
+#include "view/spoken_names.h"
 #include "view/table_display.h"
 
 namespace solvanta {
@@ -22,6 +23,7 @@ Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, File
       directory_(host.program_directory()),
       best_times_file_(program_file(directory_, best_times_file_name), files) {
     clear_places(state);
+    name_places(state, *this);
     connect_events();
     connect_rows();
 }

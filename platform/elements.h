@@ -75,10 +75,14 @@ struct Element {
 struct PictureElement : Element {
     solvanta::Picture Picture;
     bool CutToHeight = false;  ///< only the top `Height` twips of the picture are shown
-    std::string SpokenName;    ///< what a screen reader says for it; empty: nothing
     bool KeyStop = false;      ///< a place to which the arrow keys lead
     Event Click;
     Event DblClick;
+
+    /// Tells what a screen reader says for it; without it, or with an empty text, that is nothing.
+    std::function<std::string()> SpokenName;
+
+    std::string spoken_name() const { return SpokenName ? SpokenName() : std::string(); }
 };
 
 /// A light-weight opaque label of one or more lines.

@@ -5,18 +5,17 @@
 namespace solvanta {
 
 PictureElement* Mouse::element_at(Twips x, Twips y) const {
-    PictureElement* topmost = nullptr;
-    for (const Painted& item : container_.canvas) {
-        auto* const* element = std::get_if<PictureElement*>(&item);
+    for (auto item = container_.canvas.rbegin(); item != container_.canvas.rend(); ++item) {
+        auto* const* element = std::get_if<PictureElement*>(&*item);
         if (!element) continue;
         PictureElement& candidate = **element;
         if (candidate.Visible && candidate.Click && x >= candidate.Left &&
             x < candidate.Left + candidate.Width && y >= candidate.Top &&
             y < candidate.Top + candidate.Height) {
-            topmost = &candidate;
+            return &candidate;
         }
     }
-    return topmost;
+    return nullptr;
 }
 
 void Mouse::press(Twips x, Twips y) {

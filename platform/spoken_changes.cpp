@@ -14,7 +14,7 @@ std::string SpokenChanges::since_last_time(const Container& container) {
     for (const Painted& item : container.canvas) {
         auto* const* element = std::get_if<PictureElement*>(&item);
         if (!element || !is_place(**element)) continue;
-        const std::string& name = (*element)->SpokenName;
+        const std::string name = (*element)->spoken_name();
         names[*element] = name;
         const auto before = names_.find(*element);
         if (before != names_.end() && before->second == name) continue;

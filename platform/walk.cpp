@@ -58,7 +58,7 @@ PictureElement* cheapest_place(const Container& container, const Cost& cost_of) 
 }  // namespace
 
 bool is_place(const PictureElement& element) {
-    return element.Visible && element.KeyStop && !element.SpokenName.empty();
+    return element.Visible && element.KeyStop && !element.spoken_name().empty();
 }
 
 PictureElement* next_place(const Container& container, const PictureElement& from,

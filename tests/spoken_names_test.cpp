@@ -26,18 +26,18 @@ TEST(SpokenNames, TellWhatEachPlaceShows) {
     Player player(read_golden_game().seed());
     player.deal();
     Form_Main& table = player.table;
-    EXPECT_EQ(table.Source_Hide.SpokenName, "Stapel, 49 Karten");
-    EXPECT_EQ(table.Source.SpokenName, "Ablage: leerer Platz");
-    EXPECT_EQ(table.Stapel(7).SpokenName, "Ziel 8: leerer Platz");
-    EXPECT_EQ(table.Ih(1)(0).SpokenName, "Spalte 1: verdeckte Karte");
+    EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 49 Karten");
+    EXPECT_EQ(table.Source.spoken_name(), "Ablage: leerer Platz");
+    EXPECT_EQ(table.Stapel(7).spoken_name(), "Ziel 8: leerer Platz");
+    EXPECT_EQ(table.Ih(1)(0).spoken_name(), "Spalte 1: verdeckte Karte");
     const std::string front = "Spalte 10: " + spoken_card(table.state.FaceUp(10)(1));
-    EXPECT_EQ(table.Iv(1)(9).SpokenName, front);
+    EXPECT_EQ(table.Iv(1)(9).spoken_name(), front);
     player.play("c10");
-    EXPECT_EQ(table.Iv(1)(9).SpokenName, front + ", ausgewählt");
+    EXPECT_EQ(table.Iv(1)(9).spoken_name(), front + ", ausgewählt");
     player.play("stock waste");
     const std::string waste = spoken_card(table.state.Waste(table.state.WasteCount));
-    EXPECT_EQ(table.Source.SpokenName, "Ablage: " + waste + ", ausgewählt");
-    EXPECT_EQ(table.Source_Hide.SpokenName, "Stapel, 46 Karten");
+    EXPECT_EQ(table.Source.spoken_name(), "Ablage: " + waste + ", ausgewählt");
+    EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 46 Karten");
 }
 
 TEST(SpokenNames, CoverEveryElementOnShowThroughoutAGame) {
@@ -48,15 +48,15 @@ TEST(SpokenNames, CoverEveryElementOnShowThroughoutAGame) {
         for (const Painted& item : player.table.canvas) {
             auto* const* element = std::get_if<PictureElement*>(&item);
             if (!element || !(*element)->Visible || *element == &player.table.zeiger) continue;
-            ASSERT_NE((*element)->SpokenName, "");
+            ASSERT_NE((*element)->spoken_name(), "");
             ASSERT_TRUE(!(*element)->Click || is_place(**element));
         }
     };
     check();
     player.on_click = check;
     player.play(game.words);
-    EXPECT_EQ(player.table.Stapel(0).SpokenName, "Ziel 1: Herz König");
-    EXPECT_EQ(player.table.Iv(1)(0).SpokenName, "Spalte 1: leerer Platz");
+    EXPECT_EQ(player.table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
+    EXPECT_EQ(player.table.Iv(1)(0).spoken_name(), "Spalte 1: leerer Platz");
 }
 
 class WalkOverTheTable : public testing::Test {
@@ -90,7 +90,7 @@ TEST_F(WalkOverTheTable, GoesFromPlaceToPlace) {
     };
     for (const auto& test : cases) {
         EXPECT_EQ(next_place(table, test.from, test.direction), test.to)
-            << test.from.SpokenName << ' ' << static_cast<int>(test.direction);
+            << test.from.spoken_name() << ' ' << static_cast<int>(test.direction);
     }
 }
 
@@ -130,7 +130,7 @@ TEST_F(WalkOverTheTable, TellsWhatHasChanged) {
     EXPECT_EQ(changes.since_last_time(table), "");
     player.play("stock");
     EXPECT_EQ(changes.since_last_time(table),
-              table.Source_Hide.SpokenName + ". " + table.Source.SpokenName);
+              table.Source_Hide.spoken_name() + ". " + table.Source.spoken_name());
     EXPECT_EQ(changes.since_last_time(table), "");
     player.deal();
     EXPECT_EQ(changes.since_last_time(table), "");

@@ -1,6 +1,5 @@
 #include "view/spoken_names.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -29,25 +28,27 @@ std::string stock_name(int cards) {
     return "Stapel, " + std::to_string(cards) + (cards == 1 ? " Karte" : " Karten");
 }
 
-std::string exposed_name(const GameState& state, int col) {
-    if (state.FaceUpCount(col) == 0) return empty_place;
-    return state.Covered(col) ? covered_card : spoken_card(state.FaceUp(col)(1));
+std::string in_column(int col, const std::string& what) {
+    return "Spalte " + std::to_string(col) + ": " + what;
 }
 
-void name_column(const GameState& state, TableWindow& table, int col) {
-    const std::string prefix = "Spalte " + std::to_string(col) + ": ";
-    const std::string mark = marked(state.Selected(col));
-    for (int r = 1; r <= state.FaceDownCount(col); ++r) {
-        std::string& name = table.Ih(r)(col - 1).SpokenName;
-        name = prefix;
-        name += covered_card;
-    }
-    for (int r = 1; r <= std::max(state.FaceUpCount(col), 1); ++r) {
-        std::string& name = table.Iv(r)(col - 1).SpokenName;
-        name = prefix;
-        name += r == 1 ? exposed_name(state, col) : spoken_card(state.FaceUp(col)(r));
-        name += mark;
-    }
+std::string face_up_name(const GameState& state, int col, int row) {
+    const bool covered = row == 1 && state.Covered(col);
+    const bool there = row <= state.FaceUpCount(col);
+    return in_column(col,
+                     (covered ? covered_card : card_or_empty(there ? state.FaceUp(col)(row) : 0)) +
+                         marked(state.Selected(col)));
+}
+
+std::string waste_name(const GameState& state) {
+    return "Ablage: " + card_or_empty(state.WasteCount > 0 ? state.Waste(state.WasteCount) : 0) +
+           marked(state.Selected(0));
+}
+
+std::string foundation_name(const GameState& state, int f) {
+    const int count = state.FoundationCount(f);
+    return "Ziel " + std::to_string(f) + ": " +
+           card_or_empty(count > 0 ? state.FoundationCards(f)(count) : 0);
 }
 
 }  // namespace
@@ -61,20 +62,21 @@ std::string spoken_card(CardNumber card) {
 }
 
 void name_places(const GameState& state, TableWindow& table) {
-    for (int f = 1; f <= foundations; ++f) {
-        const int count = state.FoundationCount(f);
-        std::string& name = table.Stapel(f - 1).SpokenName;
-        name = "Ziel ";
-        name += std::to_string(f);
-        name += ": ";
-        name += card_or_empty(count > 0 ? state.FoundationCards(f)(count) : 0);
+    const auto name = [&state](PictureElement& element, auto name_of) {
+        element.SpokenName = [&state, name_of] {
+            return game_dealt(state) ? name_of(state) : std::string();
+        };
+    };
+    name(table.Source_Hide, [](const GameState& now) { return stock_name(now.DeckCount); });
+    name(table.Source, waste_name);
+    for (int f = 1; f <= foundations; ++f)
+        name(table.Stapel(f - 1), [f](const GameState& now) { return foundation_name(now, f); });
+    for (int c = 1; c <= columns; ++c) {
+        for (TableauRow& row : table.Ih)
+            name(row(c - 1), [c](const GameState&) { return in_column(c, covered_card); });
+        for (int r = 1; r <= cards_per_suit; ++r)
+            name(table.Iv(r)(c - 1), [=](const GameState& now) { return face_up_name(now, c, r); });
     }
-    table.Source_Hide.SpokenName = stock_name(state.DeckCount);
-    table.Source.SpokenName =
-        "Ablage: " + card_or_empty(state.WasteCount > 0 ? state.Waste(state.WasteCount) : 0) +
-        marked(state.Selected(0));
-    for (int c = 1; c <= columns; ++c)
-        name_column(state, table, c);
 }
 
 }  // namespace solvanta

@@ -11,8 +11,9 @@ namespace solvanta {
 /// A card as it is said in German, "Herz König"; the empty text when `card` is not 1 to 52.
 std::string spoken_card(CardNumber card);
 
-/// Gives every picture element of the table the name that a screen reader says for what it shows:
-/// "Spalte 3: Herz König, ausgewählt", "Stapel, 49 Karten", "Ziel 1: leerer Platz".
+/// Gives every picture element of the table, once, the function that names what it shows, read from
+/// `state` whenever somebody asks: "Spalte 3: Herz König, ausgewählt", "Stapel, 49 Karten",
+/// "Ziel 1: leerer Platz". Before the first deal nothing has a name. Both must outlive the calls.
 void name_places(const GameState& state, TableWindow& table);
 
 }  // namespace solvanta

@@ -2,7 +2,6 @@
 
 #include "core/moves.h"
 #include "view/pictures.h"
-#include "view/spoken_names.h"
 
 namespace solvanta {
 namespace {
@@ -118,7 +117,6 @@ void RefreshTable(GameState& state, TableWindow& table, const std::string& direc
                                : load_card(directory, state.Waste(state.WasteCount));
     table.Source_Hide.Picture =
         load_file(directory, state.DeckCount != 0 ? whole_back_file : empty_place_file);
-    name_places(state, table);
 }
 
 }  // namespace solvanta

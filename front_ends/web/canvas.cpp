@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "front_ends/web/border.h"
 
@@ -87,14 +88,14 @@ void Canvas::bring_in_line(Drawn& drawn) const {
     if (!element.Visible && !shown.Visible) return;
     if (!same_place(shown, element)) place(drawn.node, element);
     if (shown.CutToHeight != element.CutToHeight) drawn.node.turn("cut", element.CutToHeight);
-    if (shown.SpokenName != element.SpokenName) {
-        drawn.node.attribute("aria-label", element.SpokenName);
-        drawn.node.attribute_if(element.SpokenName.empty(), "aria-hidden");
+    if (std::string name = element.spoken_name(); name != drawn.name) {
+        drawn.node.attribute("aria-label", name);
+        drawn.node.attribute_if(name.empty(), "aria-hidden");
+        drawn.name = std::move(name);
     }
     drawn.view->show(element.Picture, is_fine(parts_.scale));
     static_cast<Element&>(shown) = element;
     shown.CutToHeight = element.CutToHeight;
-    shown.SpokenName = element.SpokenName;
 }
 
 /// One place at a time is a stop of the Tab key. When the one with the focus goes, the nearest

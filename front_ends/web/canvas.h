@@ -36,6 +36,7 @@ class Canvas {
         Node node;
         std::unique_ptr<PictureView> view;
         PictureElement shown;  // what the page has
+        std::string name;      // and what it says for it
     };
 
     void add(PictureElement& element);
