@@ -187,7 +187,8 @@ class Play {
     /// One double click from a win; a name being entered would not be open there.
     void nearly_won() {
         if (player_.table.state.NameEntryOpen) return;
-        player_.set_up("F 13 13 13 13 13 13 13 12; 4 XK");
+        static const GameState position = test::parse_position("F 13 13 13 13 13 13 13 12; 4 XK");
+        player_.set_up(position);
         player_.table.state.Seconds = bytes_.take();
     }
 

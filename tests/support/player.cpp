@@ -3,27 +3,37 @@
 #include <algorithm>
 #include <map>
 #include <sstream>
+#include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "scores/best_times_format.h"
-#include "tests/support/position.h"
 #include "view/pictures.h"
 #include "view/table_display.h"
 
 namespace solvanta::test {
 namespace {
 
-std::string face_file(CardNumber card) {
-    const std::string printed = print_card(card);
-    static const std::map<char, std::string> words{
+std::vector<std::string> face_files() {
+    std::map<char, std::string> words{
         {'H', "Herz_"}, {'P', "Pick_"}, {'K', "Karo_"}, {'X', "Kreuz_"}};
-    return words.at(printed[0]) + printed.substr(1) + ".bmp";
+    std::vector<std::string> files{""};
+    for (CardNumber card = 1; card <= cards_per_deck; ++card) {
+        const std::string printed = print_card(card);
+        files.push_back(words[printed[0]] + printed.substr(1) + ".bmp");
+    }
+    return files;
 }
 
-std::string file_of(const PictureElement& element, const std::string& directory) {
-    const std::string& path = element.Picture.path();
-    EXPECT_EQ(path.substr(0, directory.size() + 1), program_file(directory, ""));
+const std::string& face_file(CardNumber card) {
+    static const std::vector<std::string> files = face_files();
+    return files.at(static_cast<std::size_t>(card));
+}
+
+std::string_view file_of(const PictureElement& element, const std::string& directory) {
+    const std::string_view path = element.Picture.path();
+    EXPECT_TRUE(path.starts_with(directory)) << path;
     return path.substr(directory.size() + 1);
 }
 
@@ -81,10 +91,9 @@ void expect_table_shows(const Form_Main& table, const std::string& directory) {
     }
     expect_pointer(table);
     EXPECT_EQ(file_of(table.zeiger, directory), "zeiger.bmp");
-    static const std::map<int, std::string> passes{{3, "1.Runde: 3 Karten heben"},
-                                                   {2, "2.Runde: 2 Karten heben"},
-                                                   {1, "3.Runde: 1 Karte heben"}};
-    EXPECT_EQ(table.Status.Caption, passes.at(state.DrawSize));
+    static const std::vector<std::string> passes{
+        "", "3.Runde: 1 Karte heben", "2.Runde: 2 Karten heben", "1.Runde: 3 Karten heben"};
+    EXPECT_EQ(table.Status.Caption, passes.at(static_cast<std::size_t>(state.DrawSize)));
     EXPECT_EQ(file_of(table.Source, directory),
               state.WasteCount == 0 ? "Leer.bmp" : face_file(state.Waste(state.WasteCount)));
     EXPECT_EQ(file_of(table.Source_Hide, directory),
@@ -103,9 +112,8 @@ Player::Player(std::uint64_t seed, const MemoryFiles& at_start)
     host.show(table);
 }
 
-void Player::set_up(const std::string& position) {
+void Player::set_up(GameState placed) {
     GameState& state = table.state;
-    GameState placed = parse_position(position);
     parse_best_times(format_best_times(state), placed);
     placed.PlayedSinceStart = state.PlayedSinceStart;
     placed.WonSinceStart = state.WonSinceStart;

@@ -2,11 +2,13 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "app/form_main.h"
 #include "platform/mouse.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/null_host.h"
+#include "tests/support/position.h"
 
 namespace solvanta::test {
 
@@ -20,7 +22,8 @@ class Player {
     explicit Player(const MemoryFiles& at_start) : Player(1, at_start) {}
 
     /// Puts a position on the table as if play had led there; list and counters stay.
-    void set_up(const std::string& position);
+    void set_up(GameState placed);
+    void set_up(std::string_view position) { set_up(parse_position(position)); }
 
     /// Confirms a new game.
     void deal();
