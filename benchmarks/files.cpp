@@ -50,7 +50,7 @@ void BareWrite(benchmark::State& measured) {
     const std::string path = folder.file("list");
     const std::string temporary = folder.file("list.tmp");
     const std::string bytes = format_best_times(full_list());
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         std::array<char, 16> link{};
         struct stat old {};
         if (readlink(path.c_str(), link.data(), link.size()) > 0 || unlink(temporary.c_str()) == 0)
@@ -68,7 +68,7 @@ void BestTimesWrite(benchmark::State& measured) {
     const Folder folder;
     BestTimesFile file(folder.file("highscore.scr"), system_file_calls());
     const GameState state = full_list();
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         if (file.write(state)) measured.SkipWithError("not written");
     }
 }

@@ -47,7 +47,7 @@ class Table {
         std::vector<std::string> paths;
         for (const Painted& item : form_.canvas) {
             auto* const* element = std::get_if<PictureElement*>(&item);
-            const bool fresh = element && (*element)->Visible &&
+            const bool fresh = element != nullptr && (*element)->Visible &&
                                !(*element)->Picture.path().ends_with(std::string(back_strip_file_));
             if (fresh && (*element)->Picture.load_number() != 0)
                 paths.push_back((*element)->Picture.path());
@@ -93,14 +93,15 @@ void read_bare(const std::string& path, std::vector<std::uint32_t>& pixels) {
         const unsigned char* from =
             bytes.data() + header[0] + (height - 1 - y) * ((width * 3 + 3) & ~std::size_t{3});
         for (std::size_t x = 0; x < width; ++x, from += 3)
-            pixels[y * width + x] = 0xFF000000U | from[2] << 16U | from[1] << 8U | from[0];
+            pixels[y * width + x] =
+                0xFF000000U | unsigned{from[2]} << 16U | unsigned{from[1]} << 8U | from[0];
     }
 }
 
 void BareRead(benchmark::State& measured) {
     const std::vector<std::string> files = Table(static_cast<int>(measured.range(0))).files();
     std::vector<std::uint32_t> pixels;
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         for (const std::string& file : files)
             read_bare(file, pixels);
         benchmark::DoNotOptimize(pixels.data());
@@ -110,7 +111,7 @@ void BareRead(benchmark::State& measured) {
 
 void Refresh(benchmark::State& measured) {
     Table table(static_cast<int>(measured.range(0)));
-    for (auto round : measured)
+    for ([[maybe_unused]] auto round : measured)
         table.click();
     measured.counters["pictures"] = static_cast<double>(table.files().size());
 }

@@ -36,11 +36,11 @@ void Rules(benchmark::State& measured) {
     const GameState dealt = dealt_game();
     GameState state;
     std::int64_t allocations = 0;
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         for (int game = 0; game < games; ++game) {
             state = dealt;
             const std::int64_t before = memory_count().allocations;
-            const auto first = clicks.begin() + game * clicks_per_game;
+            const auto first = clicks.begin() + std::ptrdiff_t{game} * clicks_per_game;
             std::for_each(first, first + clicks_per_game,
                           [&state](const Click& click) { play(state, click); });
             benchmark::DoNotOptimize(state);
@@ -54,7 +54,7 @@ void Rules(benchmark::State& measured) {
 /// Draws as the shuffle of a deal does, and does no more than tick off what came.
 void BareShuffle(benchmark::State& measured) {
     const RandomSource random = random_from_seed(1);
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         std::array<int, cards_in_game> deck{};
         std::array<bool, cards_in_game> drawn{};
         for (int& card : deck) {
@@ -70,7 +70,7 @@ void BareShuffle(benchmark::State& measured) {
 void Deal(benchmark::State& measured) {
     const RandomSource random = random_from_seed(1);
     GameState state;
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         deal(state, random);
         benchmark::DoNotOptimize(state);
     }

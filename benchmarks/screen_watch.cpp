@@ -22,7 +22,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 double milliseconds_since(Clock::time_point start) {
@@ -33,8 +32,9 @@ template <typename Condition>
 void wait_until(const Condition& condition, const char* what) {
     const auto start = Clock::now();
     while (!condition()) {
-        if (Clock::now() - start > 30s) throw std::runtime_error(std::string("no ") + what);
-        std::this_thread::sleep_for(100us);
+        if (Clock::now() - start > std::chrono::seconds(30))
+            throw std::runtime_error(std::string("no ") + what);
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
 }
 
@@ -141,7 +141,7 @@ void watch_start(const Screen& screen, char** command) {
     const Program program(command);
     wait_until(painted, "window");
     const double shown = milliseconds_since(start);
-    std::this_thread::sleep_for(500ms);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
     std::cout << shown << ' ' << program.peak_memory() << '\n';
 }
 
@@ -154,14 +154,14 @@ void watch_clicks(const Screen& screen, char** command) {
         return [&screen, count] { return screen.windows().size() == count; };
     };
     wait_until(windows_are(1), "window");
-    std::this_thread::sleep_for(500ms);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
     const xcb_get_geometry_reply_t table = screen.windows().front();
     screen.click(table.x + 48, table.y + 504);
     wait_until(windows_are(2), "question");
-    std::this_thread::sleep_for(200ms);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     screen.press_enter();
     wait_until(windows_are(1), "deal");
-    std::this_thread::sleep_for(500ms);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
     for (int click = 0; click < clicks; ++click) {
         const std::uint32_t before = screen.pixel(table.x + 44, table.y + 108);
         const auto start = Clock::now();

@@ -57,7 +57,7 @@ class Game {
 /// Clicks a second, hit by the mouse and shown by the elements.
 void WholeProgram(benchmark::State& measured) {
     Game game;
-    for (auto round : measured) {
+    for ([[maybe_unused]] auto round : measured) {
         measured.PauseTiming();
         game.deal();
         measured.ResumeTiming();
@@ -73,7 +73,7 @@ void AfterGames(benchmark::State& measured) {
         game.play(50);
         game.deal();
     }
-    for (auto round : measured)
+    for ([[maybe_unused]] auto round : measured)
         game.play();
     measured.SetItemsProcessed(measured.iterations() * clicks_per_game);
     measured.counters["bytes"] = static_cast<double>(memory_count().bytes_held);

@@ -7,7 +7,7 @@
 # clang-tidy looks at what these are configured to build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-folders=(app core front_ends fuzz pictures platform rich_text scores tests view)
+folders=(app benchmarks core front_ends fuzz pictures platform rich_text scores tests view)
 
 find "${folders[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
 cppcheck --quiet --error-exitcode=1 --language=c++ --std=c++20 --inline-suppr \
@@ -18,8 +18,9 @@ for build in "$@"; do
     # Built for fuzzing, most sources would be looked at twice.
     sources='.*'
     [[ $build != */fuzz ]] || sources='/fuzz/[a-z_]*\.cpp'
-    if ! run-clang-tidy -quiet -j 2 -p "$build" "$sources" >"$log" 2>&1; then
-        grep -E -A 4 ' (error|warning): ' "$log"
+    if ! run-clang-tidy -quiet -j 2 -p "$build" "$sources" 2>&1 |
+        sed $'s/\e\\[[0-9;]*m//g' >"$log"; then
+        grep -E -A 4 '(error|warning): ' "$log"
         exit 1
     fi
 done

@@ -239,12 +239,13 @@ TEST(Help, IsReadAgainAtEachClick) {
         player.files.files[path] = content;
         if (content.empty()) player.files.files.erase(path);
         player.table.Command3.Click();
-        Form2* now_shown = shown<Form2>(player, "Hilfe");
+        auto* const now_shown = shown<Form2>(player, "Hilfe");
         ASSERT_TRUE(now_shown);
         EXPECT_TRUE(!help || help == now_shown);
         help = now_shown;
         EXPECT_EQ(help->RichTextBox1.TextRTF, content[0] == '{' ? content : "");
     }
+    ASSERT_TRUE(help);
     player.host.close(*help);
     player.files.files[path] = "{\\rtf1 drei}";
     player.table.Command3.Click();

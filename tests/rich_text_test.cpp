@@ -48,7 +48,7 @@ std::string look_of_x(std::string_view rtf) {
     const RichDocument document = read_rtf(rtf).value();
     CharacterLook look;
     for (const TextRun& run : document.paragraphs.back().runs) {
-        if (run.text.find('x') != run.text.npos) look = run.look;
+        if (run.text.find('x') != std::string::npos) look = run.look;
     }
     std::string text;
     if (look.font) text += ' ' + document.fonts.at(*look.font).family;
@@ -179,7 +179,7 @@ TEST(RichText, LaysParagraphsOut) {
 }
 
 TEST(RichText, IsNothingElse) {
-    for (const std::string_view bytes : {""sv, "text"sv, "\\rtf1"sv, "}"sv, "\0{a}"sv})
+    for (const std::string_view bytes : {""sv, "text"sv, R"(\rtf1)"sv, "}"sv, "\0{a}"sv})
         EXPECT_FALSE(read_rtf(bytes)) << bytes;
 }
 

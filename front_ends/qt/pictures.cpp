@@ -34,8 +34,9 @@ QImage copy_of(std::string_view bytes, const PlainBitmap& bitmap) {
     const auto* line = reinterpret_cast<const uchar*>(bytes.data()) + bitmap.start;
     for (int y = bitmap.height - 1; y >= 0; --y, line += bitmap.line_bytes) {
         auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < bitmap.width; ++x)
-            pixel[x] = qRgb(line[3 * x + 2], line[3 * x + 1], line[3 * x]);
+        const uchar* bgr = line;
+        for (int x = 0; x < bitmap.width; ++x, bgr += 3)
+            pixel[x] = qRgb(bgr[2], bgr[1], bgr[0]);
     }
     return image;
 }
@@ -123,8 +124,7 @@ QImage Pictures::read_file(const std::string& path, bool optional) {
     const bool missing = error == std::errc::no_such_file_or_directory;
     if (missing && optional) return {};
     const QFileInfo about(QString::fromStdString(path));
-    const QImage image =
-        error ? QImage() : decode_picture(bytes_, about.suffix().toLower().toLatin1());
+    QImage image = error ? QImage() : decode_picture(bytes_, about.suffix().toLower().toLatin1());
     if (image.isNull()) {
         const QString trouble = missing ? "Bild nicht gefunden (" : "Bild nicht lesbar (";
         report_once(about.fileName(), trouble + about.filePath() + ")");

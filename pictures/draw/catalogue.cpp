@@ -41,9 +41,8 @@ Frame part_frame(const std::string& part, int width, int height, unsigned bits_p
 void add_faces(std::vector<PictureFile>& files) {
     for (std::size_t suit = 0; suit < suit_words.size(); ++suit) {
         for (std::size_t rank = 0; rank < rank_words.size(); ++rank) {
-            const auto draw = [card = Card{suit, rank}](Painter& painter) {
-                draw_face(painter, card);
-            };
+            const Card card{suit, rank};
+            const auto draw = [card](Painter& painter) { draw_face(painter, card); };
             const std::string stem =
                 std::string(suit_words[suit]) + "_" + std::string(rank_words[rank]);
             add_pair(files, stem, ".bmp", {card_columns, card_rows, 1, 24, draw});

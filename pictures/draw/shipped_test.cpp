@@ -40,8 +40,11 @@ Pixel paper_of(const Image& face) {
 std::map<std::string, Image> faces(const std::string& scale) {
     std::map<std::string, Image> all;
     for (const std::string& suit : suits) {
-        for (const std::string& rank : ranks)
-            all[suit + "_" + rank] = load(suit + "_" + rank + scale + ".bmp");
+        for (const std::string& rank : ranks) {
+            std::string name = suit;
+            name.append("_").append(rank);
+            all[name] = load(name.append(scale).append(".bmp"));
+        }
     }
     return all;
 }
@@ -55,7 +58,8 @@ TEST(ShippedPictures, AreAllThereInTheirFormats) {
         formats.emplace_back(face.first, ".bmp", 72, 96, 24);
     for (const auto& [stem, ending, width, height, bits] : formats) {
         for (const int scale : {1, 2}) {
-            const std::string name = stem + (scale == 2 ? "@2x" : "") + ending;
+            std::string name = stem;
+            name.append(scale == 2 ? "@2x" : "").append(ending);
             const Image image = load(name);
             EXPECT_EQ(image.width, width * scale) << name;
             EXPECT_EQ(image.height, height * scale) << name;

@@ -1,3 +1,4 @@
+#include <exception>
 #include <iostream>
 
 #include "tests/support/golden_game.h"
@@ -5,7 +6,7 @@
 
 /// Prints the golden game as what a hand does with a mouse on the real window: a line for each
 /// click or double click, with its place in pixels from the corner of the table.
-int main() {
+int main() try {
     using namespace solvanta;
     const test::GoldenGame game = test::read_golden_game();
     test::Player player(game.seed());
@@ -16,4 +17,7 @@ int main() {
     };
     player.play(game.words);
     return player.table.state.GameWon ? 0 : 1;
+} catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
 }

@@ -36,8 +36,8 @@ QWidget& window_of(const Form& form) {
 }
 
 bool is_control(const QWidget* widget) {
-    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QTextEdit*>(widget) ||
-           qobject_cast<const QAbstractButton*>(widget);
+    return widget->inherits("QLineEdit") || widget->inherits("QTextEdit") ||
+           widget->inherits("QAbstractButton");
 }
 
 /// The toolkit's control that shows `element`, found by its place.
@@ -90,7 +90,10 @@ class QtDriver final : public Driver {
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        QTimer::singleShot(milliseconds, &context_, std::move(act));
+        auto* const timer = new QTimer(&context_);
+        timer->setSingleShot(true);
+        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
+        timer->start(milliseconds);
     }
 
     void press(const Form& form, Point at, MouseButton button) override {
