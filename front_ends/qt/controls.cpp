@@ -1,11 +1,10 @@
 #include "front_ends/qt/controls.h"
 
-#include <QKeyEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QTextDocument>
 #include <QTextEdit>
 
+#include "front_ends/qt/button.h"
 #include "front_ends/qt/canvas.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/rich_text_view.h"
@@ -15,10 +14,6 @@
 
 namespace solvanta::qt {
 namespace {
-
-bool is_enter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 class NameEdit final : public QLineEdit {
   public:
@@ -46,20 +41,6 @@ class NameEdit final : public QLineEdit {
   private:
     TextBox& box_;
     WindowParts& parts_;
-};
-
-/// A push button that Enter presses as well as Space. A mouse click leaves the keyboard focus where
-/// it is, so that a name half typed can be finished.
-class Button final : public QPushButton {
-  public:
-    explicit Button(QWidget* parent) : QPushButton(parent) { setFocusPolicy(Qt::TabFocus); }
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (!is_enter(*event)) return QPushButton::keyPressEvent(event);
-        // An Enter held down since it ended the name entry is not meant for the button.
-        if (!event->isAutoRepeat()) click();
-    }
 };
 
 /// The picture is drawn as large as fits, its proportions kept, on the form's background.
@@ -98,8 +79,6 @@ void sync_place(QWidget& widget, const Element& element) {
 
 void build(CommandButton& element, QWidget& parent, WindowParts& parts) {
     auto* button = new Button(&parent);
-    button->setStyleSheet(button_style());
-    button->setFont(button_font());
     QObject::connect(button, &QPushButton::clicked, button,
                      [&element, &parts] { parts.deliver(element.Click); });
     parts.syncs.emplace_back([button, &element] {

@@ -67,23 +67,6 @@ QFont button_font() {
     return standard_font(button_pixels);
 }
 
-QString button_style() {
-    return QStringLiteral(R"(
-        QPushButton {
-            padding: 0; color: #161616; border: 1px solid #23302a; border-radius: 3px;
-            background: qlineargradient(x1:0, y1:0, x2:0, y2:1,
-                stop:0 #fdfdfb, stop:0.5 #ecece6, stop:1 #cfd0c8);
-        }
-        QPushButton:hover { background: #fffdf0; }
-        QPushButton:focus {
-            border: 1px solid #ffc228;
-            background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #fffdf2, stop:1 #ecd9a0);
-        }
-        QPushButton:pressed { background: #c3c6bc; padding: 1px 0 0 1px; }
-        QPushButton:disabled { color: #8c8c88; background: #d6d6d2; }
-    )");
-}
-
 QIcon program_icon(const QString& directory) {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64})

@@ -22,9 +22,6 @@ QFont to_font(const Font& font);
 /// The standard font of buttons, small enough for one 17 pixels high.
 QFont button_font();
 
-/// The style sheet of push buttons; set on each button alone, it reaches nothing else.
-QString button_style();
-
 /// The program's icon in the sizes that windows and lists of windows show, from `directory`; null,
 /// with one line on standard error, when there is none.
 QIcon program_icon(const QString& directory);

@@ -174,7 +174,7 @@ class WebDriver final : public Driver {
 
     /// The browser's own copy of a replaced file is given up with it.
     std::string put_file(const std::string& name, const std::string& bytes) override {
-        const std::string path = "./put/" + name;
+        std::string path = "./put/" + name;
         hand_put_file(path.c_str(), bytes.data(), bytes.size());
         host_.pictures().forget(path);
         return path;
