@@ -8,8 +8,9 @@
 
 #include "fuzz/require.h"
 
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
-    static QCoreApplication application(*count, *arguments);
+extern "C" int LLVMFuzzerInitialize(const int* count, char*** arguments) {
+    static int kept = *count;
+    static QCoreApplication application(kept, *arguments);
     return 0;
 }
 

@@ -238,7 +238,7 @@ class Play {
 }  // namespace
 }  // namespace solvanta::fuzz
 
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
+extern "C" int LLVMFuzzerInitialize(const int* count, char*** arguments) {
     testing::GTEST_FLAG(throw_on_failure) = true;
     int none = 1;
     testing::InitGoogleTest(&none, *arguments);

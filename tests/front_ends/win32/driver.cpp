@@ -97,7 +97,7 @@ HWND control_of(const Form& form, const Element& element) {
         RECT rect{};
         GetWindowRect(child, &rect);
         MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&rect), 2);
-        return is_control(child) && PtInRect(&rect, centre);
+        return is_control(child) && PtInRect(&rect, centre) != FALSE;
     };
     HWND control =
         find([&](auto look, LPARAM data) { EnumChildWindows(window, look, data); }, lies_there);
@@ -249,7 +249,7 @@ class Win32Driver final : public Driver {
     }
 
     bool is_shown(const Form& form, const Element& control) override {
-        return IsWindowVisible(control_of(form, control));
+        return IsWindowVisible(control_of(form, control)) != FALSE;
     }
 
     bool has_focus(const Form& form, const Element& control) override {
