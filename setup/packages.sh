@@ -9,7 +9,7 @@ packages_lint="clang-format clang-tidy cppcheck"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_package="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
-packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
+packages_windows_test="$packages_tour googletest icoutils locales python3 wine wine64"
 packages_benchmark="fontconfig libbenchmark-dev libxcb-xtest0-dev valgrind"
 packages_package_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
 

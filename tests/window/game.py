@@ -1,4 +1,6 @@
-"""The real program in a real window, on a screen of its own."""
+"""The real program in a real window, on a screen of its own. A program for Windows is started in the
+Wine that the surroundings name.
+"""
 import os
 import shutil
 import signal
@@ -8,6 +10,7 @@ import tempfile
 import time
 
 TABLE, BOX = "Solvanta V1.6", "Solvanta"  # captions
+WINDOWS_PROGRAM = b"Solvanta.exe"
 PATIENCE = 20  # seconds that anything may take
 # Places of the table, in pixels.
 NEW_GAME, BEST_TIMES, HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
@@ -86,8 +89,7 @@ class Game:
 
     def __exit__(self, *_):
         if self.runs():
-            os.killpg(self.process.pid, signal.SIGKILL)
-            self.process.wait()
+            self.kill()
         wait_for(lambda: not window_named(TABLE), "the table's end")
 
     def runs(self):
@@ -103,9 +105,12 @@ class Game:
 
     def deal(self):
         """Confirms a new game; a program that dies of it is left to the caller."""
+        self.ask_for_deal()
+        self.confirm_box()
+
+    def ask_for_deal(self):
         self.click(NEW_GAME)
         wait_for(lambda: window_named(BOX), "the question")
-        self.confirm_box()
 
     def confirm_box(self):
         """Presses Enter in the message box, if there is one, until it is gone: the window manager
@@ -117,11 +122,33 @@ class Game:
             return within(3, lambda: not window_named(BOX))
         wait_for(gone, "the box's end")
 
+    def kill(self):
+        os.killpg(self.process.pid, signal.SIGKILL)
+        self.process.wait()
+
+    def terminate(self):
+        """Ends it as a desktop that ends does; the exit status."""
+        self.process.terminate()
+        wait_for(lambda: not self.runs(), "the end of the program")
+        return self.process.returncode
+
     def end(self):
         """Quits by the button; the exit status."""
+        xdotool("windowactivate", "--sync", self.table)
         self.click(QUIT)
         wait_for(lambda: not self.runs(), "the program's end")
         return self.process.returncode
+
+
+def on_windows(program_directory):
+    return os.path.exists(os.path.join(os.fsencode(program_directory), WINDOWS_PROGRAM))
+
+
+def program_in(directory):
+    """The command that starts the program of a directory, whose name is text or bytes."""
+    directory = os.fsencode(directory)
+    return (["wine", os.path.join(directory, WINDOWS_PROGRAM)] if on_windows(directory) else
+            [os.path.join(directory, b"Solvanta")])
 
 
 def copy_of_program(program_directory, to):
