@@ -209,7 +209,7 @@ def machine():
             return re.search(pattern, lines.read()).group(1)
     return (f"{os.cpu_count()} cores ({first('/proc/cpuinfo', 'model name.*: (.*)')}), "
             f"{int(first('/proc/meminfo', 'MemTotal: *([0-9]+)')) / 2**20:.0f} GB, "
-            f"{first('/etc/os-release', 'PRETTY_NAME=.(.*).')}, Linux {platform.release().split("-")[0]}, "
+            f"{first('/etc/os-release', 'PRETTY_NAME=.(.*).')}, Linux {platform.release().split('-')[0]}, "
             f"{time.strftime('%B %Y')}")
 
 
