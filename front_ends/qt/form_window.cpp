@@ -1,7 +1,6 @@
 #include "front_ends/qt/form_window.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 #include <QScreen>
 
 #include "front_ends/qt/canvas.h"
@@ -11,13 +10,11 @@
 
 namespace solvanta::qt {
 
-FormWindow::FormWindow(Form& form, WindowParts parts, const QIcon& icon,
-                       std::function<void(FormWindow&)> close_box)
+FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box)
     : form_(form), parts_(std::move(parts)), close_box_(std::move(close_box)) {
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint);
-    setWindowIcon(icon);
     setFixedSize(qRound(to_pixels(form.ClientWidth)), qRound(to_pixels(form.ClientHeight)));
     parts_.background =
         form.BackColor ? to_color(*form.BackColor) : palette().color(QPalette::Window);

@@ -15,8 +15,7 @@ class FormWindow final : public QWidget {
   public:
     /// `close_box` is called once the player closes the window; the form must outlive the window
     /// or the call of `let_go`.
-    FormWindow(Form& form, WindowParts parts, const QIcon& icon,
-               std::function<void(FormWindow&)> close_box);
+    FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box);
 
     Form& form() const { return form_; }
 

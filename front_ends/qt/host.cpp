@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QSessionManager>
+#include <QTimer>
 
 #include "front_ends/qt/locale_texts.h"
 #include "front_ends/qt/look.h"
@@ -32,11 +33,15 @@ void QtHost::show(Form& form) {
 
 FormWindow& QtHost::create_window(Form& form) {
     WindowParts parts{[this](const Event& event) { deliver(event); }, pictures_, {}, {}, {}};
-    const QIcon icon =
-        form.HasIcon ? program_icon(QCoreApplication::applicationDirPath()) : QIcon();
-    windows_.push_back(std::make_unique<FormWindow>(form, std::move(parts), icon,
+    windows_.push_back(std::make_unique<FormWindow>(form, std::move(parts),
                                                     [this](FormWindow& window) { close(window); }));
-    return *windows_.back();
+    FormWindow* window = windows_.back().get();
+    // The icon's files are read while the window system brings up the window.
+    if (form.HasIcon)
+        QTimer::singleShot(0, window, [window] {
+            window->setWindowIcon(program_icon(QCoreApplication::applicationDirPath()));
+        });
+    return *window;
 }
 
 void QtHost::hide(Form& form) {

@@ -42,8 +42,8 @@ std::map<std::string, Image> faces(const std::string& scale) {
     for (const std::string& suit : suits) {
         for (const std::string& rank : ranks) {
             std::string name = suit;
-            name.append("_").append(rank);
-            all[name] = load(name.append(scale).append(".bmp"));
+            Image& face = all[name.append("_").append(rank)];
+            face = load(name.append(scale).append(".bmp"));
         }
     }
     return all;
