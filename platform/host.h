@@ -10,6 +10,12 @@ namespace solvanta {
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Answer { Ok, Cancel, Yes, No };
 
+/// The answer of a box closed without a button.
+constexpr Answer answer_of_closing(Buttons buttons) {
+    if (buttons == Buttons::YesNo) return Answer::No;
+    return buttons == Buttons::OkCancel ? Answer::Cancel : Answer::Ok;
+}
+
 struct LocalTime {
     int year = 0;
     int month = 1;  ///< 1 to 12

@@ -61,10 +61,6 @@ class LowBox final : public QMessageBox {
 
 }  // namespace
 
-Answer answer_of_closing(Buttons buttons) {
-    return choices(buttons).back().answer;
-}
-
 Answer ask(QWidget* parent, const QString& text, Buttons buttons) {
     LowBox box(text, parent);
     Answer answer = answer_of_closing(buttons);

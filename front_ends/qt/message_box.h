@@ -6,9 +6,6 @@
 
 namespace solvanta::qt {
 
-/// The answer of a box closed without a button.
-Answer answer_of_closing(Buttons buttons);
-
 /// Shows a modal box over `parent` and waits; the first button is the default, Esc and the end of
 /// the program answer like closing it.
 Answer ask(QWidget* parent, const QString& text, Buttons buttons);

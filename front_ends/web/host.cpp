@@ -1,6 +1,5 @@
 #include "front_ends/web/host.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "front_ends/web/border.h"
@@ -13,26 +12,19 @@ WebHost::WebHost(double largest_scale)
       announcer_(Node::find("announcer")) {
     listen_to_page(EventKind::Resize, [this](const PageEvent&) {
         lay_out();
-        if (!quitting_) sync();
+        if (!is_quitting()) sync();
     });
     listen_to_page(EventKind::Leave, [this](const PageEvent&) { save(); });
     listen_to_page(EventKind::AnyPress, [this](const PageEvent& event) {
-        for (const Window& window : windows_)
+        for (const Owner& window : windows())
             window->pressed(event.node);
     });
 }
 
 WebHost::~WebHost() {
+    clear();
     for (const EventKind kind : {EventKind::Resize, EventKind::Leave, EventKind::AnyPress})
         listen_to_page(kind, [](const PageEvent&) {});
-}
-
-void WebHost::show(Form& form) {
-    if (quitting_) return;
-    FormWindow* window = window_of(form);
-    if (!window) window = &create_window(form);
-    window->sync();
-    bring_forward(*window);
 }
 
 FormWindow& WebHost::create_window(Form& form) {
@@ -43,14 +35,15 @@ FormWindow& WebHost::create_window(Form& form) {
                       {},
                       {},
                       {}};
-    windows_.push_back(std::make_unique<FormWindow>(form, page_, std::move(parts), windows_.empty(),
-                                                    [this](FormWindow& window) { close(window); }));
+    FormWindow& window =
+        add(std::make_unique<FormWindow>(form, page_, std::move(parts), windows().empty(),
+                                         [this](FormWindow& closed) { close(closed); }));
     lay_out();
-    return *windows_.back();
+    return window;
 }
 
 void WebHost::bring_forward(FormWindow& window) {
-    for (const Window& other : windows_)
+    for (const Owner& other : windows())
         other->step_back();
     window.bring_forward();
 }
@@ -59,13 +52,13 @@ void WebHost::hide(Form& form) {
     FormWindow* const window = window_of(form);
     if (!window || !window->is_visible()) return;
     window->hide();
-    for (const Window& other : windows_) {
+    for (const Owner& other : windows()) {
         if (other->is_visible()) return bring_forward(*other);
     }
 }
 
 Answer WebHost::message(const std::string& text, Buttons buttons) {
-    if (quitting_) return answer_of_closing(buttons);
+    if (is_quitting()) return answer_of_closing(buttons);
     sync();
     MessageBox box(page_, text, buttons);
     boxes_.push_back(&box);
@@ -74,18 +67,9 @@ Answer WebHost::message(const std::string& text, Buttons buttons) {
     return answer;
 }
 
-void WebHost::set_focus(TextBox& box) {
-    sync();
-    for (const Window& window : windows_) {
-        if (window->focus(box)) return;
-    }
-}
-
-void WebHost::quit() {
-    quitting_ = true;
+void WebHost::close_boxes() {
     for (const MessageBox* box : boxes_)
         box->close();
-    settle();
 }
 
 std::string WebHost::program_directory() const {
@@ -109,75 +93,29 @@ LocaleTexts WebHost::locale_texts() const {
     return texts;
 }
 
-void WebHost::save() {
-    std::vector<Event> events;
-    for (const Window& window : windows_)
-        events.push_back(window->form().Saving);
-    for (const Event& event : events)
-        deliver(event);
-}
-
-FormWindow* WebHost::window_of(const Form& form) const {
-    for (const Window& window : windows_) {
-        if (&window->form() == &form) return window.get();
-    }
-    return nullptr;
-}
-
-void WebHost::deliver(const Event& event) {
-    if (quitting_) return;
-    ++running_events_;
-    if (event) event();
-    --running_events_;
-    if (!quitting_) sync();
-    settle();
-}
-
-void WebHost::sync() {
-    for (const Window& window : windows_)
-        window->sync();
-}
-
 void WebHost::lay_out() {
-    if (windows_.empty()) return;
+    if (windows().empty()) return;
     const Size page{page_width(), page_height()};
-    const FormWindow& table = *windows_.front();
+    const FormWindow& table = *windows().front();
     const Layout layout = layout_for(page, table.client_size(), table.cards_height(),
                                      page_touched() != 0, largest_scale_);
     page_.turn("compact", layout.compact);
     page_.turn("sideways", layout.sideways);
-    for (const Window& window : windows_) {
-        window->scale(window == windows_.front() ? layout.scale
-                                                 : scale_beside(page, window->client_size(),
-                                                                layout.compact ? 1 : layout.scale));
+    for (const Owner& window : windows()) {
+        window->scale(
+            window == windows().front()
+                ? layout.scale
+                : scale_beside(page, window->client_size(), layout.compact ? 1 : layout.scale));
     }
 }
 
 void WebHost::close(FormWindow& window) {
-    const Event closed = window.form().Closed;  // the handler may destroy the form
     hide(window.form());
-    forget(window);
-    deliver(closed);
+    WindowHost::close(window);
 }
 
-void WebHost::forget(FormWindow& window) {
-    window.let_go();
-    const auto found = std::find_if(windows_.begin(), windows_.end(),
-                                    [&](const Window& other) { return other.get() == &window; });
-    forgotten_.push_back(std::move(*found));
-    windows_.erase(found);
-}
-
-/// Between events: closes all windows after `quit`, and destroys the windows let go of, which may
-/// not be done while code of theirs is running.
-void WebHost::settle() {
-    if (running_events_ > 0) return;
-    if (quitting_) {
-        while (!windows_.empty())
-            forget(*windows_.back());
-        if (const Event event = std::exchange(ended, nullptr)) event();
-    }
-    forgotten_.clear();
+void WebHost::end() {
+    if (const Event event = std::exchange(ended, nullptr)) event();
 }
 
 }  // namespace solvanta::web

@@ -28,10 +28,6 @@ std::vector<Choice> choices(Buttons buttons) {
 
 }  // namespace
 
-Answer answer_of_closing(Buttons buttons) {
-    return choices(buttons).back().answer;
-}
-
 MessageBox::MessageBox(const Node& page, const std::string& text, Buttons buttons)
     : buttons_(buttons), dialog_(page, "dialog", "box") {
     dialog_.attribute("aria-label", "Solvanta");

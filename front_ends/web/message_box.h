@@ -8,9 +8,6 @@
 
 namespace solvanta::web {
 
-/// The answer of a box closed without a button.
-Answer answer_of_closing(Buttons buttons);
-
 /// A modal box over the page. One closed by its close box, by Esc or by `close` answers as closing
 /// does.
 class MessageBox {

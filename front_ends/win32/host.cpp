@@ -1,8 +1,5 @@
 #include "front_ends/win32/host.h"
 
-#include <algorithm>
-#include <utility>
-
 #include <uxtheme.h>
 
 #include "front_ends/win32/locale_texts.h"
@@ -10,66 +7,27 @@
 
 namespace solvanta::win32 {
 
-/// Counts an event while it runs, also when it ends by an exception.
-class Win32Host::RunningEvent {
-  public:
-    explicit RunningEvent(int& count) : count_(count) { ++count_; }
-    RunningEvent(const RunningEvent&) = delete;
-    RunningEvent& operator=(const RunningEvent&) = delete;
-    ~RunningEvent() { --count_; }
-
-  private:
-    int& count_;
-};
-
 Win32Host::Win32Host() {
     BufferedPaintInit();
 }
 
 Win32Host::~Win32Host() {
-    windows_.clear();
-    forgotten_.clear();
+    clear();
     BufferedPaintUnInit();
 }
 
-void Win32Host::show(Form& form) {
-    if (quitting_) return;
-    FormWindow* window = window_of(form);
-    if (!window) window = &create_window(form);
-    window->sync();
-    window->bring_forward();
-}
-
 FormWindow& Win32Host::create_window(Form& form) {
-    windows_.push_back(std::make_unique<FormWindow>(
+    return add(std::make_unique<FormWindow>(
         form, pictures_, [this](const Event& event) { deliver(event); },
         [this](FormWindow& window) { close(window); }));
-    return *windows_.back();
-}
-
-void Win32Host::hide(Form& form) {
-    if (FormWindow* window = window_of(form)) window->hide();
 }
 
 Answer Win32Host::message(const std::string& text, Buttons buttons) {
-    if (quitting_) return answer_of_closing(buttons);
+    if (is_quitting()) return answer_of_closing(buttons);
     sync();
-    for (const WindowOwner& window : windows_)
+    for (const Owner& window : windows())
         UpdateWindow(window->handle());
     return boxes_.ask(owner_of_box(), text, buttons);
-}
-
-void Win32Host::set_focus(TextBox& box) {
-    sync();
-    for (const WindowOwner& window : windows_) {
-        if (window->focus(box)) return;
-    }
-}
-
-void Win32Host::quit() {
-    quitting_ = true;
-    boxes_.close_all();
-    settle();
 }
 
 std::string Win32Host::program_directory() const {
@@ -107,65 +65,24 @@ void Win32Host::handle(MSG& message) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    if (running_events_ == 0) forgotten_.clear();
-}
-
-FormWindow* Win32Host::window_of(const Form& form) const {
-    for (const WindowOwner& window : windows_) {
-        if (&window->form() == &form) return window.get();
-    }
-    return nullptr;
+    destroy_forgotten();
 }
 
 HWND Win32Host::owner_of_box() const {
     HWND owner = nullptr;
-    for (const WindowOwner& window : windows_) {
+    for (const Owner& window : windows()) {
         if (window->handle() == GetActiveWindow()) return window->handle();
         if (!owner && IsWindowVisible(window->handle())) owner = window->handle();
     }
     return owner;
 }
 
-void Win32Host::deliver(const Event& event) {
-    if (quitting_) return;
-    {
-        const RunningEvent running(running_events_);
-        if (event) event();
-    }
-    if (!quitting_) sync();
-    settle();
-}
-
 void Win32Host::sync() {
-    Loads loads;
-    for (const WindowOwner& window : windows_) {
-        window->sync();
-        collect_loads(window->form(), loads);
-    }
-    pictures_.keep_only(std::move(loads));
+    WindowHost::sync();
+    pictures_.keep_only(loads());
 }
 
-void Win32Host::close(FormWindow& window) {
-    const Event closed = window.form().Closed;  // the handler may destroy the form
-    forget(window);
-    deliver(closed);
-}
-
-void Win32Host::forget(FormWindow& window) {
-    window.let_go();
-    const auto found =
-        std::find_if(windows_.begin(), windows_.end(),
-                     [&](const WindowOwner& other) { return other.get() == &window; });
-    forgotten_.push_back(std::move(*found));
-    windows_.erase(found);
-}
-
-/// Between events: closes all windows after `quit`.
-void Win32Host::settle() {
-    if (running_events_ > 0 || !quitting_) return;
-    while (!windows_.empty())
-        forget(*windows_.back());
-    PostQuitMessage(0);
-}
+/// Not yet: the system may be in the midst of a message of theirs.
+void Win32Host::destroy(std::vector<Owner>& /*forgotten*/) {}
 
 }  // namespace solvanta::win32

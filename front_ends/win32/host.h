@@ -6,21 +6,17 @@
 #include "front_ends/win32/form_window.h"
 #include "front_ends/win32/message_box.h"
 #include "front_ends/win32/pictures.h"
-#include "platform/host.h"
+#include "platform/window_host.h"
 
 namespace solvanta::win32 {
 
 /// The Host on the windows of the Windows desktop.
-class Win32Host final : public Host {
+class Win32Host final : public WindowHost<FormWindow> {
   public:
     Win32Host();
     ~Win32Host() override;
 
-    void show(Form& form) override;
-    void hide(Form& form) override;
     Answer message(const std::string& text, Buttons buttons) override;
-    void set_focus(TextBox& box) override;
-    void quit() override;
     std::string program_directory() const override;
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
@@ -32,24 +28,15 @@ class Win32Host final : public Host {
     void handle(MSG& message);
 
   private:
-    using WindowOwner = std::unique_ptr<FormWindow>;
-    class RunningEvent;
-
-    FormWindow* window_of(const Form& form) const;
-    FormWindow& create_window(Form& form);
+    FormWindow& create_window(Form& form) override;
+    void close_boxes() override { boxes_.close_all(); }
+    void end() override { PostQuitMessage(0); }
+    void sync() override;
+    void destroy(std::vector<Owner>& forgotten) override;
     HWND owner_of_box() const;
-    void deliver(const Event& event);
-    void sync();
-    void close(FormWindow& window);
-    void forget(FormWindow& window);
-    void settle();
 
     Pictures pictures_;
     MessageBoxes boxes_;
-    std::vector<WindowOwner> windows_;    // in the order in which they were first shown
-    std::vector<WindowOwner> forgotten_;  // kept while code of theirs may still run
-    int running_events_ = 0;
-    bool quitting_ = false;
 };
 
 }  // namespace solvanta::win32

@@ -124,18 +124,6 @@ class OpenBox {
     HHOOK messages_ = nullptr;
 };
 
-Answer answer_of_closing(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::YesNo:
-            return Answer::No;
-        case Buttons::OkCancel:
-            return Answer::Cancel;
-        case Buttons::Ok:
-            break;
-    }
-    return Answer::Ok;
-}
-
 Answer MessageBoxes::ask(HWND owner, const std::string& text, Buttons buttons) {
     const OpenBox box(open_, owner, buttons);
     const UINT type = buttons == Buttons::Ok ? MB_OK : MB_OKCANCEL;

@@ -9,9 +9,6 @@
 
 namespace solvanta::win32 {
 
-/// The answer of a box closed without a button.
-Answer answer_of_closing(Buttons buttons);
-
 /// The system's message boxes, with German buttons whatever the system's language.
 class MessageBoxes {
   public:
