@@ -145,7 +145,7 @@ TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
 }
 
 TEST_F(RealFiles, AreReadAndWrittenWhole) {
-    BestTimesFile file(list_path(), system_file_calls());
+    BestTimesFile file(list_path_, system_file_calls());
     GameState state;
     EXPECT_FALSE(file.read(state));  // there is none yet
     state = parsed(installed_file);
@@ -158,10 +158,10 @@ TEST_F(RealFiles, AreReadAndWrittenWhole) {
 
 TEST_F(RealFiles, AreWrittenOverFromTheStart) {
     FileCalls& calls = system_file_calls();
-    EXPECT_EQ(calls.open(list_path()), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(calls.open(list_path_), std::errc::no_such_file_or_directory);
     for (const std::string text : {"a longer text", "short"}) {
         std::ofstream(list_, std::ios::binary) << "the old text";
-        EXPECT_FALSE(calls.open(list_path()));
+        EXPECT_FALSE(calls.open(list_path_));
         EXPECT_FALSE(calls.write(text));
         EXPECT_FALSE(calls.cut());
         EXPECT_FALSE(calls.close());
@@ -171,12 +171,12 @@ TEST_F(RealFiles, AreWrittenOverFromTheStart) {
 
 TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
     std::filesystem::create_directory(list_);
-    BestTimesFile file(list_path(), system_file_calls());
+    BestTimesFile file(list_path_, system_file_calls());
     GameState state;
     EXPECT_TRUE(file.read(state));
     EXPECT_FALSE(file.write(state));
     EXPECT_TRUE(std::filesystem::is_directory(list_));
-    BestTimesFile nowhere(utf8(folder_ / "gone" / "highscore.scr"), system_file_calls());
+    BestTimesFile nowhere(folder_.path_of("gone/highscore.scr"), system_file_calls());
     EXPECT_FALSE(nowhere.read(state));
     EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
 }

@@ -7,13 +7,13 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
-    const fs::path target = folder_ / "synced" / "list";
-    fs::create_directory(folder_ / "synced");
+    const fs::path target = folder_.path / "synced" / "list";
+    fs::create_directory(folder_.path / "synced");
     std::ofstream(target, std::ios::binary) << "old";
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink(target, list_);
     FileCalls& calls = system_file_calls();
-    EXPECT_FALSE(replace_file(calls, calls.resolve(list_path()), "new"));
+    EXPECT_FALSE(replace_file(calls, calls.resolve(list_path_), "new"));
     EXPECT_TRUE(fs::is_symlink(list_));
     EXPECT_EQ(content(target), "new");
     EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_read | fs::perms::owner_write);

@@ -37,6 +37,15 @@ struct BoxLook {
     std::vector<std::string> buttons;  ///< without marks for keys, the default one first
 };
 
+/// What the player sees of a button, a text box or a rich-text box.
+struct ControlLook {
+    bool shown = false;
+    bool focused = false;
+    bool scrollable = false;  ///< has a scroll bar to be seen
+    int scrolled = 0;         ///< down from the top, in units of the window system's own
+    std::string text;         ///< of a box, lines parted by '\n'
+};
+
 /// What the checks need of a window system besides its Host: a hand on mouse and keyboard, and
 /// eyes. A front end joins the checks with a driver of its own, of which every check makes a new
 /// one. Windows are named by their forms or, where the form may be gone, by their captions.
@@ -65,8 +74,8 @@ class Driver {
     /// Calls `act` from the event loop in so many milliseconds.
     virtual void later(int milliseconds, std::function<void()> act) = 0;
 
-    virtual void press(const Form& form, Point at, MouseButton button) = 0;
-    virtual void release(const Form& form, Point at, MouseButton button) = 0;
+    /// Presses a button of the mouse, or releases it.
+    virtual void mouse(const Form& form, Point at, MouseButton button, bool down) = 0;
     /// Lets pass the time in which one more press would be the second of a double click.
     virtual void rest() = 0;
 
@@ -74,7 +83,6 @@ class Driver {
     virtual void key(Key key, Modifier modifier = Modifier::None) = 0;
     /// One more press of a key that is held down.
     virtual void repeat_key(Key key) = 0;
-    virtual void type(const std::string& text) = 0;
 
     /// Closes a window by its close box.
     virtual void close(const std::string& caption) = 0;
@@ -87,14 +95,7 @@ class Driver {
     /// The colour there once the window is painted as its form is at this moment.
     virtual Color pixel(const Form& form, Point at) = 0;
 
-    virtual bool is_shown(const Form& form, const Element& control) = 0;
-    virtual bool has_focus(const Form& form, const Element& control) = 0;
-    /// The text of a text box or a rich-text box as it is shown, lines parted by '\n'.
-    virtual std::string text(const Form& form, const Element& control) = 0;
-    /// Whether the box has a scroll bar to be seen.
-    virtual bool can_scroll(const Form& form, const RichTextBox& box) = 0;
-    /// How far the box is scrolled down, in units of the window system's own; 0 is the top.
-    virtual int scrolled(const Form& form, const RichTextBox& box) = 0;
+    virtual ControlLook control(const Form& form, const Element& element) = 0;
     virtual void scroll_down(const Form& form, const RichTextBox& box) = 0;
 
     /// The message box that is open; nothing when there is none.

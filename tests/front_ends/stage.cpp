@@ -1,7 +1,7 @@
 #include "tests/front_ends/stage.h"
 
-#include <array>
-#include <stdexcept>
+#include <algorithm>
+#include <vector>
 
 namespace solvanta::test {
 namespace {
@@ -10,40 +10,20 @@ constexpr double pixels(Twips twips) {
     return static_cast<double>(twips) / twips_per_pixel;
 }
 
-void append_number(std::string& bytes, std::uint32_t number, int count = 4) {
-    for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(static_cast<unsigned char>(number >> (8U * unsigned(i))));
-}
-
-/// The headers of a bitmap of 32 bits to the pixel whose fourth byte is the opacity.
-std::string bitmap_headers(int width, int height) {
-    constexpr std::uint32_t header_size = 108;
-    constexpr std::uint32_t bit_fields = 3;
-    const auto pixel_bytes = static_cast<std::uint32_t>(width * height * 4);
-    std::string bytes = "BM";
-    for (const std::uint32_t number :
-         {14 + header_size + pixel_bytes, 0U, 14 + header_size, header_size, std::uint32_t(width),
-          std::uint32_t(height), 1U | 32U << 16U, bit_fields, pixel_bytes, 0U, 0U, 0U, 0U,
-          0x00FF0000U, 0x0000FF00U, 0x000000FFU, 0xFF000000U, 0x73524742U}) {
-        append_number(bytes, number);
-    }
-    return bytes + std::string(48, '\0');
-}
-
 }  // namespace
 
 Rectangle place_of(const Form& form, const Element& element) {
     Rectangle place{
         {pixels(element.Left), pixels(element.Top)}, pixels(element.Width), pixels(element.Height)};
+    const auto is_it = [&](const Control& held) {
+        return std::visit([&](const Element* inside) { return inside == &element; }, held);
+    };
     for (const Control& control : form.controls) {
         const auto* const* frame = std::get_if<Frame*>(&control);
-        if (!frame) continue;
-        for (const Control& held : (*frame)->controls) {
-            if (std::visit([](const Element* inside) { return inside; }, held) != &element)
-                continue;
-            place.corner.x += pixels((*frame)->Left);
-            place.corner.y += pixels((*frame)->Top);
-        }
+        if (!frame || std::none_of((*frame)->controls.begin(), (*frame)->controls.end(), is_it))
+            continue;
+        place.corner.x += pixels((*frame)->Left);
+        place.corner.y += pixels((*frame)->Top);
     }
     return place;
 }
@@ -107,8 +87,8 @@ void FrontEnd::click(const Form& form, const Element& control) {
 }
 
 void FrontEnd::tap(const Form& form, Point at) {
-    driver().press(form, at, MouseButton::Left);
-    driver().release(form, at, MouseButton::Left);
+    driver().mouse(form, at, MouseButton::Left, true);
+    driver().mouse(form, at, MouseButton::Left, false);
 }
 
 void FrontEnd::press_key(Key key, Modifier modifier) {
@@ -129,18 +109,40 @@ void FrontEnd::expect_color(const Form& form, double x, double y, Color color) {
                            << int{seen.green} << ' ' << int{seen.blue};
 }
 
-std::string bitmap(int width, int height, Color left, Color right, std::uint32_t opacity) {
-    std::string bytes = bitmap_headers(width, height);
+std::string bitmap(int width, int height, Color color, std::optional<Color> right,
+                   std::uint32_t opacity) {
+    const auto pixel_bytes = static_cast<std::uint32_t>(width * height * 4);
+    // Headers that name four channels.
+    std::vector<std::uint32_t> numbers{122 + pixel_bytes,
+                                       0,
+                                       122,
+                                       108,
+                                       std::uint32_t(width),
+                                       std::uint32_t(height),
+                                       1U | 32U << 16U,
+                                       3,
+                                       pixel_bytes,
+                                       0,
+                                       0,
+                                       0,
+                                       0,
+                                       0x00FF0000U,
+                                       0x0000FF00U,
+                                       0x000000FFU,
+                                       0xFF000000U,
+                                       0x73524742U};
+    numbers.resize(30);
     for (int i = 0; i < width * height; ++i) {
-        const Color color = i % width < width / 2 ? left : right;
-        append_number(bytes, color.blue | std::uint32_t{color.green} << 8U |
-                                 std::uint32_t{color.red} << 16U | opacity << 24U);
+        const Color shown = i % width < width / 2 ? color : right.value_or(color);
+        numbers.push_back(shown.blue | std::uint32_t{shown.green} << 8U |
+                          std::uint32_t{shown.red} << 16U | opacity << 24U);
+    }
+    std::string bytes = "BM";
+    for (const std::uint32_t number : numbers) {
+        for (const unsigned shift : {0U, 8U, 16U, 24U})
+            bytes += static_cast<char>(static_cast<unsigned char>(number >> shift));
     }
     return bytes;
-}
-
-std::string bitmap(int width, int height, Color color) {
-    return bitmap(width, height, color, color);
 }
 
 }  // namespace solvanta::test

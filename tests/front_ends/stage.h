@@ -70,9 +70,9 @@ class FrontEnd : public testing::Test {
     std::unique_ptr<Driver> driver_ = make_driver();
 };
 
-/// The bytes of a bitmap, 32 bits to the pixel: the left half in one colour, the right half in the
-/// other, of an opacity up to 255.
-std::string bitmap(int width, int height, Color left, Color right, std::uint32_t opacity = 0xFF);
-std::string bitmap(int width, int height, Color color);
+/// The bytes of a bitmap, 32 bits to the pixel, of an opacity up to 255; the right half may have a
+/// colour of its own.
+std::string bitmap(int width, int height, Color color, std::optional<Color> right = {},
+                   std::uint32_t opacity = 0xFF);
 
 }  // namespace solvanta::test

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <map>
 
 #include "tests/front_ends/stage.h"
 
@@ -8,37 +9,30 @@ namespace {
 class Boxes : public FrontEnd {};
 
 TEST_F(Boxes, AskInGermanAndAnswer) {
-    const struct {
-        Buttons buttons;
-        std::vector<std::string> captions;                           // the default one first
-        std::vector<std::pair<std::optional<Key>, Answer>> answers;  // no key: the close box
-    } cases[] = {
-        {Buttons::YesNo,
-         {"Ja", "Nein"},
-         {{Key::Enter, Answer::Yes},
-          {Key::Escape, Answer::No},
-          {Key::N, Answer::No},
-          {{}, Answer::No}}},
-        {Buttons::OkCancel,
-         {"OK", "Abbrechen"},
-         {{Key::Enter, Answer::Ok}, {Key::Escape, Answer::Cancel}, {{}, Answer::Cancel}}},
-        {Buttons::Ok, {"OK"}, {{Key::Enter, Answer::Ok}, {Key::Escape, Answer::Ok}}},
+    using enum Answer;
+    std::map<Buttons, std::vector<std::string>> captions{// the default one first
+                                                         {Buttons::YesNo, {"Ja", "Nein"}},
+                                                         {Buttons::OkCancel, {"OK", "Abbrechen"}},
+                                                         {Buttons::Ok, {"OK"}}};
+    const std::tuple<Buttons, std::optional<Key>, Answer> cases[] = {
+        {Buttons::YesNo, Key::Enter, Yes},   {Buttons::YesNo, Key::Escape, No},
+        {Buttons::YesNo, Key::N, No},        {Buttons::YesNo, {}, No},  // the close box
+        {Buttons::OkCancel, Key::Enter, Ok}, {Buttons::OkCancel, Key::Escape, Cancel},
+        {Buttons::OkCancel, {}, Cancel},     {Buttons::Ok, Key::Enter, Ok},
+        {Buttons::Ok, Key::Escape, Ok},
     };
-    for (const auto& [buttons, captions, answers] : cases) {
-        for (const auto& [key, answer] : answers) {
-            start_anew();
-            TestForm form;
-            show(form);
-            when_box_opens([&, key = key, captions = captions] {
-                const BoxLook box = *driver().box();
-                EXPECT_EQ(box.title, "Solvanta");
-                EXPECT_EQ(box.text, "<b>Größe?</b>");
-                EXPECT_EQ(box.buttons, captions);
-                if (!key) return driver().close_box();
-                driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
-            });
-            EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions.front();
-        }
+    TestForm form;
+    show(form);
+    for (const auto& [buttons, key, answer] : cases) {
+        when_box_opens([&, key = key, buttons = buttons] {
+            const BoxLook box = *driver().box();
+            EXPECT_EQ(box.title, "Solvanta");
+            EXPECT_EQ(box.text, "<b>Größe?</b>");
+            EXPECT_EQ(box.buttons, captions[buttons]);
+            if (!key) return driver().close_box();
+            driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
+        });
+        EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions[buttons].front();
     }
 }
 
@@ -51,12 +45,12 @@ TEST_F(Boxes, HaveWhatTheHandlerShowedBehindThem) {
         form.frame.Visible = false;
     };
     when_box_opens([&] {
-        EXPECT_TRUE(driver().is_shown(form, form.box));
+        EXPECT_TRUE(driver().control(form, form.box).shown);
         EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
         driver().close_box();
     });
     click(form, form.button);
-    EXPECT_FALSE(driver().is_shown(form, form.box));
+    EXPECT_FALSE(driver().control(form, form.box).shown);
 }
 
 TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
@@ -127,7 +121,7 @@ TEST_F(Windows, ComeToTheFrontAtTheirSize) {
     driver().settle();
     show(help);
     ASSERT_TRUE(wait_until([&] { return driver().window("Hilfe")->width == 300; }));
-    EXPECT_TRUE(wait_until([&] { return driver().has_focus(help, help.button); }));
+    EXPECT_TRUE(wait_until([&] { return driver().control(help, help.button).focused; }));
     show(table);
     EXPECT_TRUE(wait_until([&] { return !driver().window("Hilfe")->active; }));
     for (const char* caption : {"Probe", "Hilfe"}) {

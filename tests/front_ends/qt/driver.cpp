@@ -5,19 +5,17 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBackingStore>
-#include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
 
 #include "front_ends/qt/host.h"
+#include "tests/support/real_files.h"
 
 namespace solvanta::test {
 namespace {
@@ -56,10 +54,6 @@ QMessageBox* open_box() {
     return box && box->isVisible() ? box : nullptr;
 }
 
-Qt::MouseButton to_qt(MouseButton button) {
-    return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton;
-}
-
 Qt::Key to_qt(Key key) {
     constexpr Qt::Key keys[] = {Qt::Key_Return, Qt::Key_Enter,     Qt::Key_Space, Qt::Key_Escape,
                                 Qt::Key_Tab,    Qt::Key_Backspace, Qt::Key_Left,  Qt::Key_End,
@@ -83,27 +77,24 @@ class QtDriver final : public Driver {
     void wait(int milliseconds) override { QTest::qWait(milliseconds); }
 
     bool run() override {
-        QTimer too_late;
-        QObject::connect(&too_late, &QTimer::timeout, [] { QApplication::exit(1); });
-        too_late.start(10'000);
+        later(10'000, [] { QApplication::exit(1); });
         return QApplication::exec() == 0;
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        auto* const timer = new QTimer(&context_);
-        timer->setSingleShot(true);
-        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
-        timer->start(milliseconds);
+        QTimer::singleShot(milliseconds, &context_, std::move(act));
     }
 
-    void press(const Form& form, Point at, MouseButton button) override {
-        held_ |= to_qt(button);
-        send(form, at, QEvent::MouseButtonPress, button);
-    }
-
-    void release(const Form& form, Point at, MouseButton button) override {
-        held_ &= ~Qt::MouseButtons(to_qt(button));
-        send(form, at, QEvent::MouseButtonRelease, button);
+    /// As the window system does: with the time, from which Qt itself makes double clicks.
+    void mouse(const Form& form, Point at, MouseButton button, bool down) override {
+        const auto used = button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton;
+        held_.setFlag(used, down);
+        now_ += 40;
+        QWindow* window = window_of(form).windowHandle();
+        const QPointF local(at.x, at.y);
+        qt_handleMouseEvent(window, local, window->mapToGlobal(local), held_, used,
+                            down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, {}, now_);
+        QApplication::processEvents();
     }
 
     void rest() override { now_ += 5000; }
@@ -116,13 +107,6 @@ class QtDriver final : public Driver {
     void repeat_key(Key key) override {
         QKeyEvent held(QEvent::KeyPress, to_qt(key), {}, QString(), true);
         QApplication::sendEvent(QApplication::focusWidget(), &held);
-    }
-
-    void type(const std::string& text) override {
-        for (const QChar letter : QString::fromStdString(text)) {
-            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown,
-                                QString(letter), Qt::NoModifier);
-        }
     }
 
     void close(const std::string& caption) override { find_window(caption)->close(); }
@@ -151,28 +135,22 @@ class QtDriver final : public Driver {
                 static_cast<std::uint8_t>(color.blue())};
     }
 
-    bool is_shown(const Form& form, const Element& control) override {
-        return control_of(form, control).isVisible();
+    ControlLook control(const Form& form, const Element& element) override {
+        QWidget& widget = control_of(form, element);
+        ControlLook look;
+        look.shown = widget.isVisible();
+        look.focused = widget.hasFocus();
+        if (auto* edit = qobject_cast<QLineEdit*>(&widget)) look.text = edit->text().toStdString();
+        if (auto* view = qobject_cast<QTextEdit*>(&widget)) {
+            look.scrollable = view->verticalScrollBar()->isVisible();
+            look.scrolled = view->verticalScrollBar()->value();
+            look.text = view->toPlainText().toStdString();
+        }
+        return look;
     }
 
-    bool has_focus(const Form& form, const Element& control) override {
-        return control_of(form, control).hasFocus();
-    }
-
-    std::string text(const Form& form, const Element& control) override {
-        QWidget& widget = control_of(form, control);
-        if (auto* edit = qobject_cast<QLineEdit*>(&widget)) return edit->text().toStdString();
-        return qobject_cast<QTextEdit*>(&widget)->toPlainText().toStdString();
-    }
-
-    bool can_scroll(const Form& form, const RichTextBox& box) override {
-        return bar(form, box).isVisible();
-    }
-    int scrolled(const Form& form, const RichTextBox& box) override {
-        return bar(form, box).value();
-    }
     void scroll_down(const Form& form, const RichTextBox& box) override {
-        bar(form, box).setValue(100);
+        qobject_cast<QTextEdit*>(&control_of(form, box))->verticalScrollBar()->setValue(100);
     }
 
     std::optional<BoxLook> box() override {
@@ -191,33 +169,16 @@ class QtDriver final : public Driver {
     void close_box() override { open_box()->close(); }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
-        QFile file(QDir(files_.path()).filePath(QString::fromStdString(name)));
-        if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("can't write " + name);
-        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        return file.fileName().toStdString();
+        return files_.put(name, bytes);
     }
 
   private:
-    static QScrollBar& bar(const Form& form, const RichTextBox& box) {
-        return *qobject_cast<QTextEdit*>(&control_of(form, box))->verticalScrollBar();
-    }
-
     static QWindow* keys() {
         QWidget* window = open_box() ? open_box() : QApplication::activeWindow();
         return window->windowHandle();
     }
 
-    /// As the window system does: with the time, from which Qt itself makes double clicks.
-    void send(const Form& form, Point at, QEvent::Type type, MouseButton button) {
-        now_ += 40;
-        QWindow* window = window_of(form).windowHandle();
-        const QPointF local(at.x, at.y);
-        qt_handleMouseEvent(window, local, window->mapToGlobal(local), held_, to_qt(button), type,
-                            {}, now_);
-        QApplication::processEvents();
-    }
-
-    QTemporaryDir files_;
+    RealFolder files_;
     qt::QtHost host_;
     QObject context_;
     Qt::MouseButtons held_;

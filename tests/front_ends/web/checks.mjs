@@ -27,20 +27,20 @@ let finish;
 const finished = new Promise((done) => { finish = done; });
 
 const acts = {
-  async press({ x, y, button }) {
+  async down({ x, y, button }) {
     await page.mouse.move(x, y);
     await page.mouse.down({ button });
     pressed = Date.now();
   },
-  async release({ x, y, button }) {
+  async up({ x, y, button }) {
     await page.mouse.move(x, y);
     await page.mouse.up({ button });
   },
+  click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
-  key: ({ key, modifier }) => page.keyboard.press(modifier ? `${modifier}+${key}` : key),
-  repeat: ({ key }) => keys.send('Input.dispatchKeyEvent',
+  key: ({ argument }) => page.keyboard.press(argument),
+  repeat: ({ argument: key }) => keys.send('Input.dispatchKeyEvent',
     { type: 'keyDown', key, code: key, windowsVirtualKeyCode: 13, text: '\r', autoRepeat: true }),
-  type: ({ text }) => page.keyboard.type(text),
   async look({ x, y }) {
     const fine = (value) => Math.floor(value * ratio) / ratio;
     return firstPixel(await page.screenshot(

@@ -9,20 +9,15 @@
 #include "front_ends/web/host.h"
 
 extern "C" {
-void hand_press(const char* caption, double x, double y, int right, int down);
-void hand_key(const char* key, const char* modifier);
-void hand_repeat_key(const char* key);
-void hand_type(const char* text);
-void hand_rest();
+void hand_act(const char* act, const char* argument);
+void hand_mouse(const char* caption, double x, double y, int button, int down);
 void hand_close(const char* caption);
-void hand_close_box();
 void hand_later(int milliseconds, int number);
 void hand_settle();
 void hand_wait(int milliseconds);
 int hand_pixel(const char* caption, double x, double y);
-int hand_window(const char* caption, int what);
-int hand_control(const char* caption, double x, double y, int what);
-char* hand_text(const char* caption, double x, double y);
+char* hand_window(const char* caption);
+char* hand_control(const char* caption, double x, double y, int scroll);
 char* hand_box();
 void hand_put_file(const char* path, const char* bytes, std::size_t length);
 void hand_leave_page();
@@ -37,45 +32,10 @@ std::map<int, std::function<void()>>& later_calls() {
 }
 
 const char* name_of(Key key) {
-    switch (key) {
-        case Key::Enter:
-            return "Enter";
-        case Key::KeypadEnter:
-            return "NumpadEnter";
-        case Key::Space:
-            return "Space";
-        case Key::Escape:
-            return "Escape";
-        case Key::Tab:
-            return "Tab";
-        case Key::Backspace:
-            return "Backspace";
-        case Key::ArrowLeft:
-            return "ArrowLeft";
-        case Key::End:
-            return "End";
-        case Key::A:
-            return "a";
-        case Key::M:
-            return "m";
-        case Key::N:
-            break;
-    }
-    return "n";
-}
-
-const char* name_of(Modifier modifier) {
-    switch (modifier) {
-        case Modifier::Shift:
-            return "Shift";
-        case Modifier::Control:
-            return "Control";
-        case Modifier::Alt:
-            return "Alt";
-        case Modifier::None:
-            break;
-    }
-    return "";
+    constexpr const char* names[] = {"Enter", "NumpadEnter", "Space",     "Escape",
+                                     "Tab",   "Backspace",   "ArrowLeft", "End",
+                                     "a",     "m",           "n"};
+    return names[static_cast<std::size_t>(key)];
 }
 
 /// Drives a page with real input of the browser, given from outside; it takes effect during
@@ -109,55 +69,53 @@ class WebDriver final : public Driver {
         hand_later(milliseconds, last);
     }
 
-    void press(const Form& form, Point at, MouseButton button) override {
-        hand_press(form.Caption.c_str(), at.x, at.y, button == MouseButton::Right ? 1 : 0, 1);
+    void mouse(const Form& form, Point at, MouseButton button, bool down) override {
+        hand_mouse(form.Caption.c_str(), at.x, at.y, static_cast<int>(button), down ? 1 : 0);
     }
 
-    void release(const Form& form, Point at, MouseButton button) override {
-        hand_press(form.Caption.c_str(), at.x, at.y, button == MouseButton::Right ? 1 : 0, 0);
+    void rest() override { hand_act("rest", ""); }
+
+    void key(Key key, Modifier modifier) override {
+        constexpr const char* modifiers[] = {"", "Shift+", "Control+", "Alt+"};
+        const std::string held = modifiers[static_cast<std::size_t>(modifier)];
+        hand_act("key", (held + name_of(key)).c_str());
     }
 
-    void rest() override { hand_rest(); }
-    void key(Key key, Modifier modifier) override { hand_key(name_of(key), name_of(modifier)); }
-    void repeat_key(Key key) override { hand_repeat_key(name_of(key)); }
-    void type(const std::string& text) override { hand_type(text.c_str()); }
+    void repeat_key(Key key) override { hand_act("repeat", name_of(key)); }
     void close(const std::string& caption) override { hand_close(caption.c_str()); }
     void minimise(const std::string& /*caption*/) override {}
     void save_desktop() override { hand_leave_page(); }
 
     std::optional<WindowLook> window(const std::string& caption) override {
-        const auto ask = [&](int what) { return hand_window(caption.c_str(), what); };
-        if (ask(0) == 0) return std::nullopt;
+        std::istringstream answer(web::taken(hand_window(caption.c_str())));
         WindowLook look;
-        look.width = ask(1);
-        look.height = ask(2);
-        look.active = ask(3) != 0;
         look.is_within_page = true;
+        if (!(answer >> look.width >> look.height >> look.active)) return std::nullopt;
         return look;
     }
 
+    /// What the form has been given but not shown yet is shown first, and has arrived.
     Color pixel(const Form& form, Point at) override {
-        settle_pictures();
+        if (!host_.is_busy()) host_.deliver(nullptr);
+        hand_settle();
         const auto color = static_cast<unsigned>(hand_pixel(form.Caption.c_str(), at.x, at.y));
         return {static_cast<std::uint8_t>(color >> 16U), static_cast<std::uint8_t>(color >> 8U),
                 static_cast<std::uint8_t>(color)};
     }
 
-    bool is_shown(const Form& form, const Element& control) override {
-        return ask(form, control, 0) != 0;
+    ControlLook control(const Form& form, const Element& element) override {
+        const Point corner = place_of(form, element).corner;
+        std::istringstream answer(
+            web::taken(hand_control(form.Caption.c_str(), corner.x, corner.y, 0)));
+        ControlLook look;
+        answer >> look.shown >> look.focused >> look.scrollable >> look.scrolled;
+        std::getline(answer.ignore(), look.text, '\0');
+        return look;
     }
-    bool has_focus(const Form& form, const Element& control) override {
-        return ask(form, control, 1) != 0;
-    }
-    bool can_scroll(const Form& form, const RichTextBox& box) override {
-        return ask(form, box, 2) != 0;
-    }
-    int scrolled(const Form& form, const RichTextBox& box) override { return ask(form, box, 3); }
-    void scroll_down(const Form& form, const RichTextBox& box) override { ask(form, box, 4); }
 
-    std::string text(const Form& form, const Element& control) override {
-        const Point corner = place_of(form, control).corner;
-        return web::taken(hand_text(form.Caption.c_str(), corner.x, corner.y));
+    void scroll_down(const Form& form, const RichTextBox& box) override {
+        const Point corner = place_of(form, box).corner;
+        web::taken(hand_control(form.Caption.c_str(), corner.x, corner.y, 100));
     }
 
     std::optional<BoxLook> box() override {
@@ -170,7 +128,7 @@ class WebDriver final : public Driver {
         return look;
     }
 
-    void close_box() override { hand_close_box(); }
+    void close_box() override { hand_close(""); }
 
     /// The browser's own copy of a replaced file is given up with it.
     std::string put_file(const std::string& name, const std::string& bytes) override {
@@ -181,17 +139,6 @@ class WebDriver final : public Driver {
     }
 
   private:
-    static int ask(const Form& form, const Element& control, int what) {
-        const Point corner = place_of(form, control).corner;
-        return hand_control(form.Caption.c_str(), corner.x, corner.y, what);
-    }
-
-    /// What a form has been given but not shown yet is shown, and has arrived.
-    void settle_pictures() {
-        if (!host_.is_busy()) host_.deliver(nullptr);
-        hand_settle();
-    }
-
     web::WebHost host_{1};
 };
 

@@ -1,7 +1,7 @@
 // The hand and the eyes of the checks in a page. Input goes to the browser through `act`, which the
 // program that runs the browser puts into the page; what is seen is asked of the page itself.
 
-mergeInto(LibraryManager.library, {
+const Hand = {
   $hand: {
     last: null,
     files: null,
@@ -54,68 +54,35 @@ mergeInto(LibraryManager.library, {
   },
   $hand__deps: ['$page'],
 
-  hand_press__deps: ['$hand'],
-  hand_press: function(caption, x, y, right, down) {
-    const section = hand.window(caption);
-    hand.then(() => act({
-      act: down ? 'press' : 'release', button: right ? 'right' : 'left',
-      ...hand.spot(section, x, y),
-    }));
+  hand_act: function(what, argument) {
+    const wanted = { act: UTF8ToString(what), argument: UTF8ToString(argument) };
+    hand.then(() => act(wanted));
   },
 
-  hand_key__deps: ['$hand'],
-  hand_key: function(key, modifier) {
-    const names = { key: UTF8ToString(key), modifier: UTF8ToString(modifier) };
-    hand.then(() => act({ act: 'key', ...names }));
+  hand_mouse: function(caption, x, y, button, down) {
+    const at = hand.spot(hand.window(caption), x, y);
+    hand.then(() => act({ act: down ? 'down' : 'up', button: ['left', 'right'][button], ...at }));
   },
 
-  hand_repeat_key__deps: ['$hand'],
-  hand_repeat_key: function(key) {
-    const name = UTF8ToString(key);
-    hand.then(() => act({ act: 'repeat', key: name }));
-  },
-
-  hand_type__deps: ['$hand'],
-  hand_type: function(text) {
-    const typed = UTF8ToString(text);
-    hand.then(() => act({ act: 'type', text: typed }));
-  },
-
-  hand_rest__deps: ['$hand'],
-  hand_rest: function() {
-    hand.then(() => act({ act: 'rest' }));
-  },
-
-  // Below a box nothing takes the mouse, so that the desktop's way is gone there.
-  hand_close__deps: ['$hand'],
+  // Closes a window, or the open box where it has no such caption. Below a box nothing takes the
+  // mouse, so that the desktop's way is gone there.
   hand_close: function(caption) {
-    const close = hand.window(caption).querySelector('.close');
+    const section = hand.window(caption);
     hand.then(() => {
-      if (document.querySelector('dialog[open]')) return close.click();
+      const box = document.querySelector('dialog[open]');
+      const close = (section || box).querySelector('.close');
+      if (section && box) return close.click();
       const area = close.getBoundingClientRect();
-      const at = { x: area.left + area.width / 2, y: area.top + area.height / 2 };
-      return act({ act: 'press', button: 'left', ...at })
-        .then(() => act({ act: 'release', button: 'left', ...at }));
+      return act(
+        { act: 'click', x: area.left + area.width / 2, y: area.top + area.height / 2 });
     });
   },
 
-  hand_close_box__deps: ['$hand'],
-  hand_close_box: function() {
-    hand.then(() => {
-      const area = document.querySelector('dialog[open] .close').getBoundingClientRect();
-      const at = { x: area.left + area.width / 2, y: area.top + area.height / 2 };
-      return act({ act: 'press', button: 'left', ...at })
-        .then(() => act({ act: 'release', button: 'left', ...at }));
-    });
-  },
-
-  hand_later__deps: ['$hand'],
   hand_later: function(milliseconds, number) {
     setTimeout(() => _hand_call(number), milliseconds);
   },
 
   // Waits until all input has been given and the page has shown what came of it.
-  hand_settle__deps: ['$hand'],
   hand_settle: function() {
     return page.sleep((wake) => {
       const rest = () => {
@@ -130,49 +97,38 @@ mergeInto(LibraryManager.library, {
     });
   },
 
-  hand_wait__deps: ['$hand'],
   hand_wait: function(milliseconds) {
     return page.sleep((wake) => setTimeout(() => wake(0), milliseconds));
   },
 
   // The colour of one pixel, as 0xRRGGBB.
-  hand_pixel__deps: ['$hand'],
   hand_pixel: function(caption, x, y) {
     return page.sleep((wake) => act({ act: 'look', ...hand.spot(hand.window(caption), x, y) })
       .then((color) => setTimeout(() => wake(color), 0)));
   },
 
-  // What of a window: 0 whether it is shown, 1 width, 2 height, 3 whether it is in front.
-  hand_window__deps: ['$hand'],
-  hand_window: function(caption, what) {
+  // Width, height and whether it is in front; empty where there is no such window.
+  hand_window: function(caption) {
     const section = hand.window(caption);
-    if (!section) return 0;
+    if (!section) return allocateUTF8('');
     const client = section.querySelector('.client');
-    return [1, Math.round(client.clientWidth / hand.scale(section)),
-      Math.round(client.clientHeight / hand.scale(section)),
-      section.matches('.foremost') ? 1 : 0][what];
+    const [width, height] = [client.clientWidth, client.clientHeight].map(
+      (pixels) => Math.round(pixels / hand.scale(section)));
+    return allocateUTF8(`${width} ${height} ${Number(section.matches('.foremost'))}`);
   },
 
-  // What of a control: 0 whether it is shown, 1 has the focus, 2 can scroll, 3 is scrolled by;
-  // 4 scrolls it.
-  hand_control__deps: ['$hand'],
-  hand_control: function(caption, x, y, what) {
+  // Whether a control is shown, has the focus, can scroll, what it is scrolled by, its text.
+  hand_control: function(caption, x, y, scroll) {
     const node = hand.control(caption, x, y);
-    if (!node) return 0;
-    if (what === 4) node.scrollTop = 100;
-    return [node.getClientRects().length > 0 ? 1 : 0, node === document.activeElement ? 1 : 0,
-      node.scrollHeight > node.clientHeight ? 1 : 0, Math.round(node.scrollTop), 0][what];
-  },
-
-  hand_text__deps: ['$hand'],
-  hand_text: function(caption, x, y) {
-    const node = hand.control(caption, x, y);
+    if (!node) return allocateUTF8('0 0 0 0');
+    if (scroll) node.scrollTop = scroll;
     const lines = () => [...node.querySelectorAll('p')].map((one) => one.textContent).join('\n');
-    return allocateUTF8(node.matches('input') ? node.value : lines());
+    return allocateUTF8([node.getClientRects().length > 0, node === document.activeElement,
+      node.scrollHeight > node.clientHeight, node.scrollTop].map((one) => Math.round(one))
+      .join(' ') + '\n' + (node.matches('input') ? node.value : lines()));
   },
 
   // The title, the text and the buttons of the open box, a line each; empty without one.
-  hand_box__deps: ['$hand'],
   hand_box: function() {
     const box = [...document.querySelectorAll('dialog[open]')].pop();
     if (!box) return allocateUTF8('');
@@ -181,7 +137,6 @@ mergeInto(LibraryManager.library, {
       box.querySelector('p').textContent, ...buttons].join('\n'));
   },
 
-  hand_put_file__deps: ['$hand'],
   hand_put_file: function(path, bytes, length) {
     hand.serve();
     hand.files.set(UTF8ToString(path), HEAPU8.slice(bytes, bytes + length));
@@ -194,4 +149,6 @@ mergeInto(LibraryManager.library, {
   hand_done: function(failures) {
     act({ act: 'done', failures });
   },
-});
+};
+autoAddDeps(Hand, '$hand');
+mergeInto(LibraryManager.library, Hand);

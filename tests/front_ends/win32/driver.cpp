@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <stdexcept>
 
@@ -12,6 +10,7 @@
 
 #include "front_ends/win32/host.h"
 #include "platform/windows_text.h"
+#include "tests/support/real_files.h"
 
 namespace solvanta::test {
 namespace {
@@ -123,13 +122,11 @@ void send_key(WORD key, DWORD flags) {
 /// Drives the system as a hand would: input goes through its queue.
 class Win32Driver final : public Driver {
   public:
-    Win32Driver() { std::filesystem::create_directories(files_); }
+    Win32Driver() = default;
     ~Win32Driver() override {
         for (const auto& waiting : waiting_)
             KillTimer(nullptr, waiting.first);
         waiting_.clear();
-        std::error_code ignored;
-        std::filesystem::remove_all(files_, ignored);
     }
 
     Host& host() override { return host_; }
@@ -164,14 +161,22 @@ class Win32Driver final : public Driver {
         waiting_[id] = std::move(act);
     }
 
-    void press(const Form& form, Point at, MouseButton button) override {
-        const bool left = button == MouseButton::Left;
-        send_mouse(form, at, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
-    }
-
-    void release(const Form& form, Point at, MouseButton button) override {
-        const bool left = button == MouseButton::Left;
-        send_mouse(form, at, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    /// One event moves the pointer and uses the button, so nothing comes between.
+    void mouse(const Form& form, Point at, MouseButton button, bool down) override {
+        constexpr DWORD uses[][2] = {{MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN},
+                                     {MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_RIGHTDOWN}};
+        POINT place = to_device(at);
+        ClientToScreen(window_of(form), &place);
+        const auto normalized = [](LONG pixel, int screen_size) {
+            return static_cast<LONG>((pixel + 0.5) * 65536 / GetSystemMetrics(screen_size));
+        };
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dx = normalized(place.x, SM_CXSCREEN);
+        input.mi.dy = normalized(place.y, SM_CYSCREEN);
+        input.mi.dwFlags = uses[static_cast<std::size_t>(button)][down ? 1 : 0] | MOUSEEVENTF_MOVE |
+                           MOUSEEVENTF_ABSOLUTE;
+        SendInput(1, &input, sizeof input);
     }
 
     void rest() override { Sleep(GetDoubleClickTime() + 50); }
@@ -189,19 +194,6 @@ class Win32Driver final : public Driver {
     void repeat_key(Key key) override {
         constexpr LPARAM was_down = LPARAM{1} << 30U;
         PostMessageW(GetFocus(), WM_KEYDOWN, to_virtual_key(key), was_down | 1);
-    }
-
-    void type(const std::string& text) override {
-        for (const wchar_t letter : to_utf16(text)) {
-            for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
-                INPUT input{};
-                input.type = INPUT_KEYBOARD;
-                input.ki.wScan = letter;
-                input.ki.dwFlags = KEYEVENTF_UNICODE | flags;
-                SendInput(1, &input, sizeof input);
-            }
-            settle();
-        }
     }
 
     void close(const std::string& caption) override {
@@ -248,24 +240,12 @@ class Win32Driver final : public Driver {
         return {GetRValue(color), GetGValue(color), GetBValue(color)};
     }
 
-    bool is_shown(const Form& form, const Element& control) override {
-        return IsWindowVisible(control_of(form, control)) != FALSE;
-    }
-
-    bool has_focus(const Form& form, const Element& control) override {
-        return GetFocus() == control_of(form, control);
-    }
-
-    std::string text(const Form& form, const Element& control) override {
-        return text_of(control_of(form, control));
-    }
-
-    bool can_scroll(const Form& form, const RichTextBox& box) override {
-        return (GetWindowLongPtrW(control_of(form, box), GWL_STYLE) & WS_VSCROLL) != 0;
-    }
-
-    int scrolled(const Form& form, const RichTextBox& box) override {
-        return static_cast<int>(SendMessageW(control_of(form, box), EM_GETFIRSTVISIBLELINE, 0, 0));
+    ControlLook control(const Form& form, const Element& element) override {
+        HWND control = control_of(form, element);
+        return {IsWindowVisible(control) != FALSE, GetFocus() == control,
+                (GetWindowLongPtrW(control, GWL_STYLE) & WS_VSCROLL) != 0,
+                static_cast<int>(SendMessageW(control, EM_GETFIRSTVISIBLELINE, 0, 0)),
+                text_of(control)};
     }
 
     void scroll_down(const Form& form, const RichTextBox& box) override {
@@ -292,30 +272,12 @@ class Win32Driver final : public Driver {
     void close_box() override { PostMessageW(open_box(), WM_CLOSE, 0, 0); }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
-        const std::filesystem::path path = files_ / name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return to_utf8(path.wstring());
+        return files_.put(name, bytes);
     }
 
   private:
-    /// One event moves the pointer and uses the button, so nothing comes between.
-    static void send_mouse(const Form& form, Point at, DWORD what) {
-        POINT place = to_device(at);
-        ClientToScreen(window_of(form), &place);
-        const auto normalized = [](LONG pixel, int screen_size) {
-            return static_cast<LONG>((pixel + 0.5) * 65536 / GetSystemMetrics(screen_size));
-        };
-        INPUT input{};
-        input.type = INPUT_MOUSE;
-        input.mi.dx = normalized(place.x, SM_CXSCREEN);
-        input.mi.dy = normalized(place.y, SM_CYSCREEN);
-        input.mi.dwFlags = what | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-        SendInput(1, &input, sizeof input);
-    }
-
     win32::Win32Host host_;
-    std::filesystem::path files_ = std::filesystem::temp_directory_path() /
-                                   ("solvanta-" + std::to_string(GetCurrentProcessId()));
+    RealFolder files_;
     static inline std::map<UINT_PTR, std::function<void()>> waiting_;
 };
 
