@@ -84,8 +84,8 @@ TEST(RandomPlay, KeepsRecordAndTableInOrder) {
 }
 
 TEST(GoldenGame, IsDealtAndWonAsEver) {
-    const GoldenGame game = read_golden_game();
-    Player player(game.seed());
+    const GoldenGame game;
+    Player player(game.seed);
     player.deal();
     EXPECT_EQ(player.position(),
               "D 3; S XB X2 H9 PK X7 P6 X4 K7 X1 H3 HD K3 P5 P10 X6 KK K9 H9 H10 PB K4 P6 K6 HK "

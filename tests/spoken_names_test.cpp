@@ -1,6 +1,5 @@
 #include "view/spoken_names.h"
 
-#include <map>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -22,52 +21,68 @@ TEST(SpokenNames, AreGerman) {
         EXPECT_EQ(spoken_card(card), name);
 }
 
-TEST(SpokenNames, TellWhatEachPlaceShows) {
-    Player player(read_golden_game().seed());
-    player.deal();
+class DealtTable : public testing::Test {
+  protected:
+    DealtTable() { player.deal(); }
+
+    /// How many places the arrow keys reach from the stock.
+    int reached() const {
+        std::set<const PictureElement*> reached{&table.Source_Hide};
+        std::vector<const PictureElement*> open{&table.Source_Hide};
+        while (!open.empty()) {
+            const PictureElement* from = open.back();
+            open.pop_back();
+            for (int direction = 0; direction < 4; ++direction) {
+                PictureElement* to = next_place(table, *from, static_cast<Direction>(direction));
+                if (to && reached.insert(to).second) open.push_back(to);
+            }
+        }
+        return static_cast<int>(reached.size());
+    }
+
+    GoldenGame game;
+    Player player{game.seed};
     Form_Main& table = player.table;
+};
+
+TEST_F(DealtTable, HasANameForEachPlace) {
     EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 49 Karten");
     EXPECT_EQ(table.Source.spoken_name(), "Ablage: leerer Platz");
     EXPECT_EQ(table.Stapel(7).spoken_name(), "Ziel 8: leerer Platz");
     EXPECT_EQ(table.Ih(1)(0).spoken_name(), "Spalte 1: verdeckte Karte");
-    const std::string front = "Spalte 10: " + spoken_card(table.state.FaceUp(10)(1));
-    EXPECT_EQ(table.Iv(1)(9).spoken_name(), front);
     player.play("c10");
-    EXPECT_EQ(table.Iv(1)(9).spoken_name(), front + ", ausgewählt");
+    EXPECT_EQ(table.Iv(1)(9).spoken_name(), "Spalte 10: Herz 4, ausgewählt");
+    SpokenChanges changes;
+    EXPECT_EQ(changes.since_last_time(table), "");
     player.play("stock waste");
-    const std::string waste = spoken_card(table.state.Waste(table.state.WasteCount));
-    EXPECT_EQ(table.Source.spoken_name(), "Ablage: " + waste + ", ausgewählt");
+    EXPECT_EQ(table.Source.spoken_name(), "Ablage: Pik 2, ausgewählt");
     EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 46 Karten");
+    EXPECT_EQ(changes.since_last_time(table),
+              "Stapel, 46 Karten. Ablage: Pik 2, ausgewählt. Spalte 10: Herz 4");
+    EXPECT_EQ(changes.since_last_time(table), "");
+    player.deal();
+    EXPECT_EQ(changes.since_last_time(table), "");
 }
 
-TEST(SpokenNames, CoverEveryElementOnShowThroughoutAGame) {
-    const GoldenGame game = read_golden_game();
-    Player player(game.seed());
-    player.deal();
-    const auto check = [&](auto&&...) {
-        for (const Painted& item : player.table.canvas) {
+TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
+    player.on_click = [&](auto&&...) {
+        int places = 0;
+        for (const Painted& item : table.canvas) {
             auto* const* element = std::get_if<PictureElement*>(&item);
-            if (!element || !(*element)->Visible || *element == &player.table.zeiger) continue;
+            if (!element || *element == &table.zeiger) continue;
+            places += is_place(**element) ? 1 : 0;
+            if (!(*element)->Visible) continue;
             ASSERT_NE((*element)->spoken_name(), "");
             ASSERT_TRUE(!(*element)->Click || is_place(**element));
         }
+        ASSERT_EQ(reached(), places);
     };
-    check();
-    player.on_click = check;
     player.play(game.words);
-    EXPECT_EQ(player.table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
-    EXPECT_EQ(player.table.Iv(1)(0).spoken_name(), "Spalte 1: leerer Platz");
+    EXPECT_EQ(table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
+    EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1: leerer Platz");
 }
 
-class WalkOverTheTable : public testing::Test {
-  protected:
-    WalkOverTheTable() { player.deal(); }
-
-    Player player{read_golden_game().seed()};
-    Form_Main& table = player.table;
-};
-
-TEST_F(WalkOverTheTable, GoesFromPlaceToPlace) {
+TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
     using enum Direction;
     const struct {
         const PictureElement& from;
@@ -94,46 +109,13 @@ TEST_F(WalkOverTheTable, GoesFromPlaceToPlace) {
     }
 }
 
-TEST_F(WalkOverTheTable, ReachesEveryPlaceDuringAGame) {
-    player.on_click = [&](auto&&...) {
-        std::set<PictureElement*> reached{&table.Source_Hide};
-        std::vector<PictureElement*> open{&table.Source_Hide};
-        while (!open.empty()) {
-            const PictureElement* from = open.back();
-            open.pop_back();
-            for (int direction = 0; direction < 4; ++direction) {
-                PictureElement* to = next_place(table, *from, static_cast<Direction>(direction));
-                if (to && reached.insert(to).second) open.push_back(to);
-            }
-        }
-        std::size_t places = 0;
-        for (const Painted& item : table.canvas) {
-            auto* const* element = std::get_if<PictureElement*>(&item);
-            if (element && is_place(**element)) ++places;
-        }
-        ASSERT_EQ(reached.size(), places);
-    };
-    player.play(read_golden_game().words);
-}
-
-TEST_F(WalkOverTheTable, GoesOnNearWhereItsPlaceWas) {
+TEST_F(DealtTable, IsWalkedOnNearWhereAPlaceWas) {
     PictureElement gone = table.Iv(1)(4);
     gone.Top += 2 * face_up_step;
     gone.Visible = false;
     EXPECT_EQ(nearest_place(table, gone), &table.Iv(1)(4));
     const Form_Main& empty = Player(1).table;
     EXPECT_EQ(nearest_place(empty, gone), nullptr);
-}
-
-TEST_F(WalkOverTheTable, TellsWhatHasChanged) {
-    SpokenChanges changes;
-    EXPECT_EQ(changes.since_last_time(table), "");
-    player.play("stock");
-    EXPECT_EQ(changes.since_last_time(table),
-              table.Source_Hide.spoken_name() + ". " + table.Source.spoken_name());
-    EXPECT_EQ(changes.since_last_time(table), "");
-    player.deal();
-    EXPECT_EQ(changes.since_last_time(table), "");
 }
 
 }  // namespace

@@ -16,9 +16,8 @@ namespace solvanta::test {
 /// followed by a check of the record and of the table that shows it.
 class Player {
   public:
-    explicit Player(std::uint64_t seed = 1);
-
-    /// The same with files that are there at start-up.
+    /// The seed of the first deal, and files that are there at start-up.
+    explicit Player(std::uint64_t seed = 1, const MemoryFiles& at_start = {});
     explicit Player(const MemoryFiles& at_start) : Player(1, at_start) {}
 
     /// Puts a position on the table as if play had led there; list and counters stay.
@@ -40,7 +39,7 @@ class Player {
     /// Types `name` into the name box and presses Enter.
     void enter_name(const std::string& name);
 
-    std::string position() const;
+    std::string position() const { return print_position(table.state); }
 
     /// What follows every event: expects the record consistent and shown as it is.
     void check() const;
@@ -53,8 +52,6 @@ class Player {
     Form_Main table;
 
   private:
-    Player(std::uint64_t seed, const MemoryFiles& at_start);
-
     void play_word(const std::string& word);
 
     Mouse mouse_{table};

@@ -1,5 +1,6 @@
 #include "tests/support/position.h"
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 #include <vector>
@@ -36,9 +37,9 @@ class Parser {
             words >> state_.DrawSize;
         } else if (key == "S") {
             stock_given_ = true;
-            parse_pile(words, state_.Deck, state_.DeckCount);
+            state_.DeckCount = take_all(words, state_.Deck);
         } else if (key == "W") {
-            parse_pile(words, state_.Waste, state_.WasteCount);
+            state_.WasteCount = take_all(words, state_.Waste);
         } else if (key == "F") {
             parse_foundations(words);
         } else if (key == "sel") {
@@ -58,9 +59,11 @@ class Parser {
     }
 
     template <typename Pile>
-    void parse_pile(std::istringstream& words, Pile& pile, int& count) {
-        for (std::string word; words >> word;)
-            pile(++count) = take(word);
+    int take_all(std::istringstream& words, Pile& pile) {
+        int count = 0;
+        for (std::string word; words >> word && word != "|";)
+            pile(++count) = take(word.substr(0, word.find('?')));
+        return count;
     }
 
     void parse_foundations(std::istringstream& words) {
@@ -73,22 +76,13 @@ class Parser {
     }
 
     void parse_column(int c, std::istringstream& words) {
-        std::vector<CardNumber> run;
-        for (std::string word; words >> word;) {
-            if (word == "|") {
-                for (const CardNumber card : run)
-                    state_.FaceDown(c)(++state_.FaceDownCount(c)) = card;
-                run.clear();
-                continue;
-            }
-            state_.Covered(c) = word.back() == '?';
-            if (state_.Covered(c)) word.pop_back();
-            run.push_back(take(word));
-        }
-        state_.FaceUpCount(c) = static_cast<int>(run.size());
-        int row = state_.FaceUpCount(c);
-        for (const CardNumber card : run)
-            state_.FaceUp(c)(row--) = card;
+        const std::string text = words.str();
+        auto& run = state_.FaceUp(c);
+        if (text.find('|') != text.npos)
+            state_.FaceDownCount(c) = take_all(words, state_.FaceDown(c));
+        state_.FaceUpCount(c) = take_all(words, run);
+        std::reverse(run.begin(), run.begin() + state_.FaceUpCount(c));
+        state_.Covered(c) = text.back() == '?';
     }
 
     void fill_stock() {

@@ -8,8 +8,8 @@
 /// click or double click, with its place in pixels from the corner of the table.
 int main() try {
     using namespace solvanta;
-    const test::GoldenGame game = test::read_golden_game();
-    test::Player player(game.seed());
+    const test::GoldenGame game;
+    test::Player player(game.seed);
     player.deal();
     player.on_click = [](Twips x, Twips y, bool twice) {
         std::cout << (twice ? "double " : "click ") << x / twips_per_pixel << ' '
