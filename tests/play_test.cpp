@@ -98,30 +98,39 @@ TEST(GoldenGame, IsDealtAndWonAsEver) {
     EXPECT_TRUE(player.table.state.NameEntryOpen);
 }
 
-TEST(Deal, EveryDealIsNewAndForgetsTheGameBefore) {
+TEST(Deal, StartsTheClockAndForgetsTheGameBefore) {
     Player player;
+    const std::string& clock = player.table.Zeitanzeige.Caption;
     player.host.answers = {Answer::No};
     player.deal();
+    player.play("tick");
     EXPECT_FALSE(game_dealt(player.table.state));
-    EXPECT_TRUE(player.table.Zeitanzeige.Caption.empty());
+    EXPECT_EQ(clock, "");
 
     player.deal();
     const std::string first = player.position();
-    player.play("c3! stock stock waste tick tick");
+    player.play("c3! stock stock waste");
+    for (int i = 0; i < 75; ++i)
+        player.play("tick");
+    EXPECT_EQ(clock, "1:15");
     const std::string played = player.position();
     player.host.answers = {Answer::No};
+    player.host.during_message = [&] { player.play("tick"); };
     player.deal();
     EXPECT_EQ(player.position(), played);
-    EXPECT_EQ(player.table.Zeitanzeige.Caption, "0:02");
+    EXPECT_EQ(clock, "1:16");
 
     // Whatever a game leaves behind, the next is dealt like the second one of a fresh program.
     player.set_up("D 1; F 1 2 0 0 0 1; W H9 XK; 1 X2 | P4?; 2 K2 | K9; sel 2");
+    player.table.state.ClockRunning = false;
     player.deal();
     Player fresh(2);
     fresh.deal();
     EXPECT_EQ(player.position(), fresh.position());
     EXPECT_NE(player.position(), first);
-    EXPECT_EQ(player.table.Zeitanzeige.Caption, "0:00");
+    EXPECT_EQ(clock, "0:00");
+    player.play("tick");
+    EXPECT_EQ(clock, "0:01");
     EXPECT_EQ(player.table.state.GamesPlayed, 2);
     EXPECT_EQ(player.table.state.PlayedSinceStart, 2);
     EXPECT_EQ(player.host.messages,

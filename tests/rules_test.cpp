@@ -116,6 +116,8 @@ TEST(Rules, StockAndPasses) {
 }
 
 TEST(Rules, DoubleClicks) {
+    const std::string all_but_one = "S; F 13 13 13 13 13 13 13 12; ";
+    const std::string won = "S; F 13 13 13 13 13 13 13 13";
     const Case cases[] = {
         {"the first ace opens the lower foundation", "1 H1", "c1!", "F 1"},
         {"the second ace the higher one", "F 1; 1 H1", "c1!", "F 1 0 0 0 1"},
@@ -138,6 +140,8 @@ TEST(Rules, DoubleClicks) {
         {"a king moved in is tried at once", "F 12; W HK", "waste c3!", "F 13"},
         {"and stays when it does not fit", "W PK", "waste c3!", "3 PK"},
         {"a run moved in leaves a strip there", "F 0 11; 1 HK PD", "c1 c2!", "F 0 11; 2 HK PD"},
+        {"the last card wins", all_but_one + "W XK", "waste!", won},
+        {"through a column as well", all_but_one + "W XK", "waste c1 c1! c1!", won},
         {"a card leaves one too", "F 0 0 0 3; W X4; 1 H5", "waste c1!", "F 0 0 0 3; 1 H5 X4"},
     };
     for (const Case& c : cases)

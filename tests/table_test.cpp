@@ -9,9 +9,15 @@
 namespace solvanta::test {
 namespace {
 
-TEST(Table, ShowsNothingButButtonsAtStart) {
+TEST(Table, ShowsNothingButButtonsAtStartAndIgnoresTheMouse) {
     Player player;
     const Form_Main& table = player.table;
+    for (Twips y = 0; y < table.ClientHeight && !HasFailure(); y += 240) {
+        for (Twips x = 0; x < table.ClientWidth; x += 240)
+            player.double_click(x, y);
+    }
+    EXPECT_FALSE(game_dealt(table.state));
+    EXPECT_TRUE(player.host.messages.empty());
     for (const Painted& item : table.canvas) {
         auto* const* slot = std::get_if<PictureElement*>(&item);
         EXPECT_TRUE(!slot || !(*slot)->Visible || (*slot)->Picture.path().empty());
@@ -21,20 +27,6 @@ TEST(Table, ShowsNothingButButtonsAtStart) {
     EXPECT_EQ(table.Status.Caption + table.Zeitanzeige.Caption, "");
     EXPECT_EQ(table.Diddle.Picture.path(), program_file("/nowhere", "diddle.jpg"));
     EXPECT_EQ(table.Scull.Picture.path(), program_file("/nowhere", "skull.gif"));
-}
-
-TEST(Table, IgnoresTheMouseBeforeTheFirstDeal) {
-    Player player;
-    for (Twips y = 0; y < player.table.ClientHeight && !HasFailure(); y += 240) {
-        for (Twips x = 0; x < player.table.ClientWidth; x += 240)
-            player.double_click(x, y);
-    }
-    EXPECT_FALSE(game_dealt(player.table.state));
-    EXPECT_TRUE(player.host.messages.empty());
-    EXPECT_EQ(player.table.Status.Caption, "");
-}
-
-TEST(Table, NamesNoPictureForWhatIsNoCard) {
     for (const CardNumber card : {-1, 0, 53})
         EXPECT_EQ(CardPicturePath("d", card), "");
 }
@@ -54,18 +46,15 @@ TEST(Table, MakesClicksOfPresses) {
     Player player;
     player.set_up("1 H1; 2 P9; W H5");
     Mouse mouse(player.table);
-    const auto expect = [&](const std::string& position) {
+    const auto press_twice = [&](const std::string& position) {
+        mouse.double_press(200, 1900);
+        mouse.release(200, 1900);
         EXPECT_EQ(player.position(), print_position(parse_position(position)));
     };
-    mouse.double_press(200, 1900);  // without a first it is one
-    mouse.release(200, 1900);
-    expect("1 H1; 2 P9; W H5; sel 1");
-    mouse.forget_press();  // a box was clicked in between
-    mouse.double_press(200, 1900);
-    mouse.release(200, 1900);
-    expect("1 H1; 2 P9; W H5");
-    mouse.double_press(200, 1900);
-    expect("F 1; 2 P9; W H5");
+    press_twice("1 H1; 2 P9; W H5; sel 1");  // without a first press it is one
+    mouse.forget_press();                    // a box was clicked in between
+    press_twice("1 H1; 2 P9; W H5");
+    press_twice("F 1; 2 P9; W H5");
     mouse.press(1400, 1900);
     mouse.release(200, 1900);
     mouse.press(1250, 1900);  // between the columns
@@ -73,23 +62,10 @@ TEST(Table, MakesClicksOfPresses) {
     mouse.release(1400, 1900);
     player.play("waste");
     player.click(player.table.zeiger.Left + 300, player.table.zeiger.Top + 200);
-    expect("F 1; 2 P9; W H5");
+    EXPECT_EQ(player.position(), print_position(parse_position("F 1; 2 P9; W H5")));
 }
 
 using Elements = std::vector<const Element*>;
-
-/// The card slots of the table.
-Elements slots_of(const TableWindow& table) {
-    Elements slots{&table.Source_Hide, &table.Source};
-    const auto add = [&slots](const auto& row) {
-        for (const PictureElement& slot : row)
-            slots.push_back(&slot);
-    };
-    add(table.Stapel);
-    std::for_each(table.Ih.begin(), table.Ih.end(), add);
-    std::for_each(table.Iv.begin(), table.Iv.end(), add);
-    return slots;
-}
 
 template <typename Listed>
 Elements elements_of(const std::vector<Listed>& listed) {
@@ -100,17 +76,23 @@ Elements elements_of(const std::vector<Listed>& listed) {
     return elements;
 }
 
-TEST(Layout, ListsEveryElementOnceInItsOrder) {
+TEST(Layout, ListsEveryElementOnceInItsOrderAndWithinItsWindow) {
     const TableWindow table;
     const BestTimesWindow list;
     const HelpWindow help;
     // Card slots never overlap one another, so only what may lie above them has its order.
     Elements canvas = elements_of(table.canvas);
-    Elements slots = slots_of(table);
+    Elements slots{&table.Source_Hide, &table.Source};
+    const auto add = [&slots](const auto& row) {
+        for (const PictureElement& slot : row)
+            slots.push_back(&slot);
+    };
+    add(table.Stapel);
+    std::for_each(table.Ih.begin(), table.Ih.end(), add);
+    std::for_each(table.Iv.begin(), table.Iv.end(), add);
     ASSERT_EQ(canvas.size(), slots.size() + 3);
     EXPECT_EQ(Elements(canvas.end() - 3, canvas.end()),
               (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige}));
-    canvas.resize(slots.size());
     EXPECT_TRUE(std::is_permutation(slots.begin(), slots.end(), canvas.begin()));
 
     EXPECT_EQ(elements_of(table.controls),
@@ -124,20 +106,15 @@ TEST(Layout, ListsEveryElementOnceInItsOrder) {
     EXPECT_EQ(elements_of(list.controls),
               (Elements{&list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore}));
     EXPECT_EQ(elements_of(help.controls), Elements{&help.RichTextBox1});
-}
-
-TEST(Layout, KeepsEverythingWithinItsWindow) {
-    const TableWindow table;
-    const BestTimesWindow list;
-    const HelpWindow help;
     for (const Form* form : std::initializer_list<const Form*>{&table, &list, &help}) {
-        for (const Elements& elements : {elements_of(form->canvas), elements_of(form->controls)}) {
-            for (const Element* element : elements) {
-                EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
-                // The help's view reaches a pixel beyond its window.
-                EXPECT_LE(element->Left + element->Width, form->ClientWidth + twips_per_pixel);
-                EXPECT_LE(element->Top + element->Height, form->ClientHeight + twips_per_pixel);
-            }
+        Elements elements = elements_of(form->canvas);
+        for (const Element* control : elements_of(form->controls))
+            elements.push_back(control);
+        for (const Element* element : elements) {
+            EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
+            // The help's view reaches a pixel beyond its window.
+            EXPECT_LE(element->Left + element->Width, form->ClientWidth + twips_per_pixel);
+            EXPECT_LE(element->Top + element->Height, form->ClientHeight + twips_per_pixel);
         }
     }
 }

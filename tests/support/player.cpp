@@ -77,6 +77,7 @@ void expect_pointer(const Form_Main& table) {
 void expect_table_shows(const Form_Main& table) {
     const GameState& state = table.state;
     if (!game_dealt(state)) return;
+    EXPECT_EQ(state.GameWon, cards_outside_foundations(state) == 0);
     for (int c = 1; c <= columns; ++c)
         expect_column(table, c);
     for (int f = 1; f <= foundations; ++f) {
