@@ -24,15 +24,6 @@ class MatchOfPictures : public testing::Test {
     MatchOfPictures() { std::filesystem::create_directory(folder_); }
     ~MatchOfPictures() override { std::filesystem::remove_all(folder_); }
 
-    // Replaces the first `old_text` of a source in the folder.
-    void edit(const std::string& part, const std::string& old_text, const std::string& text) {
-        const auto path = folder_ / (part + ".svg");
-        const Bytes bytes = read_file(path);
-        std::string edited(bytes.begin(), bytes.end());
-        edited.replace(edited.find(old_text), old_text.size(), text);
-        write_file(path, Bytes(edited.begin(), edited.end()));
-    }
-
     std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
                                     ("solvanta_" + std::to_string(std::random_device{}()));
 };
@@ -51,8 +42,13 @@ TEST_F(MatchOfPictures, NoticesAMovedDrawingAndAnotherColour) {
         {"skull.gif", "skull", corner, moved},
         {"Solvanta.ico", "icon", corner, moved},
     };
-    for (const auto& [file, part, old_text, text] : edits)
-        edit(part, old_text, text);
+    for (const auto& [file, part, old_text, text] : edits) {
+        const auto path = folder_ / (part + ".svg");
+        const Bytes bytes = read_file(path);
+        std::string edited(bytes.begin(), bytes.end());
+        edited.replace(edited.find(old_text), old_text.size(), text);
+        write_file(path, Bytes(edited.begin(), edited.end()));
+    }
     PartLibrary library(folder_);
     std::string reported;
     for (const std::string& line : mismatches(library, shipped))
@@ -71,8 +67,8 @@ TEST_F(MatchOfPictures, ForgivesAnotherShadingOfPixels) {
         for (Image& image : after) {
             for (Pixel& pixel : image.pixels) {
                 const int step = static_cast<int>(random() % 11) - 5;
-                pixel.red = static_cast<std::uint8_t>(std::clamp(pixel.red + step, 0, 255));
-                pixel.green = static_cast<std::uint8_t>(std::clamp(pixel.green - step, 0, 255));
+                for (std::uint8_t* channel : {&pixel.red, &pixel.green})
+                    *channel = static_cast<std::uint8_t>(std::clamp(*channel + step, 0, 255));
             }
         }
         EXPECT_EQ(difference_text(before, after), "") << name;

@@ -15,9 +15,7 @@ import { serve } from './serve.mjs';
 const [folder, clicks, output] = process.argv.slice(2);
 const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
 const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n')
-  .map((line) => line.split(' '))
-  .map(([kind, x, y]) => ({ twice: kind === 'double', x: Number(x), y: Number(y) }));
-const entry = /^\d+,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/;
+  .map((line) => line.split(' '));
 
 mkdirSync(output, { recursive: true });
 const server = await serve(folder);
@@ -68,11 +66,12 @@ class Visit {
       const { left, top } = section.querySelector('.client').getBoundingClientRect();
       return { left, top, scale: Number(section.style.getPropertyValue('--scale')) };
     });
-    for (const move of moves.slice(from, to)) {
-      const at = [left + move.x * scale, top + move.y * scale];
-      for (let press = 0; press <= (move.twice ? 1 : 0); ++press) {
-        await (this.touched ? this.page.touchscreen.tap(...at) : this.page.mouse.click(...at));
-      }
+    for (const [kind, x, y] of moves.slice(from, to)) {
+      const at = [left + x * scale, top + y * scale];
+      const press = () => (this.touched ? this.page.touchscreen.tap(...at) :
+        this.page.mouse.click(...at));
+      await press();
+      if (kind === 'double') await press();
     }
   }
 
@@ -90,7 +89,8 @@ class Visit {
     await this.shot('won');
     await this.page.keyboard.press('Enter');
     await name.waitFor({ state: 'hidden' });
-    assert.match(await stored(this.page), entry);
+    assert.match(await stored(this.page),
+      /^\d+,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/);
     await this.page.reload();
     await this.page.getByText('neues Spiel').waitFor();
     await this.hit('Bestzeiten');
@@ -146,19 +146,6 @@ async function playByKeyboard(visit) {
   assert.doesNotMatch(await here(), /, ausgewählt$/);
 }
 
-// The name being entered is in the list when the page has been left.
-async function leaveWithAName() {
-  const visit = await Visit.begin('left', { width: 900, height: 700 });
-  await visit.deal();
-  await visit.play(0);
-  await visit.page.getByLabel('Gratulation', { exact: false }).waitFor();
-  await visit.page.keyboard.type('Jörg Süß');
-  await visit.page.goto('about:blank');
-  await visit.page.goto(server.address);
-  assert.match(await stored(visit.page), entry);
-  await visit.end();
-}
-
 // Without a network it starts as well, and can be ended and started again.
 async function playOffline(visit) {
   const { page } = visit;
@@ -207,6 +194,5 @@ for (const [name, size] of Object.entries({
   await visit.shot('dealt');
   await visit.end();
 }
-await leaveWithAName();
 await browser.close();
 await server.end();
