@@ -1,5 +1,3 @@
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -37,12 +35,6 @@ std::string text_of(std::string_view rtf) {
     return text;
 }
 
-std::string to_text(const Color& color) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", color.red, color.green, color.blue);
-    return text.data();
-}
-
 /// The look of the run with the character "x", in the order of the conditions below.
 std::string look_of_x(std::string_view rtf) {
     const RichDocument document = read_rtf(rtf).value();
@@ -59,8 +51,13 @@ std::string look_of_x(std::string_view rtf) {
     if (look.underline) text += " underline";
     if (look.strike) text += " strike";
     if (look.script == Script::Super) text += " super";
-    if (look.ink) text += ' ' + to_text(*look.ink);
-    if (look.paper) text += " on " + to_text(*look.paper);
+    const auto add = [&text](const char* what, const std::optional<Color>& color) {
+        if (!color) return;
+        for (const int channel : {color->red, color->green, color->blue})
+            text += std::exchange(what, ".") + std::to_string(channel);
+    };
+    add(" ", look.ink);
+    add(" on ", look.paper);
     return text.substr(text.empty() ? 0 : 1);
 }
 
@@ -81,101 +78,102 @@ std::string layout_of_last(std::string_view rtf) {
     return text;
 }
 
-struct Expectation {
-    std::string_view rtf;
-    std::string_view expected;
-};
+using Table = std::vector<std::pair<std::string_view, std::string_view>>;
+
+void expect(std::string (*shown)(std::string_view), const Table& table) {
+    for (const auto& [rtf, expected] : table)
+        EXPECT_EQ(shown(rtf), expected) << rtf;
+}
 
 TEST(RichText, ShowsTheText) {
-    const std::vector<Expectation> table{
-        {"{}", ""},
-        {"{text}", "text"},
-        {R"({\rtf1\ansi\ansicpg1252\deff0 a  b   c})", "a  b   c"},
-        {"{one\r\nword\n}", "oneword"},
-        {R"({a\par b\par })", "a|b"},
-        {R"({a\par\par})", "a|"},
-        {R"({\par\par z})", "||z"},
-        {R"({a\line b\tab c\page d})", "a\u2028b\tc|d"},
-        {"{a\\\nb\\\tc}", "a|b\tc"},
-        {R"({\{\}\\})", "{}\\"},
-        {R"({\'84L\'f6schen\'93 \'80 \'81})", "„Löschen“ € \uFFFD"},
-        {"{\xfc}", "ü"},
-        {R"({\u9829?\u-10179?\u-8704?\u128514?!})", "♥😀😂!"},
-        {R"({\uc0\u9829 a\uc2\u9824\'3f?b\uc3\u9830{}c})", "♥a♠b♦c"},
-        {R"({{\uc0\u9829}\u9824??})", "♥♠?"},
-        {R"({\u9829\u9824?{\u9830}a}b)", "♥♠♦a"},
-        {R"({\u9829\bin3 ?{}x})", "♥x"},
-        {R"({\u55357?x\u56834?\b\u55357?})", "\uFFFDx\uFFFD\uFFFD"},
-        {R"({\u8233?\u64976?\u65535?\u0?\u13?a})", "\uFFFD\uFFFD\uFFFDa"},
-        {R"({a\~b\_c\-d})", "a\u00A0b\u2011c\u00ADd"},
-        {R"({\lquote a\rquote\ldblquote b\rdblquote\endash\emdash\bullet})", "‘a’“b”–—•"},
-        {R"({{\info{\title no}}{\stylesheet{\s0 no;}}{\header no}{\pict 00ff}{\*\own{a}b}yes)",
-         "yes"},
-        {R"({\field{\*\fldinst HYPERLINK "no"}{\fldrslt shown}}{\object no}{\v no})", "shown"},
-        {R"({\pard{\pntext\f0\'95\tab}{\*\pn\pnlvlblt{\pntxtb\'95}}a\par{\listtext 2.\tab}b})",
-         "•\ta|2.\tb"},
-        {R"({{\fonttbl{\f7\fcharset2 Own;}}{\f7\'b7}\'b7})", "•·"},
-        {"{{\\*\\own a\\\nb}c}", "c"},
-        {R"({\bin4 }}}}a\bin-3 b)", "ab"},
-        {"{a}b{c}", "a"},
-        {"{a{b{c", "abc"},
-        {"{a\0b}"sv, "ab"},
-        {R"({\'4})", "4"},
-        {R"({\'zz\'4g\')", "zz4g"},
-        {"{a\\", "a"},
-        {R"({\b9999999999999\fs-99999999999999\li99999999999\u99999999999?a})", "\uFFFDa"},
-    };
-    for (const auto& [rtf, expected] : table)
-        EXPECT_EQ(text_of(rtf), expected) << rtf;
+    expect(
+        text_of,
+        {
+            {"{}", ""},
+            {"{text}", "text"},
+            {R"({\rtf1\ansi\ansicpg1252\deff0 a  b   c})", "a  b   c"},
+            {"{one\r\nword\n}", "oneword"},
+            {R"({a\par b\par })", "a|b"},
+            {R"({a\par\par})", "a|"},
+            {R"({\par\par z})", "||z"},
+            {R"({a\line b\tab c\page d})", "a\u2028b\tc|d"},
+            {"{a\\\nb\\\tc}", "a|b\tc"},
+            {R"({\{\}\\})", "{}\\"},
+            {R"({\'84L\'f6schen\'93 \'80 \'81})", "„Löschen“ € \uFFFD"},
+            {"{\xfc}", "ü"},
+            {R"({\u9829?\u-10179?\u-8704?\u128514?!})", "♥😀😂!"},
+            {R"({\uc0\u9829 a\uc2\u9824\'3f?b\uc3\u9830{}c})", "♥a♠b♦c"},
+            {R"({{\uc0\u9829}\u9824??})", "♥♠?"},
+            {R"({\u9829\u9824?{\u9830}a}b)", "♥♠♦a"},
+            {R"({\u9829\bin3 ?{}x})", "♥x"},
+            {R"({\u55357?x\u56834?\b\u55357?})", "\uFFFDx\uFFFD\uFFFD"},
+            {R"({\u8233?\u64976?\u65535?\u0?\u13?a})", "\uFFFD\uFFFD\uFFFDa"},
+            {R"({a\~b\_c\-d})", "a\u00A0b\u2011c\u00ADd"},
+            {R"({\lquote a\rquote\ldblquote b\rdblquote\endash\emdash\bullet})", "‘a’“b”–—•"},
+            {R"({{\info{\title no}}{\stylesheet{\s0 no;}}{\header no}{\pict 00ff}{\*\own{a}b}yes)",
+             "yes"},
+            {R"({\field{\*\fldinst HYPERLINK "no"}{\fldrslt shown}}{\object no}{\v no})", "shown"},
+            {R"({\pard{\pntext\f0\'95\tab}{\*\pn\pnlvlblt{\pntxtb\'95}}a\par{\listtext 2.\tab}b})",
+             "•\ta|2.\tb"},
+            {R"({{\fonttbl{\f7\fcharset2 Own;}}{\f7\'b7}\'b7})", "•·"},
+            {"{{\\*\\own a\\\nb}c}", "c"},
+            {R"({\bin4 }}}}a\bin-3 b)", "ab"},
+            {"{a}b{c}", "a"},
+            {"{a{b{c", "abc"},
+            {"{a\0b}"sv, "ab"},
+            {R"({\'4})", "4"},
+            {R"({\'zz\'4g\')", "zz4g"},
+            {"{a\\", "a"},
+            {R"({\b9999999999999\fs-99999999999999\li99999999999\u99999999999?a})", "\uFFFDa"},
+        });
 }
 
 TEST(RichText, GivesCharactersTheirLook) {
-    const std::vector<Expectation> table{
-        {"{x}", ""},
-        {R"({\f0\cf1\highlight1 x})", ""},
-        {R"({\fs20 x})", "20"},
-        {R"({{\fonttbl{\f0\fswiss Arial;}}x})", "Arial 24"},
-        {R"({\deff1{\fonttbl\f0 Arial;\f1\froman Times New Roman;}\fs21 x})", "Times New Roman 21"},
-        {R"({{\fonttbl{\f0 Arial;}{\f1\fmodern{\*\falt y}Own;}}\f1 x})", "Own 24 fixed"},
-        {R"({{\fonttbl{\f0 y}\f1 z\f2 Own}\f2 x})", "Own 24"},
-        {R"({{\*\own\fonttbl{\f0 Arial;}}x})", ""},
-        {R"({{\fonttbl{\f0 Courier New;}}\b\i\fs2\plain x})", "Courier New 24 fixed"},
-        {R"({\fs1000000 x})", "400"},
-        {R"({\fs0 x})", "2"},
-        {R"({\b\i\ul\strike x})", "bold italic underline strike"},
-        {R"({\b\i\ul\b0\i0\ulnone x})", ""},
-        {R"({{\b\i y}\ul x})", "underline"},
-        {R"({\super x})", "super"},
-        {R"({{\colortbl;\red255\green0\blue0;}\cf1\highlight1 x})", "#ff0000 on #ff0000"},
-        {R"({{\colortbl;\red300\green-5\blue16;}\cf1 x})", "#ff0010"},
-        {R"({{\colortbl\red1\green2\blue3;}\cf0\cb0 x})", "#010203"},
-        {R"({{\colortbl;\red1;;}\cf2 x})", ""},
-        {R"({{\colortbl;\red1;}\cf1\cf0\cb99 x})", ""},
-    };
-    for (const auto& [rtf, expected] : table)
-        EXPECT_EQ(look_of_x(rtf), expected) << rtf;
+    expect(look_of_x,
+           {
+               {"{x}", ""},
+               {R"({\f0\cf1\highlight1 x})", ""},
+               {R"({\fs20 x})", "20"},
+               {R"({{\fonttbl{\f0\fswiss Arial;}}x})", "Arial 24"},
+               {R"({\deff1{\fonttbl\f0 Arial;\f1\froman Times New Roman;}\fs21 x})",
+                "Times New Roman 21"},
+               {R"({{\fonttbl{\f0 Arial;}{\f1\fmodern{\*\falt y}Own;}}\f1 x})", "Own 24 fixed"},
+               {R"({{\fonttbl{\f0 y}\f1 z\f2 Own}\f2 x})", "Own 24"},
+               {R"({{\*\own\fonttbl{\f0 Arial;}}x})", ""},
+               {R"({{\fonttbl{\f0 Courier New;}}\b\i\fs2\plain x})", "Courier New 24 fixed"},
+               {R"({\fs1000000 x})", "400"},
+               {R"({\fs0 x})", "2"},
+               {R"({\b\i\ul\strike x})", "bold italic underline strike"},
+               {R"({\b\i\ul\b0\i0\ulnone x})", ""},
+               {R"({{\b\i y}\ul x})", "underline"},
+               {R"({\super x})", "super"},
+               {R"({{\colortbl;\red255\green0\blue0;}\cf1\highlight1 x})", "255.0.0 on 255.0.0"},
+               {R"({{\colortbl;\red300\green-5\blue16;}\cf1 x})", "255.0.16"},
+               {R"({{\colortbl\red1\green2\blue3;}\cf0\cb0 x})", "1.2.3"},
+               {R"({{\colortbl;\red1;;}\cf2 x})", ""},
+               {R"({{\colortbl;\red1;}\cf1\cf0\cb99 x})", ""},
+           });
 
     // 300 groups deep, 40 of them closed again: still within what the deepest ones share.
     EXPECT_EQ(look_of_x(repeated("{", 300) + "\\b y" + repeated("}", 40) + "x"), "bold");
 }
 
 TEST(RichText, LaysParagraphsOut) {
-    const std::vector<Expectation> table{
-        {"{a}", "l 0 0 0 0 0 0"},
-        {R"({\qc\li720\ri360\fi-360\sb60\sa120 a})", "c 720 360 -360 60 120 0 tab l360"},
-        {R"({\qr a\par\pard\sb30 b})", "l 0 0 0 30 0 0"},
-        {R"({\qj\sa60 a\par\sb30 b})", "j 0 0 0 30 60 0"},
-        {R"({\qr{\qc a}\par})", "r 0 0 0 0 0 0"},
-        {R"({\li300\fi-9000\ri-50 a})", "l 300 0 -300 0 0 0 tab l300"},
-        {R"({\li99999999999\sb99999999999 a})", "l 3600 0 0 2880 0 0"},
-        {R"({\li-99999999999 a})", "l 0 0 0 0 0 0"},
-        {R"({\sl360\slmult1 a})", "l 0 0 0 0 0 360 factor"},
-        {R"({\sl-300 a})", "l 0 0 0 0 0 -300"},
-        {R"({\li100\tqr\tx900\tx500\tqc\tx50 a})", "l 100 0 0 0 0 0 tab l400 tab r800"},
-        {R"({\tqc\pard\tx500 a})", "l 0 0 0 0 0 0 tab l500"},
-    };
-    for (const auto& [rtf, expected] : table)
-        EXPECT_EQ(layout_of_last(rtf), expected) << rtf;
+    expect(layout_of_last,
+           {
+               {"{a}", "l 0 0 0 0 0 0"},
+               {R"({\qc\li720\ri360\fi-360\sb60\sa120 a})", "c 720 360 -360 60 120 0 tab l360"},
+               {R"({\qr a\par\pard\sb30 b})", "l 0 0 0 30 0 0"},
+               {R"({\qj\sa60 a\par\sb30 b})", "j 0 0 0 30 60 0"},
+               {R"({\qr{\qc a}\par})", "r 0 0 0 0 0 0"},
+               {R"({\li300\fi-9000\ri-50 a})", "l 300 0 -300 0 0 0 tab l300"},
+               {R"({\li99999999999\sb99999999999 a})", "l 3600 0 0 2880 0 0"},
+               {R"({\li-99999999999 a})", "l 0 0 0 0 0 0"},
+               {R"({\sl360\slmult1 a})", "l 0 0 0 0 0 360 factor"},
+               {R"({\sl-300 a})", "l 0 0 0 0 0 -300"},
+               {R"({\li100\tqr\tx900\tx500\tqc\tx50 a})", "l 100 0 0 0 0 0 tab l400 tab r800"},
+               {R"({\tqc\pard\tx500 a})", "l 0 0 0 0 0 0 tab l500"},
+           });
 }
 
 TEST(RichText, IsNothingElse) {

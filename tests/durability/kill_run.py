@@ -35,31 +35,20 @@ def outcome_of_kill(call, old, wrapper):
         return ("old" if left == old else "new") + (" + temporary file" if stray else "")
 
 
-def kill_everywhere(old, wrapper=()):
-    """What comes of a kill before each of the start's calls, and of the deal's, by their names."""
+def kill_everywhere(places, dealt, wrapper=()):
+    """A kill before each of the start's calls, and of the deal's; tells what comes of them."""
+    old = list_bytes(places, dealt)
     with directory_of(old, wrapper) as directory:
         calls, deal = record(program, directory, wrapper)
     start = [] if wrapper else [call for call in calls[:deal] if call.name != "execve"]
     outcomes = [(call.name, outcome_of_kill(call, old, wrapper)) for call in start + calls[deal:-1]]
     require({outcome for _, outcome in outcomes[: len(start)]} <= {"old"}, "the start changed the list")
-    return len(start), outcomes[len(start) :]
+    name = "no list" if old is None else f"{places} places" + (", in place" if wrapper else "")
+    print_table(["killed before", name], [[f"{len(start)} calls of the start", "old"], *outcomes[len(start):]])
+    return len(outcomes)
 
 
-def column(outcomes, names):
-    """The outcomes beside the names, some of which they may lack."""
-    rest = list(outcomes)
-    return [rest.pop(0)[1] if rest and rest[0][0] == name else "-" for name in names]
-
-
-cases = [("no list", list_bytes(0, None)), *((f"{places} places", list_bytes(places, 99)) for places in PLACES)]
-starts, deals = zip(*(kill_everywhere(old) for _, old in cases))
-names = [name for name, _ in max(deals, key=len)]
-rows = zip(names, *(column(outcomes, names) for outcomes in deals))
-print_table(["killed before", *(name for name, _ in cases)],
-            [["the start's calls", *(f"old, {count} times" for count in starts)], *rows])
-kills = sum(starts) + sum(len(outcomes) for outcomes in deals)
+cases = [(0, None), *((places, 99) for places in PLACES)]
 if os.getuid() == 0:
-    _, in_place = kill_everywhere(list_bytes(30, 99), AS_NOBODY)
-    print_table(["killed before", "30 places, in place"], in_place)
-    kills += len(in_place)
-print(kills, "kills, each followed by a start and a deal")
+    cases.append((30, 99, AS_NOBODY))
+print(sum(kill_everywhere(*case) for case in cases), "kills, each followed by a start and a deal")

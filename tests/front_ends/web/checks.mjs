@@ -1,9 +1,9 @@
-// Runs the checks of every Host in a page: checks.mjs FOLDER RATIO [FILTER]
+// Runs the checks of every Host in a page: checks.mjs FOLDER RATIO
 import { inflateSync } from 'node:zlib';
 import { startBrowser } from './browser.mjs';
 import { serve } from './serve.mjs';
 
-const [folder, ratio, filter] = process.argv.slice(2);
+const [folder, ratio] = process.argv.slice(2);
 const server = await serve(folder);
 const browser = await startBrowser();
 const page = await browser.newPage({
@@ -56,7 +56,7 @@ page.on('console', (message) => {
 });
 page.on('pageerror', (error) => { console.log(error.stack); finish(1); });
 page.on('crash', () => { console.log('the page has crashed'); finish(1); });
-await page.goto(`${server.address}checks.html${filter ? `?gtest_filter=${filter}` : ''}`);
+await page.goto(`${server.address}checks.html`);
 process.exitCode = await finished;
 await browser.close();
 await server.end();
