@@ -84,28 +84,20 @@ TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
 
 TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
     using enum Direction;
-    const struct {
-        const PictureElement& from;
-        Direction direction;
-        const PictureElement* to;
-    } cases[] = {
-        {table.Stapel(0), Left, nullptr},
-        {table.Stapel(0), Up, nullptr},
-        {table.Stapel(0), Right, &table.Stapel(1)},
-        {table.Stapel(7), Right, &table.Source_Hide},
-        {table.Source_Hide, Right, &table.Source},
-        {table.Source, Left, &table.Source_Hide},
-        {table.Source, Right, nullptr},
-        {table.Stapel(2), Down, &table.Iv(1)(2)},
-        {table.Iv(1)(2), Up, &table.Stapel(2)},
-        {table.Iv(1)(0), Right, &table.Iv(1)(1)},
-        {table.Iv(1)(9), Left, &table.Iv(1)(8)},
-        {table.Iv(1)(9), Down, nullptr},
-        {table.Source, Down, &table.Iv(1)(9)},
+    auto& pile = table.Stapel;
+    auto& card = table.Iv(1);
+    PictureElement& stock = table.Source_Hide;
+    PictureElement& waste = table.Source;
+    const std::tuple<PictureElement&, Direction, PictureElement*> cases[] = {
+        {pile(0), Left, nullptr},   {pile(0), Up, nullptr},    {pile(0), Right, &pile(1)},
+        {pile(7), Right, &stock},   {stock, Right, &waste},    {waste, Left, &stock},
+        {waste, Right, nullptr},    {pile(2), Down, &card(2)}, {card(2), Up, &pile(2)},
+        {card(0), Right, &card(1)}, {card(9), Left, &card(8)}, {card(9), Down, nullptr},
+        {waste, Down, &card(9)},
     };
-    for (const auto& test : cases) {
-        EXPECT_EQ(next_place(table, test.from, test.direction), test.to)
-            << test.from.spoken_name() << ' ' << static_cast<int>(test.direction);
+    for (const auto& [from, direction, to] : cases) {
+        EXPECT_EQ(next_place(table, from, direction), to)
+            << from.spoken_name() << ' ' << static_cast<int>(direction);
     }
 }
 

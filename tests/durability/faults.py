@@ -95,40 +95,40 @@ def without_permission():
     """What an unprivileged user finds, and what must come of it."""
     if os.getuid() != 0:
         return [["permissions", "not tried: only root can take them away"]]
-    new_in_place = "new, in place"
     cases = [  # what, mode of the directory, mode of the list (nothing: there is none), outcome
         ("directory and list read-only", 0o555, 0o444, "old, told"),
-        ("directory read-only, list writable", 0o555, 0o666, new_in_place),
+        ("directory read-only, list writable", 0o555, 0o666, "new, in place"),
         ("directory read-only, no list", 0o555, None, "old, told"),
-        ("directory shared, list writable", 0o1777, 0o666, new_in_place),
+        ("directory shared, list writable", 0o1777, 0o666, "new, in place"),
         ("directory shared, list read-only", 0o1777, 0o444, "old, told"),
         ("directory writable, list unreadable", 0o777, 0o000, "old, told"),
         ("directory read-only, list write-only", 0o555, 0o222, "old, told"),
     ]
-    rows = []
-    for what, directory_mode, list_mode, expected in cases:
-        old = None if list_mode is None else OLD
-        with Directory(old) as directory:
-            if old:
-                os.chmod(directory.list, list_mode)
-            os.chmod(directory.path, directory_mode)
-            inode = os.stat(directory.list).st_ino if old else None
-            dealer = Dealer(program, directory, AS_NOBODY)
-            require(dealer.deal(), what, "ends the game")
-            left = directory.content()
-            same = old and os.stat(directory.list).st_ino == inode
-            readable = list_mode is None or list_mode & 0o444
-            os.chmod(directory.path, 0o777)
-            require(dealer.deal(), what, "ends the game")
-            again = directory.content()
-            told = dealer.end()
-            outcome = "old, told" if left == old and told else new_in_place if left == NEW and same else "?"
-            require(outcome == expected, what, outcome, told)
-            require(not directory.strays(), what, directory.strays())
-            # What could not be read stays as it is, whatever is allowed later.
-            require(again == (next_deal(next_deal(old)) if readable else old), what, "next write")
-        rows.append([what, outcome])
-    return rows
+    return [[case[0], outcome_without_permission(*case)] for case in cases]
+
+
+def outcome_without_permission(what, directory_mode, list_mode, expected):
+    old = None if list_mode is None else OLD
+    with Directory(old) as directory:
+        if old:
+            os.chmod(directory.list, list_mode)
+        os.chmod(directory.path, directory_mode)
+        inode = os.stat(directory.list).st_ino if old else None
+        dealer = Dealer(program, directory, AS_NOBODY)
+        require(dealer.deal(), what, "ends the game")
+        left = directory.content()
+        same = old and os.stat(directory.list).st_ino == inode
+        os.chmod(directory.path, 0o777)
+        require(dealer.deal(), what, "ends the game")
+        again = directory.content()
+        told = dealer.end()
+        outcome = "old, told" if left == old and told else "new, in place" if left == NEW and same else "?"
+        require(outcome == expected, what, outcome, told)
+        require(not directory.strays(), what, directory.strays())
+        # What could not be read stays as it is, whatever is allowed later.
+        readable = list_mode is None or list_mode & 0o444
+        require(again == (next_deal(next_deal(old)) if readable else old), what, "next write")
+        return outcome
 
 
 count = injected()

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <vector>
 
 #include "tests/front_ends/stage.h"
 
@@ -9,6 +10,44 @@ using namespace std::string_literals;
 
 /// The smallest of their kinds: a grey pixel each.
 const std::string gif = "GIF89a\1\0\1\0\x80\0\0\x80\x80\x80\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;"s;
+
+/// The bytes of a bitmap, 32 bits to the pixel, of an opacity up to 255; the right half may have a
+/// colour of its own.
+std::string bitmap(int width, int height, Color color, std::optional<Color> right = {},
+                   std::uint32_t opacity = 0xFF) {
+    const auto pixel_bytes = static_cast<std::uint32_t>(width * height * 4);
+    // Headers that name four channels.
+    std::vector<std::uint32_t> numbers{122 + pixel_bytes,
+                                       0,
+                                       122,
+                                       108,
+                                       std::uint32_t(width),
+                                       std::uint32_t(height),
+                                       1U | 32U << 16U,
+                                       3,
+                                       pixel_bytes,
+                                       0,
+                                       0,
+                                       0,
+                                       0,
+                                       0x00FF0000U,
+                                       0x0000FF00U,
+                                       0x000000FFU,
+                                       0xFF000000U,
+                                       0x73524742U};
+    numbers.resize(30);
+    for (int i = 0; i < width * height; ++i) {
+        const Color shown = i % width < width / 2 ? color : right.value_or(color);
+        numbers.push_back(shown.blue | std::uint32_t{shown.green} << 8U |
+                          std::uint32_t{shown.red} << 16U | opacity << 24U);
+    }
+    std::string bytes = "BM";
+    for (const std::uint32_t number : numbers) {
+        for (const unsigned shift : {0U, 8U, 16U, 24U})
+            bytes += static_cast<char>(static_cast<unsigned char>(number >> shift));
+    }
+    return bytes;
+}
 
 class Pictures : public FrontEnd {
   protected:

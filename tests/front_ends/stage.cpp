@@ -1,7 +1,6 @@
 #include "tests/front_ends/stage.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace solvanta::test {
 namespace {
@@ -107,42 +106,6 @@ void FrontEnd::expect_color(const Form& form, double x, double y, Color color) {
     const Color seen = driver().pixel(form, {x, y});
     EXPECT_EQ(seen, color) << "at " << x << ", " << y << ": " << int{seen.red} << ' '
                            << int{seen.green} << ' ' << int{seen.blue};
-}
-
-std::string bitmap(int width, int height, Color color, std::optional<Color> right,
-                   std::uint32_t opacity) {
-    const auto pixel_bytes = static_cast<std::uint32_t>(width * height * 4);
-    // Headers that name four channels.
-    std::vector<std::uint32_t> numbers{122 + pixel_bytes,
-                                       0,
-                                       122,
-                                       108,
-                                       std::uint32_t(width),
-                                       std::uint32_t(height),
-                                       1U | 32U << 16U,
-                                       3,
-                                       pixel_bytes,
-                                       0,
-                                       0,
-                                       0,
-                                       0,
-                                       0x00FF0000U,
-                                       0x0000FF00U,
-                                       0x000000FFU,
-                                       0xFF000000U,
-                                       0x73524742U};
-    numbers.resize(30);
-    for (int i = 0; i < width * height; ++i) {
-        const Color shown = i % width < width / 2 ? color : right.value_or(color);
-        numbers.push_back(shown.blue | std::uint32_t{shown.green} << 8U |
-                          std::uint32_t{shown.red} << 16U | opacity << 24U);
-    }
-    std::string bytes = "BM";
-    for (const std::uint32_t number : numbers) {
-        for (const unsigned shift : {0U, 8U, 16U, 24U})
-            bytes += static_cast<char>(static_cast<unsigned char>(number >> shift));
-    }
-    return bytes;
 }
 
 }  // namespace solvanta::test

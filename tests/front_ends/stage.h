@@ -70,9 +70,4 @@ class FrontEnd : public testing::Test {
     std::unique_ptr<Driver> driver_ = make_driver();
 };
 
-/// The bytes of a bitmap, 32 bits to the pixel, of an opacity up to 255; the right half may have a
-/// colour of its own.
-std::string bitmap(int width, int height, Color color, std::optional<Color> right = {},
-                   std::uint32_t opacity = 0xFF);
-
 }  // namespace solvanta::test

@@ -22,7 +22,7 @@ class MemoryFiles : public FileCalls {
     static inline const std::string list_path = program_file("/nowhere", "highscore.scr");
 
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {
-        if (const auto error = begin("read")) return error;
+        if (const auto error = call("read")) return error;
         const auto file = files.find(path);
         if (file == files.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
         if (file->second.size() > limit) return std::make_error_code(std::errc::file_too_large);
@@ -31,19 +31,15 @@ class MemoryFiles : public FileCalls {
     }
 
     std::error_code create(const std::string& path) override {
-        const auto error = begin("create");
-        if (!error) start(files[path] = "");
-        return error;
+        return call("create", [&] { start(files[path] = ""); });
     }
 
     std::error_code open(const std::string& path) override {
-        const auto error = begin("open");
-        if (!error) start(files.at(path));
-        return error;
+        return call("open", [&] { start(files.at(path)); });
     }
 
     std::error_code write(std::string_view bytes) override {
-        const auto error = begin("write");
+        const auto error = call("write");
         // A full disk takes a part.
         const std::string_view taken = bytes.substr(0, error ? bytes.size() / 2 : bytes.size());
         const std::size_t over = std::min(taken.size(), written_->size() - position_);
@@ -53,38 +49,33 @@ class MemoryFiles : public FileCalls {
     }
 
     std::error_code cut() override {
-        const auto error = begin("cut");
-        if (!error) written_->resize(position_);
-        return error;
+        return call("cut", [&] { written_->resize(position_); });
     }
 
-    std::error_code flush() override { return begin("flush"); }
+    std::error_code flush() override { return call("flush"); }
 
-    std::error_code close() override { return begin("close"); }
+    std::error_code close() override { return call("close"); }
 
     std::error_code rename(const std::string& from, const std::string& to) override {
-        const auto error = begin("rename");
-        if (!error) files[to] = files.extract(from).mapped();
-        return error;
+        return call("rename", [&] { files[to] = files.extract(from).mapped(); });
     }
 
     std::string resolve(const std::string& path) override { return path; }
 
     std::error_code remove(const std::string& path) override {
-        files.erase(path);
-        return begin("remove");
+        return call("remove", [&] { files.erase(path); });
     }
 
-    std::error_code sync_directory_of(const std::string& /*path*/) override {
-        return begin("sync");
-    }
+    std::error_code sync_directory_of(const std::string& /*path*/) override { return call("sync"); }
 
     std::map<std::string, std::string> files;
     std::function<std::error_code(const std::string& call)> before;
 
   private:
-    std::error_code begin(const std::string& call) const {
-        return before ? before(call) : std::error_code{};
+    std::error_code call(const std::string& name, const std::function<void()>& effect = {}) const {
+        const auto error = before ? before(name) : std::error_code{};
+        if (!error && effect) effect();
+        return error;
     }
 
     void start(std::string& file) {

@@ -20,7 +20,7 @@ class NullHost : public Host {
     Answer message(const std::string& text, Buttons buttons) override {
         messages.push_back({text, buttons});
         if (during_message) during_message();
-        if (answers.empty()) return default_answer(buttons);
+        if (answers.empty()) return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
         const Answer answer = answers.front();
         answers.pop_front();
         return answer;
@@ -56,11 +56,6 @@ class NullHost : public Host {
         {"Jan", "Feb", "Mär", "Apr", "Mai", "Jun", "Jul", "Aug", "Sep", "Okt", "Nov", "Dez"},
         ":",
         ","};
-
-  private:
-    static Answer default_answer(Buttons buttons) {
-        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
-    }
 };
 
 }  // namespace solvanta::test

@@ -33,18 +33,15 @@ QWidget& window_of(const Form& form) {
     return *window;
 }
 
-bool is_control(const QWidget* widget) {
-    return widget->inherits("QLineEdit") || widget->inherits("QTextEdit") ||
-           widget->inherits("QAbstractButton");
-}
-
 /// The toolkit's control that shows `element`, found by its place.
 QWidget& control_of(const Form& form, const Element& element) {
     QWidget& window = window_of(form);
     const Rectangle place = place_of(form, element);
     const QPoint corner(qRound(place.corner.x), qRound(place.corner.y));
     for (auto* widget : window.findChildren<QWidget*>()) {
-        if (is_control(widget) && widget->mapTo(&window, QPoint()) == corner) return *widget;
+        const bool may_be = qobject_cast<QLineEdit*>(widget) || qobject_cast<QTextEdit*>(widget) ||
+                            qobject_cast<QAbstractButton*>(widget);
+        if (may_be && widget->mapTo(&window, QPoint()) == corner) return *widget;
     }
     throw std::runtime_error("no such control");
 }
@@ -59,12 +56,6 @@ Qt::Key to_qt(Key key) {
                                 Qt::Key_Tab,    Qt::Key_Backspace, Qt::Key_Left,  Qt::Key_End,
                                 Qt::Key_A,      Qt::Key_M,         Qt::Key_N};
     return keys[static_cast<std::size_t>(key)];
-}
-
-Qt::KeyboardModifiers to_qt(Modifier modifier) {
-    constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
-                                                  Qt::ControlModifier, Qt::AltModifier};
-    return modifiers[static_cast<std::size_t>(modifier)];
 }
 
 /// Drives Qt on its platform without a screen; input takes effect at once.
@@ -100,8 +91,12 @@ class QtDriver final : public Driver {
     void rest() override { now_ += 5000; }
 
     void key(Key key, Modifier modifier) override {
+        constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
+                                                      Qt::ControlModifier, Qt::AltModifier};
         const auto keypad = key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier;
-        QTest::keyClick(keys(), to_qt(key), to_qt(modifier) | keypad);
+        QWidget* window = open_box() ? open_box() : QApplication::activeWindow();
+        QTest::keyClick(window->windowHandle(), to_qt(key),
+                        modifiers[static_cast<std::size_t>(modifier)] | keypad);
     }
 
     void repeat_key(Key key) override {
@@ -173,11 +168,6 @@ class QtDriver final : public Driver {
     }
 
   private:
-    static QWindow* keys() {
-        QWidget* window = open_box() ? open_box() : QApplication::activeWindow();
-        return window->windowHandle();
-    }
-
     RealFolder files_;
     qt::QtHost host_;
     QObject context_;

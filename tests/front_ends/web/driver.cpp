@@ -5,6 +5,8 @@
 #include <sstream>
 #include <utility>
 
+#include <gtest/gtest.h>
+
 #include "front_ends/web/border.h"
 #include "front_ends/web/host.h"
 
@@ -21,15 +23,13 @@ char* hand_control(const char* caption, double x, double y, int scroll);
 char* hand_box();
 void hand_put_file(const char* path, const char* bytes, std::size_t length);
 void hand_leave_page();
+void hand_done(int failures);
 }
 
 namespace solvanta::test {
 namespace {
 
-std::map<int, std::function<void()>>& later_calls() {
-    static std::map<int, std::function<void()>> all;
-    return all;
-}
+std::map<int, std::function<void()>> later_calls;
 
 const char* name_of(Key key) {
     constexpr const char* names[] = {"Enter", "NumpadEnter", "Space",     "Escape",
@@ -42,7 +42,7 @@ const char* name_of(Key key) {
 /// `settle`.
 class WebDriver final : public Driver {
   public:
-    ~WebDriver() override { later_calls().clear(); }
+    ~WebDriver() override { later_calls.clear(); }
 
     Host& host() override { return host_; }
     double ratio() const override { return page_ratio(); }
@@ -65,7 +65,7 @@ class WebDriver final : public Driver {
 
     void later(int milliseconds, std::function<void()> act) override {
         static int last = 0;
-        later_calls()[++last] = std::move(act);
+        later_calls[++last] = std::move(act);
         hand_later(milliseconds, last);
     }
 
@@ -150,11 +150,15 @@ std::unique_ptr<Driver> make_driver() {
 
 }  // namespace solvanta::test
 
-extern "C" {
-
 /// The moment of something to be done later has come.
-__attribute__((used, visibility("default"))) void hand_call(int number) {
-    const auto entry = solvanta::test::later_calls().extract(number);
+extern "C" __attribute__((used, visibility("default"))) void hand_call(int number) {
+    const auto entry = solvanta::test::later_calls.extract(number);
     if (!entry.empty()) entry.mapped()();
 }
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const int result = RUN_ALL_TESTS();
+    hand_done(result);
+    return result;
 }
