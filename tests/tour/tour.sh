@@ -53,14 +53,10 @@ window_named() {
     xdotool search --onlyvisible --name "^$1\$"
 }
 
-# Whether line 11 of the best-times file, the games dealt and won, is the one given.
-counts() {
-    [ "$(sed -n 11p "$list")" = "$1"$'\r' ]
-}
+gone() { ! window_named "$1"; }
 
-gone() {
-    ! window_named "$1"
-}
+# Whether line 11 of the best-times file, the games dealt and won, is the one given.
+counts() { [ "$(sed -n 11p "$list")" = "$1"$'\r' ]; }
 
 shot() {
     sleep 0.3

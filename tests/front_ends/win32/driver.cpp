@@ -34,35 +34,26 @@ std::string text_of(HWND window) {
     return to_utf8(text);
 }
 
-/// The first window that `fits` among those that `enumerate` goes through; null without one.
-template <typename Enumerate, typename Fits>
-HWND find(const Enumerate& enumerate, const Fits& fits) {
-    struct Search {
-        const Fits& fits;
-        HWND found;
-    } search{fits, nullptr};
-    const auto look = [](HWND window, LPARAM data) -> BOOL {
-        auto& wanted = *reinterpret_cast<Search*>(data);
-        if (wanted.fits(window)) wanted.found = window;
-        return wanted.found == nullptr;
-    };
-    enumerate(static_cast<WNDENUMPROC>(look), reinterpret_cast<LPARAM>(&search));
-    return search.found;
+using Fits = std::function<bool(HWND)>;
+
+/// Goes on through windows until one fits.
+BOOL CALLBACK look_at(HWND window, LPARAM fits) {
+    return !(*reinterpret_cast<const Fits*>(fits))(window);
 }
 
 /// The program's visible window that `fits`; null without one.
-template <typename Fits>
 HWND find_window(const Fits& fits) {
-    return find([](auto look, LPARAM data) { EnumThreadWindows(GetCurrentThreadId(), look, data); },
-                [&](HWND window) { return IsWindowVisible(window) && fits(window); });
+    HWND found = nullptr;
+    const Fits find = [&](HWND window) {
+        if (IsWindowVisible(window) != FALSE && fits(window)) found = window;
+        return found != nullptr;
+    };
+    EnumThreadWindows(GetCurrentThreadId(), look_at, reinterpret_cast<LPARAM>(&find));
+    return found;
 }
 
 bool is_box(HWND window) {
     return class_of(window) == L"#32770";
-}
-
-HWND open_box() {
-    return find_window(is_box);
 }
 
 HWND window_named(const std::string& caption) {
@@ -92,14 +83,15 @@ HWND control_of(const Form& form, const Element& element) {
     HWND window = window_of(form);
     const Rectangle place = place_of(form, element);
     const POINT centre = to_device(place.centre());
-    const auto lies_there = [&](HWND child) {
+    HWND control = nullptr;
+    const Fits find = [&](HWND child) {
         RECT rect{};
         GetWindowRect(child, &rect);
         MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&rect), 2);
-        return is_control(child) && PtInRect(&rect, centre) != FALSE;
+        if (is_control(child) && PtInRect(&rect, centre) != FALSE) control = child;
+        return control != nullptr;
     };
-    HWND control =
-        find([&](auto look, LPARAM data) { EnumChildWindows(window, look, data); }, lies_there);
+    EnumChildWindows(window, look_at, reinterpret_cast<LPARAM>(&find));
     if (!control) throw std::runtime_error("no such control");
     return control;
 }
@@ -140,11 +132,8 @@ class Win32Driver final : public Driver {
 
     void wait(int milliseconds) override {
         const ULONGLONG until = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
-        for (ULONGLONG now = 0; (now = GetTickCount64()) < until;) {
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(until - now),
-                                      QS_ALLINPUT);
-            settle();
-        }
+        for (ULONGLONG now = 0; (now = GetTickCount64()) < until; settle())
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, DWORD(until - now), QS_ALLINPUT);
     }
 
     bool run() override {
@@ -253,7 +242,7 @@ class Win32Driver final : public Driver {
     }
 
     std::optional<BoxLook> box() override {
-        HWND box = open_box();
+        HWND box = find_window(is_box);
         if (!box) return std::nullopt;
         constexpr int text_id = 0xFFFF;
         BoxLook look{text_of(box), text_of(GetDlgItem(box, text_id)), {}};
@@ -269,7 +258,7 @@ class Win32Driver final : public Driver {
         return look;
     }
 
-    void close_box() override { PostMessageW(open_box(), WM_CLOSE, 0, 0); }
+    void close_box() override { PostMessageW(find_window(is_box), WM_CLOSE, 0, 0); }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
         return files_.put(name, bytes);
