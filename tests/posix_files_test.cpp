@@ -7,9 +7,8 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
-    const fs::path target = folder_.path / "synced" / "list";
     fs::create_directory(folder_.path / "synced");
-    std::ofstream(target, std::ios::binary) << "old";
+    const fs::path target = folder_.put("synced/list", "old");
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
     fs::create_symlink(target, list_);
     FileCalls& calls = system_file_calls();
@@ -21,8 +20,7 @@ TEST_F(RealFiles, KeepTheirLinkAndTheirPermissions) {
 
 TEST_F(RealFiles, HandBackNothingWhenReadingFails) {
     std::string bytes = "before";
-    const std::string fails_when_read = "/proc/self/mem";
-    EXPECT_TRUE(system_file_calls().read(fails_when_read, 100, bytes));
+    EXPECT_TRUE(system_file_calls().read("/proc/self/mem", 100, bytes));
     EXPECT_EQ(bytes, "");
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -72,12 +73,10 @@ TEST(Rules, SelectionAndMoves) {
         {"up to thirteen", "1 HK; 2 PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1", "c2 c1",
          "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1"},
     };
-    for (const Case& c : cases)
-        expect_plays(c);
+    std::for_each(std::begin(cases), std::end(cases), expect_plays);
     const std::string run = "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1";
-    for (int row = 1; row <= 13; ++row) {
+    for (int row = 1; row <= 13; ++row)
         expect_plays({"any card of a run", run, "c1." + std::to_string(row), run + "; sel 1"});
-    }
 }
 
 TEST(Rules, StockAndPasses) {
@@ -144,8 +143,7 @@ TEST(Rules, DoubleClicks) {
         {"through a column as well", all_but_one + "W XK", "waste c1 c1! c1!", won},
         {"a card leaves one too", "F 0 0 0 3; W X4; 1 H5", "waste c1!", "F 0 0 0 3; 1 H5 X4"},
     };
-    for (const Case& c : cases)
-        expect_plays(c);
+    std::for_each(std::begin(cases), std::end(cases), expect_plays);
 }
 
 TEST(Rules, ConsistencyCheckNoticesEveryFault) {
@@ -190,11 +188,8 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         fault(state);
         EXPECT_EQ(violated_invariant(state), violated) << position;
     }
-    EXPECT_EQ(violated_invariant(GameState{}), "");
-}
-
-TEST(Rules, ConsistencyCheckNoticesCountsOutOfBounds) {
     GameState s;
+    EXPECT_EQ(violated_invariant(s), "");
     const std::pair<int*, int> counts[] = {{&s.DeckCount, 104},         {&s.WasteCount, 104},
                                            {&s.FaceDownCount(4), 9},    {&s.FaceUpCount(4), 13},
                                            {&s.FoundationCount(8), 13}, {&s.DrawSize, 3}};

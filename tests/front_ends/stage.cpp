@@ -44,10 +44,8 @@ PictureElement& TestForm::add_picture(int left, int top, int width, int height) 
 }
 
 void TestForm::place(Element& element, int left, int top, int width, int height) {
-    element.Left = left * twips_per_pixel;
-    element.Top = top * twips_per_pixel;
-    element.Width = width * twips_per_pixel;
-    element.Height = height * twips_per_pixel;
+    constexpr Twips unit = twips_per_pixel;
+    element = {left * unit, top * unit, width * unit, height * unit};
 }
 
 EntryForm::EntryForm() {

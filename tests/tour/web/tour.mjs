@@ -24,21 +24,18 @@ const browser = await startBrowser();
 const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
 
 class Visit {
-  constructor(name, page, touched) {
-    Object.assign(this, { name, page, touched, troubles: [] });
-    page.on('console', (message) => this.troubles.push(message.text()));
-    page.on('pageerror', (error) => this.troubles.push(error.stack));
-  }
-
   static async begin(name, { width, height, ratio = 1, touched = false }) {
     const context = await browser.newContext({
       viewport: { width, height }, deviceScaleFactor: ratio, hasTouch: touched, isMobile: touched,
       locale: 'de-DE', timezoneId: 'UTC', acceptDownloads: true,
     });
-    const visit = new Visit(name, await context.newPage(), touched);
-    await visit.page.clock.setFixedTime(dealtAt * 1000);
-    await visit.page.goto(server.address);
-    await visit.page.getByText('neues Spiel').waitFor();
+    const page = await context.newPage();
+    const visit = Object.assign(new Visit(), { name, page, touched, troubles: [] });
+    page.on('console', (message) => visit.troubles.push(message.text()));
+    page.on('pageerror', (error) => visit.troubles.push(error.stack));
+    await page.clock.setFixedTime(dealtAt * 1000);
+    await page.goto(server.address);
+    await page.getByText('neues Spiel').waitFor();
     return visit;
   }
 
