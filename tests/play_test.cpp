@@ -95,6 +95,8 @@ TEST(Deal, StartsTheClockAndForgetsTheGameBefore) {
 
     // Whatever a game leaves behind, the next is dealt like the second one of a fresh program.
     player.set_up("D 1; F 1 2 0 0 0 1; W H9 XK; 1 X2 | P4?; 2 K2 | K9; sel 2");
+    player.table.state.Seconds = 99;
+    player.play("tick");
     player.table.state.ClockRunning = false;
     player.deal();
     Player fresh(2);
