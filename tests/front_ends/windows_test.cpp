@@ -10,10 +10,11 @@ class Boxes : public FrontEnd {};
 
 TEST_F(Boxes, AskInGermanAndAnswer) {
     using enum Answer;
-    std::map<Buttons, std::vector<std::string>> captions{// the default one first
-                                                         {Buttons::YesNo, {"Ja", "Nein"}},
-                                                         {Buttons::OkCancel, {"OK", "Abbrechen"}},
-                                                         {Buttons::Ok, {"OK"}}};
+    const std::map<Buttons, std::vector<std::string>> captions{
+        // the default one first
+        {Buttons::YesNo, {"Ja", "Nein"}},
+        {Buttons::OkCancel, {"OK", "Abbrechen"}},
+        {Buttons::Ok, {"OK"}}};
     const std::tuple<Buttons, std::optional<Key>, Answer> cases[] = {
         {Buttons::YesNo, Key::Enter, Yes},   {Buttons::YesNo, Key::Escape, No},
         {Buttons::YesNo, Key::N, No},        {Buttons::YesNo, {}, No},  // the close box
@@ -28,11 +29,11 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
             const BoxLook box = *driver().box();
             EXPECT_EQ(box.title, "Solvanta");
             EXPECT_EQ(box.text, "<b>Größe?</b>");
-            EXPECT_EQ(box.buttons, captions[buttons]);
+            EXPECT_EQ(box.buttons, captions.at(buttons));
             if (!key) return driver().close_box();
             driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
         });
-        EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions[buttons].front();
+        EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions.at(buttons).front();
     }
 }
 
