@@ -1,4 +1,5 @@
 """The program without windows on a real directory, run for faults to be thrown at it."""
+import contextlib
 import os
 import re
 import shutil
@@ -71,19 +72,15 @@ class Dealer:
 
     def deal(self):
         """Deals a game; the number of games dealt, or nothing when the program is gone."""
-        try:
+        with contextlib.suppress(BrokenPipeError):
             self.process.stdin.write(b"\n")
             self.process.stdin.flush()
-        except BrokenPipeError:
-            pass
         return self.process.stdout.readline().decode().strip()
 
     def end(self):
         """Ends the program; what it said on standard error, line by line."""
-        try:
+        with contextlib.suppress(BrokenPipeError):
             self.process.stdin.close()
-        except BrokenPipeError:
-            pass
         self.process.wait()
         self.process.stdout.close()
         self.errors.seek(0)

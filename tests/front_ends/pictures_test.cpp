@@ -15,26 +15,12 @@ const std::string gif = "GIF89a\1\0\1\0\x80\0\0\x80\x80\x80\0\0\0,\0\0\0\0\1\0\1
 /// colour of its own.
 std::string bitmap(int width, int height, Color color, std::optional<Color> right = {},
                    std::uint32_t opacity = 0xFF) {
-    const auto pixel_bytes = static_cast<std::uint32_t>(width * height * 4);
+    const auto w = static_cast<std::uint32_t>(width);
+    const auto h = static_cast<std::uint32_t>(height);
     // Headers that name four channels.
-    std::vector<std::uint32_t> numbers{122 + pixel_bytes,
-                                       0,
-                                       122,
-                                       108,
-                                       std::uint32_t(width),
-                                       std::uint32_t(height),
-                                       1U | 32U << 16U,
-                                       3,
-                                       pixel_bytes,
-                                       0,
-                                       0,
-                                       0,
-                                       0,
-                                       0x00FF0000U,
-                                       0x0000FF00U,
-                                       0x000000FFU,
-                                       0xFF000000U,
-                                       0x73524742U};
+    std::vector<std::uint32_t> numbers{
+        122 + 4 * w * h, 0,      122,  108,        w,         h, 0x200001, 3, 4 * w * h, 0, 0, 0, 0,
+        0xFF0000,        0xFF00, 0xFF, 0xFF000000, 0x73524742};
     numbers.resize(30);
     for (int i = 0; i < width * height; ++i) {
         const Color shown = i % width < width / 2 ? color : right.value_or(color);

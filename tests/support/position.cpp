@@ -69,9 +69,8 @@ class Parser {
     void parse_foundations(std::istringstream& words) {
         for (int f = 1; f <= foundations; ++f) {
             words >> state_.FoundationCount(f);
-            for (int level = 1; level <= state_.FoundationCount(f); ++level) {
+            for (int level = 1; level <= state_.FoundationCount(f); ++level)
                 state_.FoundationCards(f)(level) = take(print_card((f - 1) % 4 * 13 + level));
-            }
         }
     }
 

@@ -30,11 +30,11 @@ const Hand = {
     // The element of a control that begins at this place of the client area.
     control: function(caption, x, y) {
       const number = (node, name) => Number(node.style.getPropertyValue(name) || 0);
-      return [...hand.window(caption).querySelectorAll('button, input, .rich-text')].find((one) => {
+      const kinds = 'button.element, input.element, .rich-text.element';
+      return [...hand.window(caption).querySelectorAll(kinds)].find((one) => {
         const frame = one.closest('.frame');
         const at = (name) => number(one, name) + (frame ? number(frame, name) : 0);
-        return Math.abs(at('--left') - x) < 0.5 && Math.abs(at('--top') - y) < 0.5 &&
-          one.matches('.element');
+        return Math.abs(at('--left') - x) < 0.5 && Math.abs(at('--top') - y) < 0.5;
       });
     },
 
