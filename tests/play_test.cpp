@@ -42,7 +42,7 @@ TEST(RandomPlay, KeepsRecordAndTableInOrder) {
         SCOPED_TRACE("game " + std::to_string(game));
         Player player(static_cast<std::uint64_t>(game));
         player.deal();
-        const RandomSource random = random_from_seed(static_cast<std::uint64_t>(1000 + game));
+        const RandomSource random = random_from_seed(1000U + static_cast<std::uint64_t>(game));
         for (int event = 0; event < events_per_game && !HasFailure(); ++event)
             play_anything(player, random);
         ASSERT_FALSE(HasFailure()) << player.position();

@@ -34,7 +34,7 @@ class DealtTable : public testing::Test {
             open.pop_back();
             for (int direction = 0; direction < 4; ++direction) {
                 PictureElement* to = next_place(table, *from, static_cast<Direction>(direction));
-                if (to && reached.insert(to).second) open.push_back(to);
+                if (to != nullptr && reached.insert(to).second) open.push_back(to);
             }
         }
         return static_cast<int>(reached.size());

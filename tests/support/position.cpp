@@ -77,7 +77,7 @@ class Parser {
     void parse_column(int c, std::istringstream& words) {
         const std::string text = words.str();
         auto& run = state_.FaceUp(c);
-        if (text.find('|') != text.npos)
+        if (text.find('|') != std::string::npos)
             state_.FaceDownCount(c) = take_all(words, state_.FaceDown(c));
         state_.FaceUpCount(c) = take_all(words, run);
         std::reverse(run.begin(), run.begin() + state_.FaceUpCount(c));
