@@ -39,8 +39,8 @@ QWidget& control_of(const Form& form, const Element& element) {
     const Rectangle place = place_of(form, element);
     const QPoint corner(qRound(place.corner.x), qRound(place.corner.y));
     for (auto* widget : window.findChildren<QWidget*>()) {
-        const bool may_be = qobject_cast<QLineEdit*>(widget) || qobject_cast<QTextEdit*>(widget) ||
-                            qobject_cast<QAbstractButton*>(widget);
+        const bool may_be = widget->inherits("QLineEdit") || widget->inherits("QTextEdit") ||
+                            widget->inherits("QAbstractButton");
         if (may_be && widget->mapTo(&window, QPoint()) == corner) return *widget;
     }
     throw std::runtime_error("no such control");
@@ -73,7 +73,10 @@ class QtDriver final : public Driver {
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        QTimer::singleShot(milliseconds, &context_, std::move(act));
+        auto* const timer = new QTimer(&context_);
+        timer->setSingleShot(true);
+        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
+        timer->start(milliseconds);
     }
 
     /// As the window system does: with the time, from which Qt itself makes double clicks.
