@@ -21,8 +21,7 @@ std::string SpokenChanges::since_last_time(const Container& container) {
         text += (changes++ > 0 ? ". " : "") + name;
     }
     names_ = std::move(names);
-    if (std::exchange(is_first_, false) || changes > most_changes) return {};
-    return text;
+    return changes > most_changes ? std::string() : text;
 }
 
 }  // namespace solvanta

@@ -10,13 +10,12 @@ namespace solvanta {
 /// Tells what has changed on the places of a container, for those who listen.
 class SpokenChanges {
   public:
-    /// The names that differ from those at the last call, in one text; empty at the first call,
-    /// when nothing has changed, and when so much has that nobody could follow.
+    /// The names that differ from those at the last call, in one text; empty when nothing has
+    /// changed, and when so much has, as by a deal, that nobody could follow.
     std::string since_last_time(const Container& container);
 
   private:
     std::map<const PictureElement*, std::string> names_;
-    bool is_first_ = true;
 };
 
 }  // namespace solvanta

@@ -171,6 +171,7 @@ TEST(RichText, LaysParagraphsOut) {
                {R"({\li-99999999999 a})", "l 0 0 0 0 0 0"},
                {R"({\sl360\slmult1 a})", "l 0 0 0 0 0 360 factor"},
                {R"({\sl-300 a})", "l 0 0 0 0 0 -300"},
+               {R"({\sl9999 a})", "l 0 0 0 0 0 4800"},
                {R"({\li100\tqr\tx900\tx500\tqc\tx50 a})", "l 100 0 0 0 0 0 tab l400 tab r800"},
                {R"({\tqc\pard\tx500 a})", "l 0 0 0 0 0 0 tab l500"},
            });
