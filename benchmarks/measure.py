@@ -20,6 +20,9 @@ WINDOWS = os.path.abspath("build/windows")
 DOCUMENT = "docs/performance.md"
 MARKS = "<!-- measured by benchmarks/run -->\n", "<!-- end -->\n"
 
+# How much of what is measured, milliseconds, nanoseconds, kilobytes or bytes, makes up a unit shown.
+UNITS = {"ms": 1, "µs": 1000, "MB": 1024, "kB": 1000, "million": 1e6}
+
 Figure = collections.namedtuple("Figure", "value spread")
 rows = []
 
@@ -31,11 +34,12 @@ def figure(values):
 
 
 def compare(what, unit, bare, program, aim):
-    """A row for two figures whose ratio is to be at most `aim`."""
+    """A row for two figures whose ratio is to be at most `aim`, shown in a unit such as "ms"."""
+    def shown(measured):
+        return f"{measured.value / UNITS[unit]:,.1f} {unit}"
     ratio = program.value / bare.value
     spread = max(bare.spread, program.spread)
-    add(what, f"{bare.value:,.4g} {unit}", f"{program.value:,.4g} {unit}", f"{ratio:.2f}",
-        f"≤ {aim}", ratio <= aim, spread)
+    add(what, shown(bare), shown(program), f"{ratio:.2f}", f"≤ {aim}", ratio <= aim, spread)
 
 
 def state(what, text, aim, reached, spread=0):
@@ -79,22 +83,22 @@ def rules():
     events = runs["WholeProgram"]["items_per_second"]
     state("whole program without windows", f"{events.value / 1e3:,.0f} thousand clicks/s",
           "≥ 500 thousand", events.value >= 500e3, events.spread)
-    compare("a deal against a bare shuffle", "ns", runs["BareShuffle"]["cpu_time"],
+    compare("a deal against a bare shuffle", "µs", runs["BareShuffle"]["cpu_time"],
             runs["Deal"]["cpu_time"], 3)
 
 
 def growth():
     runs = google(TOOLS + "/rules_benchmark", "AfterGames", rounds=5)
     first, last = (runs[f"AfterGames/{games}/iterations:100"] for games in (1, 10000))
-    compare("1000 clicks in game 10,000 against the first", "ns", first["cpu_time"],
+    compare("1000 clicks in game 10,000 against the first", "µs", first["cpu_time"],
             last["cpu_time"], 1.1)
-    compare("memory held after 10,000 games against one", "bytes", first["bytes"], last["bytes"],
+    compare("memory held after 10,000 games against one", "kB", first["bytes"], last["bytes"],
             1.01)
 
 
 def writing():
     runs = google(TOOLS + "/rules_benchmark", "Write", seconds=0.2)
-    compare("writing the best times against the bare calls", "ns",
+    compare("writing the best times against the bare calls", "µs",
             runs["BareWrite/real_time"]["real_time"], runs["BestTimesWrite/real_time"]["real_time"],
             1.1)
 
@@ -106,12 +110,12 @@ def refresh():
     shutil.copy(TOOLS + "/refresh_benchmark", table)
     runs = google(table + "/refresh_benchmark", ".")
     for pictures in (20, 60):
-        compare(f"refresh of {pictures} pictures against bare reading", "ns",
+        compare(f"refresh of {pictures} pictures against bare reading", "µs",
                 runs[f"BareRead/{pictures}"]["cpu_time"], runs[f"Refresh/{pictures}"]["cpu_time"],
                 3)
     times = {count: runs[f"Refresh/{count}"]["cpu_time"] for count in (20, 40, 60)}
     line = Figure((times[20].value + times[60].value) / 2, times[20].spread)
-    compare("refresh of 40 against the middle of 20 and 60", "ns", line, times[40], 1.1)
+    compare("refresh of 40 against the middle of 20 and 60", "µs", line, times[40], 1.1)
 
 
 def watch(what, *command):
@@ -148,9 +152,9 @@ def start():
         compare("start to first paint against " + name, "ms", bare[0], shown[2][0], 1.15)
     counts = [instructions(command) for command in (empty, word, program)]
     for name, bare in zip(names, counts):
-        compare("instructions of a start against " + name, "", bare, counts[2], 1.5)
+        compare("instructions of a start against " + name, "million", bare, counts[2], 1.5)
     for name, bare in zip(names, shown):
-        compare("peak of memory against " + name, "kB", bare[1], shown[2][1], 1.15)
+        compare("peak of memory against " + name, "MB", bare[1], shown[2][1], 1.15)
 
 
 def start_in_wine():
