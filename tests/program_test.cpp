@@ -204,7 +204,7 @@ TEST_F(Program, ReadsTheHelpAgainAtEachClick) {
         table.Command3.Click();
         auto* const help = shown<Form2>("Hilfe");
         ASSERT_TRUE(help);
-        EXPECT_EQ(help->RichTextBox1.TextRTF, content[0] == '{' ? content : "");
+        EXPECT_EQ(help->RichTextBox1.TextRTF, content.starts_with('{') ? content : "");
         windows.insert(help);
         if (content.empty()) player.host.close(*help);
     }

@@ -25,11 +25,14 @@ FormWindow& QtHost::create_window(Form& form) {
     WindowParts parts{[this](const Event& event) { deliver(event); }, pictures_, {}, {}, {}};
     FormWindow& window = add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); }));
-    // The icon's files are read while the window system brings up the window.
     if (form.HasIcon) {
-        QTimer::singleShot(0, &window, [&window] {
+        // The icon's files are read while the window system brings up the window.
+        auto* const soon = new QTimer(&window);
+        soon->setSingleShot(true);
+        QObject::connect(soon, &QTimer::timeout, &window, [&window] {
             window.setWindowIcon(program_icon(QCoreApplication::applicationDirPath()));
         });
+        soon->start();
     }
     return window;
 }

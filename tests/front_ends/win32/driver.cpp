@@ -38,7 +38,7 @@ using Fits = std::function<bool(HWND)>;
 
 /// Goes on through windows until one fits.
 BOOL CALLBACK look_at(HWND window, LPARAM fits) {
-    return !(*reinterpret_cast<const Fits*>(fits))(window);
+    return (*reinterpret_cast<const Fits*>(fits))(window) ? FALSE : TRUE;
 }
 
 /// The program's visible window that `fits`; null without one.
