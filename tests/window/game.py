@@ -129,13 +129,15 @@ class Game:
     def terminate(self):
         """Ends it as a desktop that ends does; the exit status."""
         self.process.terminate()
-        wait_for(lambda: not self.runs(), "the end of the program")
-        return self.process.returncode
+        return self.exit_status()
 
     def end(self):
         """Quits by the button; the exit status."""
         xdotool("windowactivate", "--sync", self.table)
         self.click(QUIT)
+        return self.exit_status()
+
+    def exit_status(self):
         wait_for(lambda: not self.runs(), "the program's end")
         return self.process.returncode
 
