@@ -9,7 +9,7 @@ constexpr std::size_t size_limit = std::size_t{4} << 20;
 
 }  // namespace
 
-void Form2::load_help(FileCalls& files, const std::string& path) {
+void Form2::load_help(Files& files, const std::string& path) {
     std::string& text = RichTextBox1.TextRTF;
     text.clear();
     if (const std::error_code error = files.read(path, size_limit, text)) {

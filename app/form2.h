@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "scores/durable_file.h"
+#include "files/files.h"
 #include "view/windows.h"
 
 namespace solvanta {
@@ -13,7 +13,7 @@ class Form2 : public HelpWindow {
     /// Reads the help text from the file at `path` (UTF-8), replacing what was shown. When the
     /// file can't be read, or is no rich text, the window is empty, and one line goes to standard
     /// error.
-    void load_help(FileCalls& files, const std::string& path);
+    void load_help(Files& files, const std::string& path);
 };
 
 }  // namespace solvanta

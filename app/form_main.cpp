@@ -9,14 +9,14 @@
 #include "scores/best_times.h"
 #include "scores/clock_text.h"
 #include "scores/list_text.h"
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 #include "view/pictures.h"
 #include "view/spoken_names.h"
 #include "view/table_display.h"
 
 namespace solvanta {
 
-Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, FileCalls& files)
+Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, Files& files)
     : host_(host),
       seed_random_(std::move(seed_random)),
       files_(files),
@@ -45,7 +45,7 @@ void Form_Main::connect_events() {
     Command3.Click = checked([this] { Command3_Click(); });
     Command_Beenden.Click = checked([this] { Command_Beenden_Click(); });
     Closed = Command_Beenden.Click;
-    Saving = checked([this] { complete_name_entry(); });
+    Saving = checked([this] { complete_win(); });
     Source_Hide.Click = checked([this] { Source_Hide_Click(); });
     Source.Click = checked([this] { Source_Click(); });
     Source.DblClick = checked([this] { Source_DblClick(); });
@@ -103,9 +103,19 @@ void Form_Main::move_pointer(PointerChange change) {
     if (change != PointerChange::Kept) zeiger.Visible = change == PointerChange::Shown;
 }
 
+void Form_Main::confirm(const std::string& text, Buttons buttons, void (Form_Main::*act)()) {
+    host_.ask(text, buttons, [this, act](Answer answer) {
+        if (answer == Answer::Yes || answer == Answer::Ok) (this->*act)();
+        check_record();
+    });
+}
+
 void Form_Main::Command1_Click() {
-    if (host_.message("Neues Spiel?", Buttons::YesNo) != Answer::Yes) return;
-    complete_name_entry();
+    confirm("Neues Spiel?", Buttons::YesNo, &Form_Main::new_game);
+}
+
+void Form_Main::new_game() {
+    complete_win();
     deal(state, seed_random_());
     zeiger.Visible = false;
     Refresh();
@@ -119,17 +129,21 @@ void Form_Main::Command1_Click() {
 
 void Form_Main::Source_Hide_Click() {
     if (!game_dealt(state)) return;
-    if (click_stock(state) == StockClick::Refused) refuse_turn();
+    if (click_stock(state) == StockClick::Refused) return refuse_turn();
     Refresh();
 }
 
 void Form_Main::refuse_turn() {
     Scull.Visible = true;
-    host_.message(
+    confirm(
         "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist das Spiel "
         "verloren!",
-        Buttons::Ok);
+        Buttons::Ok, &Form_Main::hide_skull);
+}
+
+void Form_Main::hide_skull() {
     Scull.Visible = false;
+    Refresh();
 }
 
 void Form_Main::Source_Click() {
@@ -170,17 +184,13 @@ void Form_Main::begin_win() {
     state.GameWon = true;
     state.ClockRunning = false;
     const int place = place_for(state, state.Seconds);
+    state.WinPending = true;
     Diddle.Visible = true;
-    if (place != no_place) {
-        open_name_entry(place);
-        return;
-    }
-    host_.message("Gratulation! Spiel gewonnen!", Buttons::Ok);
-    end_win();
+    if (place != no_place) return open_name_entry(place);
+    confirm("Gratulation! Spiel gewonnen!", Buttons::Ok, &Form_Main::complete_win);
 }
 
 void Form_Main::open_name_entry(int place) {
-    entry_place_ = place;
     Platz.Caption = "Platz: " + std::to_string(place);
     show_name_frame(true);
     host_.set_focus(InName);
@@ -193,27 +203,29 @@ void Form_Main::show_name_frame(bool shown) {
 }
 
 void Form_Main::InName_KeyDown(int KeyCode) {
-    if (KeyCode == key_enter) complete_name_entry();
+    if (KeyCode == key_enter) complete_win();
     check_record();
 }
 
-void Form_Main::complete_name_entry() {
-    if (!state.NameEntryOpen) return;
-    state.NameEntryOpen = false;
-    const LocalTime now = host_.local_time();
-    const LocaleTexts texts = host_.locale_texts();
-    const std::string& month =
-        texts.month_abbreviations.at(static_cast<std::size_t>(now.month - 1));
-    insert_entry(state, entry_place_, state.Seconds, to_list_text(InName.Text),
-                 entry_stamp(now.day, month, now.year, now.hour, texts.time_separator, now.minute));
+/// No entry has been made since the place was found, so it is still the one that the time earns.
+void Form_Main::enter_name() {
+    insert_entry(state, place_for(state, state.Seconds), state.Seconds, to_list_text(InName.Text),
+                 entry_stamp(host_.local_time(), host_.locale_texts()));
     show_name_frame(false);
-    end_win();
 }
 
-void Form_Main::end_win() {
+void Form_Main::complete_win() {
+    if (!std::exchange(state.WinPending, false)) return;
+    if (std::exchange(state.NameEntryOpen, false)) enter_name();
     Diddle.Visible = false;
     count_up(state.GamesWon);
     count_up(state.WonSinceStart);
+    write_Highscore();
+}
+
+void Form_Main::clear_list() {
+    complete_win();
+    clear_Highscore();
     write_Highscore();
 }
 
@@ -241,6 +253,11 @@ void Form_Main::read_Highscore() {
     }
 }
 
+bool Form_Main::take_Highscore(std::string_view bytes) {
+    complete_win();
+    return !best_times_file_.take(bytes, state);
+}
+
 void Form_Main::Comm_highscore_Click() {
     if (!form_highscore_) {
         form_highscore_ = std::make_unique<Form_Highscore>(*this, host_);
@@ -261,7 +278,7 @@ void Form_Main::Command3_Click() {
 }
 
 void Form_Main::Command_Beenden_Click() {
-    complete_name_entry();
+    complete_win();
     host_.quit();
 }
 

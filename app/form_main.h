@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "app/form2.h"
 #include "app/form_highscore.h"
@@ -22,7 +23,7 @@ class Form_Main : public TableWindow {
     /// `host` shows the windows and must outlive the form. `seed_random` is asked for fresh random
     /// values at each deal; `files` reads and writes the files beside the program.
     explicit Form_Main(Host& host, std::function<RandomSource()> seed_random = random_from_clock,
-                       FileCalls& files = system_file_calls());
+                       Files& files = system_files());
 
     /// Start-up, once, before the window is first shown: loads the fixed pictures, hides what is
     /// not to be seen yet, reads the best-times file. Deals nothing.
@@ -42,8 +43,16 @@ class Form_Main : public TableWindow {
     /// Builds the best-times list and shows it, creating its window when needed.
     void Comm_highscore_Click();
 
-    /// If a won game waits for its name, enters it as if Enter had been pressed.
-    void complete_name_entry();
+    /// Puts the list of another best-times file, its bytes, in the place of the player's own, after
+    /// completing a pending win. On a failure nothing changes; answers whether it could be stored.
+    bool take_Highscore(std::string_view bytes);
+
+    /// Asks in a message box and calls `act` when its first button has been pressed or, where there
+    /// is only that, the box is closed.
+    void confirm(const std::string& text, Buttons buttons, void (Form_Main::*act)());
+
+    /// Empties list, counters and file, after completing a pending win.
+    void clear_list();
 
     /// Stops debug builds when the record is inconsistent.
     void check_record() const;
@@ -61,10 +70,12 @@ class Form_Main : public TableWindow {
     void move_pointer(PointerChange change);
 
     void Command1_Click();
+    void new_game();
     void Command3_Click();
     void Command_Beenden_Click();
     void Source_Hide_Click();
     void refuse_turn();
+    void hide_skull();
     void Source_Click();
     void Source_DblClick();
     void Iv1_Click(int Index);
@@ -76,16 +87,18 @@ class Form_Main : public TableWindow {
     void open_name_entry(int place);
     /// Shows and enables the name-entry frame, or hides and disables it.
     void show_name_frame(bool shown);
-    void end_win();
+    void enter_name();
+    /// If a won game waits for its name or for its box to be closed, enters the name as if Enter
+    /// had been pressed, counts the win and writes the file.
+    void complete_win();
 
     Host& host_;
     std::function<RandomSource()> seed_random_;
-    FileCalls& files_;
+    Files& files_;
     std::string directory_;
     BestTimesFile best_times_file_;
     std::unique_ptr<Form_Highscore> form_highscore_;
     std::unique_ptr<Form2> form2_;
-    int entry_place_ = 0;  // the place found for the win whose name is being entered
 };
 
 }  // namespace solvanta

@@ -3,7 +3,7 @@
 #include "app/form_main.h"
 #include "benchmarks/click_mix.h"
 #include "benchmarks/counted_memory.h"
-#include "platform/mouse.h"
+#include "tests/support/hand.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/null_host.h"
 
@@ -15,8 +15,8 @@ constexpr int clicks_per_game = 1000;
 /// A Host that shows nothing and keeps nothing.
 class SilentHost final : public test::NullHost {
   public:
-    Answer message(const std::string& /*text*/, Buttons buttons) override {
-        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    void ask(const std::string& /*text*/, Buttons buttons, Answered then) override {
+        then(buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok);
     }
 };
 
@@ -42,15 +42,15 @@ class Game {
                                                               : table_.Iv(1)(click.column - 1);
         const Twips x = element.Left + element.Width / 2;
         const Twips y = element.Top + element.Height / 2;
-        mouse_.press(x, y);
-        mouse_.release(x, y);
-        if (click.twice) mouse_.double_press(x, y);
+        hand_.click(x, y);
+        if (click.twice) hand_.double_press(x, y);
     }
 
     SilentHost host_;
-    test::MemoryFiles files_;
+    test::MemoryFiles calls_;
+    DurableFiles files_{calls_};
     Form_Main table_{host_, [seed = 1U]() mutable { return random_from_seed(seed++); }, files_};
-    Mouse mouse_{table_};
+    test::Hand hand_{table_};
     const std::vector<Click> clicks_ = click_mix(clicks_per_game);
 };
 

@@ -88,7 +88,7 @@ bool win_flags_agree(const GameState& state) {
     if (state.GameWon && (state.ClockRunning || cards_outside_foundations(state) != 0)) {
         return false;
     }
-    return state.GameWon || !state.NameEntryOpen;
+    return (state.GameWon || !state.WinPending) && (state.WinPending || !state.NameEntryOpen);
 }
 
 }  // namespace

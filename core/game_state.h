@@ -45,8 +45,9 @@ struct GameState {
 
     std::int32_t Seconds = 0;  ///< playing time of the current game
     bool ClockRunning = false;
-    bool GameWon = false;        ///< the win of the current deal has been handled
-    bool NameEntryOpen = false;  ///< a won game waits for the player's name
+    bool GameWon = false;        ///< the current deal is won
+    bool WinPending = false;     ///< it is still to be counted, when the player has been asked
+    bool NameEntryOpen = false;  ///< what it waits for is the player's name
 
     std::int32_t GamesPlayed = 0;  ///< over all runs, as is `GamesWon`
     std::int32_t GamesWon = 0;

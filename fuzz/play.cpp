@@ -82,8 +82,7 @@ class Play {
     }
 
     void click_at(std::pair<Twips, Twips> at) {
-        mouse_.press(at.first, at.second);
-        mouse_.release(at.first, at.second);
+        hand_.click(at.first, at.second);
     }
 
     void click() { click_at(column()); }
@@ -91,8 +90,8 @@ class Play {
     void click_twice() {
         const auto at = bytes_.below(4) == 0 ? waste() : column();
         click_at(at);
-        mouse_.double_press(at.first, at.second);
-        mouse_.release(at.first, at.second);
+        hand_.double_press(at.first, at.second);
+        hand_.release(at.first, at.second);
     }
 
     std::pair<Twips, Twips> waste() const {
@@ -108,17 +107,17 @@ class Play {
 
     void press() {
         const auto [x, y] = place();
-        mouse_.press(x, y);
+        hand_.press(x, y);
     }
 
     void release() {
         const auto [x, y] = place();
-        mouse_.release(x, y);
+        hand_.release(x, y);
     }
 
     void press_twice() {
         const auto [x, y] = place();
-        mouse_.double_press(x, y);
+        hand_.double_press(x, y);
     }
 
     void tick() { player_.table.Timer1.Tick(); }
@@ -232,7 +231,7 @@ class Play {
 
     Bytes bytes_;
     test::Player player_;
-    Mouse mouse_{player_.table};
+    test::Hand hand_{player_.table};
 };
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "platform/trouble.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta {
 namespace {

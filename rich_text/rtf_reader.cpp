@@ -10,7 +10,7 @@
 #include "rich_text/document_builder.h"
 #include "rich_text/rtf_lexer.h"
 #include "rich_text/rtf_words.h"
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 
 namespace solvanta {
 namespace {

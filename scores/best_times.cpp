@@ -3,7 +3,7 @@
 #include <limits>
 #include <utility>
 
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 
 namespace solvanta {
 
@@ -36,13 +36,11 @@ void count_up(std::int32_t& counter) {
     if (counter < std::numeric_limits<std::int32_t>::max()) ++counter;
 }
 
-std::string entry_stamp(int day, std::string_view month, int year, int hour,
-                        std::string_view time_separator, int minute) {
-    std::string stamp = std::to_string(day) + ". ";
-    stamp += month;
-    stamp += ' ' + std::to_string(year) + ' ' + std::to_string(hour);
-    stamp += time_separator;
-    stamp += (minute < 10 ? "0" : "") + std::to_string(minute);
+std::string entry_stamp(const LocalTime& moment, const LocaleTexts& texts) {
+    const auto month = static_cast<std::size_t>(moment.month - 1);
+    std::string stamp = std::to_string(moment.day) + ". " + texts.month_abbreviations.at(month);
+    stamp += ' ' + std::to_string(moment.year) + ' ' + std::to_string(moment.hour);
+    stamp += texts.time_separator + (moment.minute < 10 ? "0" : "") + std::to_string(moment.minute);
     return to_list_text(stamp);
 }
 

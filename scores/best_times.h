@@ -2,9 +2,9 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "core/game_state.h"
+#include "platform/locale.h"
 
 namespace solvanta {
 
@@ -26,8 +26,7 @@ void insert_entry(GameState& state, int place, std::int32_t seconds, std::string
 void count_up(std::int32_t& counter);
 
 /// The moment of an entry as the list shows it, "d. mmm yyyy h:mm" with the locale's abbreviated
-/// month and time separator (UTF-8), in Windows-1252.
-std::string entry_stamp(int day, std::string_view month, int year, int hour,
-                        std::string_view time_separator, int minute);
+/// month and time separator, in Windows-1252.
+std::string entry_stamp(const LocalTime& moment, const LocaleTexts& texts);
 
 }  // namespace solvanta

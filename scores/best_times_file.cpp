@@ -3,25 +3,27 @@
 #include "scores/best_times_format.h"
 
 namespace solvanta {
-namespace {
-
-constexpr std::size_t size_limit = std::size_t{1} << 20;
-
-}  // namespace
 
 std::error_code BestTimesFile::read(GameState& state) {
     std::string bytes;
-    std::error_code error = calls_.read(path_, size_limit, bytes);
-    if (error == std::errc::no_such_file_or_directory) error.clear();
-    if (error) bytes.clear();
-    may_replace_ = !error;
+    read_error_ = files_.read(path_, longest_best_times_file, bytes);
+    if (read_error_ == std::errc::no_such_file_or_directory) read_error_.clear();
     parse_best_times(bytes, state);
-    return error;
+    return read_error_;
 }
 
 std::error_code BestTimesFile::write(const GameState& state) {
-    if (!may_replace_) return {};
-    return replace_file(calls_, calls_.resolve(path_), format_best_times(state));
+    if (read_error_) return {};
+    return files_.replace(path_, format_best_times(state));
+}
+
+std::error_code BestTimesFile::take(std::string_view bytes, GameState& state) {
+    if (read_error_) return read_error_;
+    GameState taken = state;
+    parse_best_times(bytes, taken);
+    const std::error_code error = write(taken);
+    if (!error) state = std::move(taken);
+    return error;
 }
 
 }  // namespace solvanta

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 
 namespace solvanta {
 namespace {
@@ -116,8 +116,6 @@ void parse_best_times(std::string_view bytes, GameState& state) {
 }
 
 bool is_best_times_file(std::string_view bytes) {
-    constexpr std::size_t size_limit = std::size_t{1} << 20;
-    if (bytes.size() > size_limit) return false;
     GameState state;
     parse_best_times(bytes, state);
     std::string written = format_best_times(state);

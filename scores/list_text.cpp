@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "scores/clock_text.h"
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 
 namespace solvanta {
 namespace {

@@ -10,9 +10,9 @@
 #include "scores/best_times_file.h"
 #include "scores/best_times_format.h"
 #include "scores/list_text.h"
-#include "scores/windows_1252.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/real_files.h"
+#include "text/windows_1252.h"
 
 namespace solvanta::test {
 namespace {
@@ -111,7 +111,8 @@ TEST(BestTimesFile, AFailedWriteLeavesTheOldFile) {
             const auto found = failing.extract(call);
             return found ? found.mapped() : std::error_code{};
         };
-        BestTimesFile file(MemoryFiles::list_path, files);
+        DurableFiles durable(files);
+        BestTimesFile file(MemoryFiles::list_path, durable);
         EXPECT_EQ(file.write(state), answer);
         EXPECT_EQ(files.files, answer ? MemoryFiles(installed_file).files : written);
         EXPECT_FALSE(file.write(state));
@@ -125,7 +126,8 @@ TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
         const auto before = files.files;
         const auto error = std::make_error_code(std::errc::io_error);
         files.before = [&](const std::string&) { return too_long ? std::error_code{} : error; };
-        BestTimesFile file(MemoryFiles::list_path, files);
+        DurableFiles durable(files);
+        BestTimesFile file(MemoryFiles::list_path, durable);
         GameState state;
         state.GamesPlayed = 7;
         EXPECT_EQ(file.read(state), too_long ? std::errc::file_too_large : std::errc::io_error);
@@ -139,7 +141,7 @@ TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
 TEST_F(RealFiles, AreReadAndWrittenWhole) {
     FileCalls& calls = system_file_calls();
     EXPECT_EQ(calls.open(list_path_), std::errc::no_such_file_or_directory);
-    BestTimesFile file(list_path_, calls);
+    BestTimesFile file(list_path_, system_files());
     GameState state;
     EXPECT_FALSE(file.read(state));  // there is none yet
     EXPECT_FALSE(file.write(parsed(installed_file)));
@@ -154,12 +156,12 @@ TEST_F(RealFiles, AreReadAndWrittenWhole) {
 
 TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
     std::filesystem::create_directory(list_);
-    BestTimesFile file(list_path_, system_file_calls());
+    BestTimesFile file(list_path_, system_files());
     GameState state;
     EXPECT_TRUE(file.read(state));
     EXPECT_FALSE(file.write(state));
     EXPECT_TRUE(std::filesystem::is_directory(list_));
-    BestTimesFile nowhere(folder_.path_of("gone/highscore.scr"), system_file_calls());
+    BestTimesFile nowhere(folder_.path_of("gone/highscore.scr"), system_files());
     EXPECT_FALSE(nowhere.read(state));
     EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
 }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "front_ends/web/double_press.h"
-
 namespace solvanta::web {
 namespace {
 
@@ -33,23 +31,6 @@ TEST(PageLayout, FitsTheTableIntoEveryPage) {
         EXPECT_LE(layout.scale, 2);
     }
     EXPECT_GT(layout_for({100, 40}, table, cards_height, false, 2).scale, 0);
-}
-
-TEST(DoublePresses, AreToldByTimeAndPlace) {
-    const struct {
-        double milliseconds;
-        double x;
-        bool second;
-    } presses[] = {
-        {1000, 50, false}, {1400, 55, true}, {1700, 55, false}, {2201, 55, false},
-        {2300, 90, false}, {2400, 90, true}, {2500, 90, false}, {2600, 90, true},
-    };
-    DoublePress double_press;
-    for (const auto& [milliseconds, x, second] : presses)
-        EXPECT_EQ(double_press.is_second(milliseconds, x, 50), second) << milliseconds;
-    double_press.is_second(5000, 0, 0);
-    double_press.forget();
-    EXPECT_FALSE(double_press.is_second(5100, 0, 0));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "platform/picture_bytes.h"
+#include "front_ends/common/picture_bytes.h"
 
 #include <string>
 

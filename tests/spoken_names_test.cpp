@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/spoken_changes.h"
-#include "platform/walk.h"
+#include "front_ends/common/spoken_changes.h"
+#include "front_ends/common/walk.h"
 #include "tests/support/golden_game.h"
 #include "tests/support/player.h"
 

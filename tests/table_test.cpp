@@ -42,29 +42,6 @@ TEST(Table, LoadsItsPicturesAgainAtEachRefresh) {
     }
 }
 
-TEST(Table, MakesClicksOfPresses) {
-    Player player;
-    player.set_up("1 H1; 2 P9; W H5");
-    Mouse mouse(player.table);
-    const auto press_twice = [&](const std::string& position) {
-        mouse.double_press(200, 1900);
-        mouse.release(200, 1900);
-        EXPECT_EQ(player.position(), print_position(parse_position(position)));
-    };
-    press_twice("1 H1; 2 P9; W H5; sel 1");  // without a first press it is one
-    mouse.forget_press();                    // a box was clicked in between
-    press_twice("1 H1; 2 P9; W H5");
-    press_twice("F 1; 2 P9; W H5");
-    mouse.press(1400, 1900);
-    mouse.release(200, 1900);
-    mouse.press(1250, 1900);  // between the columns
-    mouse.release(1400, 1900);
-    mouse.release(1400, 1900);
-    player.play("waste");
-    player.click(player.table.zeiger.Left + 300, player.table.zeiger.Top + 200);
-    EXPECT_EQ(player.position(), print_position(parse_position("F 1; 2 P9; W H5")));
-}
-
 using Elements = std::vector<const Element*>;
 
 template <typename Listed>

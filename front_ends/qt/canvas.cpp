@@ -1,10 +1,12 @@
 #include "front_ends/qt/canvas.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyleHints>
 
+#include "front_ends/common/look.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/scale.h"
 
@@ -24,20 +26,6 @@ int text_flags(Alignment alignment) {
     return flags | Qt::AlignLeft;
 }
 
-/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
-QRectF painted_area(const PictureElement& element, const QImage& image) {
-    QRectF area = place_of(element);
-    if (image.isNull()) return area;
-    const QSizeF size = image.deviceIndependentSize();
-    area.setWidth(size.width());
-    if (!element.CutToHeight || size.height() < area.height()) area.setHeight(size.height());
-    return area;
-}
-
-constexpr int border_margin = 4;
-constexpr int caption_height = 15;
-constexpr int caption_indent = 9;
-
 }  // namespace
 
 Canvas::Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent)
@@ -47,43 +35,34 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       parts_(parts),
       mouse_(container) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    qApp->installEventFilter(this);
 }
 
-/// A press on anything else: Qt may take the next one here for the second of a double click.
-bool Canvas::eventFilter(QObject* receiver, QEvent* event) {
-    const bool press =
-        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-    if (press && receiver != this && receiver->isWidgetType()) mouse_.forget_press();
+/// Installed on the controls: what is pressed there makes no half of a double click here.
+bool Canvas::eventFilter(QObject* /*receiver*/, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) mouse_.forget_press();
     return false;
 }
 
 void Canvas::sync() {
-    // One rectangle: clipped to many, the pictures would be slower to paint than all between them.
-    QRect changed;
-    looks_.resize(container_.canvas.size());
-    auto before = looks_.begin();
-    for (const Painted& item : container_.canvas) {
-        Look now = std::visit([this](const auto* element) { return look(*element); }, item);
-        if (now != *before) {
-            changed |= before->area | now.area;
-            *before = std::move(now);
-        }
-        ++before;
-    }
-    update(changed);
+    const PixelRect changed =
+        looks_.changes(container_, logical_scale, [this](const PictureElement& element) {
+            const QRect area = painted_area(element).toAlignedRect();
+            return PixelRect{area.left(), area.top(), area.left() + area.width(),
+                             area.top() + area.height()};
+        });
+    update(to_qt(changed));
 }
 
-Canvas::Look Canvas::look(const PictureElement& element) const {
-    const std::uint64_t load = element.Picture.load_number();
-    if (!element.Visible || load == 0) return {};
-    const QImage& image = parts_.pictures.image(element.Picture, devicePixelRatioF());
-    return {painted_area(element, image).toAlignedRect(), load, {}};
-}
-
-Canvas::Look Canvas::look(const Label& label) const {
-    if (!label.Visible) return {};
-    return {place_of(label).toAlignedRect(), 0, label};
+/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
+QRectF Canvas::painted_area(const PictureElement& element) const {
+    QRectF area = place_of(element);
+    const QImage* const image =
+        parts_.pictures.image(element.Picture, is_fine(devicePixelRatioF()));
+    if (!image) return area;
+    const QSizeF size = image->deviceIndependentSize();
+    area.setWidth(size.width());
+    if (!element.CutToHeight || size.height() < area.height()) area.setHeight(size.height());
+    return area;
 }
 
 void Canvas::paintEvent(QPaintEvent* event) {
@@ -93,23 +72,19 @@ void Canvas::paintEvent(QPaintEvent* event) {
 }
 
 void Canvas::paint_elements(QPainter& painter, const QRegion& region) const {
-    auto item = container_.canvas.begin();
-    for (const Look& look : looks_) {
-        if (region.intersects(look.area)) {
-            std::visit([&](const auto* element) { paint(painter, *element); }, *item);
-        }
-        ++item;
+    for (std::size_t i = 0; i < container_.canvas.size(); ++i) {
+        if (!region.intersects(to_qt(looks_.area(i)))) continue;
+        std::visit([&](const auto* element) { paint(painter, *element); }, container_.canvas[i]);
     }
 }
 
 void Canvas::paint(QPainter& painter, const PictureElement& element) const {
-    const QImage& image = parts_.pictures.image(element.Picture, devicePixelRatioF());
-    const QRectF area = painted_area(element, image);
-    if (image.isNull()) {
-        return paint_placeholder(painter, area, element.Picture);
-    }
-    const QRectF source(QPointF(), area.size() * image.devicePixelRatioF());
-    paint_image(painter, area, image, source);
+    const QRectF area = painted_area(element);
+    const QImage* const image =
+        parts_.pictures.image(element.Picture, is_fine(devicePixelRatioF()));
+    if (!image) return paint_placeholder(painter, area, element.Picture);
+    const QRectF source(QPointF(), area.size() * image->devicePixelRatioF());
+    paint_image(painter, area, *image, source);
 }
 
 void Canvas::paint(QPainter& painter, const Label& label) const {
@@ -121,27 +96,34 @@ void Canvas::paint(QPainter& painter, const Label& label) const {
     painter.drawText(place, text_flags(label.Alignment), QString::fromStdString(label.Caption));
 }
 
-/// Where the mouse is, to a part of a pixel: the position Qt gives a widget is rounded.
-QPointF Canvas::place_in_canvas(const QMouseEvent& event) const {
-    return mapFrom(window(), event.scenePosition());
+/// To a part of a pixel: the position that Qt gives a widget is rounded.
+QPoint Canvas::place_in_twips(const QMouseEvent& event) const {
+    const QPointF at = mapFrom(window(), event.scenePosition());
+    return {logical_scale.twips(at.x()), logical_scale.twips(at.y())};
+}
+
+void Canvas::press(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton) return mouse_.forget_press();
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const Twips reach = hints.mouseDoubleClickDistance() * twips_per_pixel;
+    const QPoint at = place_in_twips(event);
+    const Press press{at.x(), at.y(), static_cast<std::uint32_t>(event.timestamp())};
+    const auto interval = static_cast<std::uint32_t>(hints.mouseDoubleClickInterval());
+    parts_.deliver(mouse_.press(press, {interval, reach, reach}));
 }
 
 void Canvas::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    const QPointF at = place_in_canvas(*event);
-    mouse_.press(to_twips(at.x()), to_twips(at.y()));
+    press(*event);
 }
 
 void Canvas::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
-    const QPointF at = place_in_canvas(*event);
-    parts_.deliver([&] { mouse_.double_press(to_twips(at.x()), to_twips(at.y())); });
+    press(*event);
 }
 
 void Canvas::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
-    const QPointF at = place_in_canvas(*event);
-    parts_.deliver([&] { mouse_.release(to_twips(at.x()), to_twips(at.y())); });
+    const QPoint at = place_in_twips(*event);
+    parts_.deliver(mouse_.release(at.x(), at.y()));
 }
 
 FrameBox::FrameBox(Frame& frame, WindowParts& parts, QWidget* parent)
@@ -152,20 +134,20 @@ void FrameBox::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), background());
     paint_border(painter);
     painter.setClipRect(
-        rect().adjusted(border_margin, caption_height, -border_margin, -border_margin));
+        rect().adjusted(frame_margin, frame_caption_height, -frame_margin, -frame_margin));
     paint_elements(painter, event->region());
 }
 
 void FrameBox::paint_border(QPainter& painter) const {
-    const QRect line = rect().adjusted(0, caption_height / 2, -2, -2);
+    const QRect line = rect().adjusted(0, frame_caption_height / 2, -2, -2);
     painter.setPen(Qt::white);
     painter.drawRect(line.translated(1, 1));
     painter.setPen(palette().color(QPalette::Dark));
     painter.drawRect(line);
     painter.setFont(to_font(Font{}));
     const QString caption = QString::fromStdString(frame_.Caption);
-    const QRect text(caption_indent, 0, painter.fontMetrics().horizontalAdvance(caption) + 6,
-                     caption_height);
+    const QRect text(frame_caption_indent, 0, painter.fontMetrics().horizontalAdvance(caption) + 6,
+                     frame_caption_height);
     painter.fillRect(text, background());
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <vector>
-
 #include <QColor>
 #include <QWidget>
 
+#include "front_ends/common/canvas_looks.h"
+#include "front_ends/common/mouse.h"
 #include "front_ends/qt/window_parts.h"
-#include "platform/mouse.h"
 
 namespace solvanta::qt {
 
@@ -32,17 +29,9 @@ class Canvas : public QWidget {
     void paint_elements(QPainter& painter, const QRegion& region) const;
 
   private:
-    /// What is to be seen of an element: nothing while the area is empty.
-    struct Look {
-        QRect area;
-        std::uint64_t load = 0;      // of a picture
-        std::optional<Label> label;  // a label, as it is
-        bool operator==(const Look&) const = default;
-    };
-
-    Look look(const PictureElement& element) const;
-    Look look(const Label& label) const;
-    QPointF place_in_canvas(const QMouseEvent& event) const;
+    void press(const QMouseEvent& event);
+    QPoint place_in_twips(const QMouseEvent& event) const;
+    QRectF painted_area(const PictureElement& element) const;
     void paint(QPainter& painter, const PictureElement& element) const;
     void paint(QPainter& painter, const Label& label) const;
 
@@ -50,7 +39,7 @@ class Canvas : public QWidget {
     QColor background_;
     WindowParts& parts_;
     Mouse mouse_;
-    std::vector<Look> looks_;  // of the container's elements, as of the last `sync`
+    CanvasLooks looks_;  // as of the last `sync`
 };
 
 /// A frame: its border and caption, and inside the border what its container holds.

@@ -9,7 +9,6 @@
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/rich_text_view.h"
 #include "front_ends/qt/scale.h"
-#include "front_ends/qt/trouble.h"
 #include "rich_text/rtf_reader.h"
 
 namespace solvanta::qt {
@@ -53,14 +52,14 @@ class PictureView final : public QWidget {
     void paintEvent(QPaintEvent* /*event*/) override {
         if (box_.Picture.load_number() == 0) return;
         QPainter painter(this);
-        const QImage& image = parts_.pictures.image(box_.Picture, devicePixelRatioF());
-        if (image.isNull()) {
-            return paint_placeholder(painter, rect(), box_.Picture);
-        }
+        const QImage* const image =
+            parts_.pictures.image(box_.Picture, is_fine(devicePixelRatioF()));
+        if (!image) return paint_placeholder(painter, rect(), box_.Picture);
         painter.fillRect(rect(), parts_.background);
-        QRectF target(QPointF(), image.deviceIndependentSize().scaled(size(), Qt::KeepAspectRatio));
+        QRectF target(QPointF(),
+                      image->deviceIndependentSize().scaled(size(), Qt::KeepAspectRatio));
         target.moveCenter(QRectF(rect()).center());
-        paint_image(painter, target, image, image.rect());
+        paint_image(painter, target, *image, image->rect());
     }
 
   private:
@@ -123,8 +122,6 @@ void show_rtf(QTextEdit& view, const RichTextBox& box) {
     document.setDefaultFont(to_font(box.Font));
     if (const auto text = read_rtf(box.TextRTF)) {
         show_rich_text(*text, document);
-    } else if (!box.TextRTF.empty()) {
-        report_once("RTF", "formatierter Text nicht lesbar");
     }
     view.moveCursor(QTextCursor::Start);
 }
@@ -153,6 +150,7 @@ void build_controls(Container& container, QWidget& parent, WindowParts& parts) {
     for (QObject* child : parent.children()) {
         if (auto* widget = qobject_cast<QWidget*>(child)) {
             widget->setAttribute(Qt::WA_NoMousePropagation);
+            widget->installEventFilter(&parent);
         }
     }
 }

@@ -15,7 +15,7 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                    Qt::WindowCloseButtonHint);
-    setFixedSize(qRound(to_pixels(form.ClientWidth)), qRound(to_pixels(form.ClientHeight)));
+    setFixedSize(logical_scale.edge(form.ClientWidth), logical_scale.edge(form.ClientHeight));
     parts_.background =
         form.BackColor ? to_color(*form.BackColor) : palette().color(QPalette::Window);
     auto* canvas = new Canvas(form, parts_.background, parts_, this);

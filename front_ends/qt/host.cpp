@@ -22,7 +22,7 @@ QtHost::QtHost() {
 }
 
 FormWindow& QtHost::create_window(Form& form) {
-    WindowParts parts{[this](const Event& event) { deliver(event); }, pictures_, {}, {}, {}};
+    WindowParts parts{[this](Event event) { deliver(std::move(event)); }, pictures_, {}, {}, {}};
     FormWindow& window = add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); }));
     if (form.HasIcon) {
@@ -37,14 +37,21 @@ FormWindow& QtHost::create_window(Form& form) {
     return window;
 }
 
-Answer QtHost::message(const std::string& text, Buttons buttons) {
-    if (is_quitting()) return answer_of_closing(buttons);
-    sync();
-    return ask(parent_for_box(), QString::fromStdString(text), buttons);
+void QtHost::open_box(const std::string& text, Buttons buttons) {
+    box_ = show_box(parent_for_box(), QString::fromStdString(text), buttons,
+                    [this](Answer given) { answer(given); });
 }
 
-void QtHost::close_boxes() {
-    QCoreApplication::exit();  // and with it all event loops
+void QtHost::close_box() {
+    box_->close();
+}
+
+void QtHost::soon(Event act) {
+    QMetaObject::invokeMethod(&connections_, std::move(act), Qt::QueuedConnection);
+}
+
+void QtHost::end() {
+    QCoreApplication::exit();
 }
 
 std::string QtHost::program_directory() const {
@@ -78,13 +85,6 @@ QWidget* QtHost::parent_for_box() const {
 void QtHost::sync() {
     WindowHost::sync();
     pictures_.keep_only(loads());
-}
-
-/// The toolkit may still be running code of theirs.
-void QtHost::destroy(std::vector<Owner>& forgotten) {
-    for (Owner& window : forgotten)
-        window.release()->deleteLater();
-    forgotten.clear();
 }
 
 }  // namespace solvanta::qt

@@ -3,11 +3,13 @@
 #include <memory>
 #include <vector>
 
+#include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 
+#include "front_ends/common/window_host.h"
 #include "front_ends/qt/form_window.h"
 #include "front_ends/qt/pictures.h"
-#include "platform/window_host.h"
 
 namespace solvanta::qt {
 
@@ -18,7 +20,6 @@ class QtHost final : public WindowHost<FormWindow> {
     QtHost();
     ~QtHost() override { clear(); }
 
-    Answer message(const std::string& text, Buttons buttons) override;
     std::string program_directory() const override;
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
@@ -29,12 +30,15 @@ class QtHost final : public WindowHost<FormWindow> {
 
   private:
     FormWindow& create_window(Form& form) override;
-    void close_boxes() override;
+    void open_box(const std::string& text, Buttons buttons) override;
+    void close_box() override;
+    void soon(Event act) override;
+    void end() override;
     void sync() override;
-    void destroy(std::vector<Owner>& forgotten) override;
     QWidget* parent_for_box() const;
 
-    Pictures pictures_;
+    Pictures pictures_{decode_picture};
+    QPointer<QMessageBox> box_;
     QObject connections_;  // cuts the connections to the application with the Host's end
 };
 

@@ -7,14 +7,13 @@
 #include <QStyleFactory>
 #include <QTranslator>
 
+#include "front_ends/common/look.h"
+#include "front_ends/common/trouble.h"
 #include "front_ends/qt/fonts.h"
-#include "front_ends/qt/trouble.h"
 
 namespace solvanta::qt {
 namespace {
 
-constexpr int standard_pixels = 12;
-constexpr int button_pixels = 11;
 constexpr int pixmap_cache_kilobytes = 256;
 
 QFont standard_font(int pixels) {
@@ -55,7 +54,7 @@ QColor to_color(const Color& color) {
 }
 
 QFont to_font(const Font& font) {
-    if (font.family.empty()) return standard_font(standard_pixels);
+    if (font.family.empty()) return standard_font(standard_font_pixels);
     QFont result;
     result.setFamilies(font_families(QString::fromStdString(font.family)));
     result.setPixelSize(qMax(1, qRound(font.points * 96 / 72)));
@@ -64,7 +63,7 @@ QFont to_font(const Font& font) {
 }
 
 QFont button_font() {
-    return standard_font(button_pixels);
+    return standard_font(button_font_pixels);
 }
 
 QIcon program_icon(const QString& directory) {

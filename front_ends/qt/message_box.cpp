@@ -1,36 +1,15 @@
 #include "front_ends/qt/message_box.h"
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 
+#include "front_ends/common/boxes.h"
+
 namespace solvanta::qt {
 namespace {
-
-struct Choice {
-    QString text;
-    QMessageBox::ButtonRole role;
-    Answer answer;
-};
-
-/// The buttons of a box, the default one first, the one that Esc means last. Named here rather
-/// than by Qt, they are German with or without its translation.
-std::vector<Choice> choices(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::YesNo:
-            return {{"&Ja", QMessageBox::YesRole, Answer::Yes},
-                    {"&Nein", QMessageBox::NoRole, Answer::No}};
-        case Buttons::OkCancel:
-            return {{"OK", QMessageBox::AcceptRole, Answer::Ok},
-                    {"Abbrechen", QMessageBox::RejectRole, Answer::Cancel}};
-        case Buttons::Ok:
-            break;
-    }
-    return {{"OK", QMessageBox::AcceptRole, Answer::Ok}};
-}
 
 /// What a window manager may add around a box; it can't be known before the box is shown.
 constexpr int frame_allowance = 40;
@@ -42,6 +21,7 @@ class LowBox final : public QMessageBox {
     LowBox(const QString& text, QWidget* parent)
         : QMessageBox(NoIcon, "Solvanta", text, NoButton, parent) {
         setTextFormat(Qt::PlainText);
+        setWindowModality(Qt::ApplicationModal);
     }
 
   protected:
@@ -61,18 +41,23 @@ class LowBox final : public QMessageBox {
 
 }  // namespace
 
-Answer ask(QWidget* parent, const QString& text, Buttons buttons) {
-    LowBox box(text, parent);
-    Answer answer = answer_of_closing(buttons);
-    for (const Choice& choice : choices(buttons)) {
-        QPushButton* button = box.addButton(choice.text, choice.role);
-        QObject::connect(button, &QPushButton::clicked, &box,
-                         [&answer, given = choice.answer] { answer = given; });
-        if (!box.defaultButton()) box.setDefaultButton(button);
-        box.setEscapeButton(button);
+QMessageBox* show_box(QWidget* parent, const QString& text, Buttons buttons, Answered answered) {
+    constexpr const char* answer = "answer";
+    auto* const box = new LowBox(text, parent);
+    for (const BoxButton& choice : buttons_of(buttons)) {
+        QPushButton* button = box->addButton(choice.caption, QMessageBox::AcceptRole);
+        button->setProperty(answer, static_cast<int>(choice.answer));
+        if (!box->defaultButton()) box->setDefaultButton(button);
+        box->setEscapeButton(button);
     }
-    box.exec();
-    return answer;
+    QObject::connect(box, &QDialog::finished, box, [box, answered = std::move(answered)] {
+        const bool pressed = box->clickedButton() != nullptr;
+        const QAbstractButton& button = *(pressed ? box->clickedButton() : box->escapeButton());
+        box->deleteLater();
+        answered(static_cast<Answer>(button.property(answer).toInt()));
+    });
+    box->show();
+    return box;
 }
 
 }  // namespace solvanta::qt

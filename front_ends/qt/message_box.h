@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QWidget>
+#include <QMessageBox>
 
 #include "platform/host.h"
 
 namespace solvanta::qt {
 
-/// Shows a modal box over `parent` and waits; the first button is the default, Esc and the end of
-/// the program answer like closing it.
-Answer ask(QWidget* parent, const QString& text, Buttons buttons);
+/// Shows a modal box over `parent`, which is destroyed when it has been closed; then, however that
+/// was, `answered` is called.
+QMessageBox* show_box(QWidget* parent, const QString& text, Buttons buttons, Answered answered);
 
 }  // namespace solvanta::qt

@@ -37,7 +37,7 @@ QTextOption::Tab to_tab(const TabStop& stop) {
     const auto type = stop.alignment == Alignment::Right      ? QTextOption::RightTab
                       : stop.alignment == Alignment::Centered ? QTextOption::CenterTab
                                                               : QTextOption::LeftTab;
-    return {to_pixels(stop.position), type};
+    return {logical_scale.length(stop.position), type};
 }
 
 void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
@@ -48,9 +48,9 @@ void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
         format.setLineHeight(std::abs(spacing) / single_line_spacing * percent,
                              QTextBlockFormat::ProportionalHeight);
     } else {
-        format.setLineHeight(to_pixels(std::abs(spacing)), spacing > 0
-                                                               ? QTextBlockFormat::MinimumHeight
-                                                               : QTextBlockFormat::FixedHeight);
+        format.setLineHeight(
+            logical_scale.length(std::abs(spacing)),
+            spacing > 0 ? QTextBlockFormat::MinimumHeight : QTextBlockFormat::FixedHeight);
     }
 }
 
@@ -59,10 +59,10 @@ void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
 QTextBlockFormat block_format(const ParagraphLayout& layout, Twips space_owed) {
     QTextBlockFormat format;
     format.setAlignment(to_alignment(layout.alignment));
-    format.setLeftMargin(to_pixels(layout.left));
-    format.setRightMargin(to_pixels(layout.right));
-    format.setTextIndent(to_pixels(layout.first_line));
-    format.setTopMargin(to_pixels(layout.before + space_owed));
+    format.setLeftMargin(logical_scale.length(layout.left));
+    format.setRightMargin(logical_scale.length(layout.right));
+    format.setTextIndent(logical_scale.length(layout.first_line));
+    format.setTopMargin(logical_scale.length(layout.before + space_owed));
     QList<QTextOption::Tab> tabs;
     for (const TabStop& stop : layout.tabs)
         tabs.append(to_tab(stop));
@@ -101,7 +101,7 @@ Writer::Writer(const RichDocument& document, QTextDocument& shown)
       default_font_pixels_(QFontInfo(shown.defaultFont()).pixelSize()),
       cursor_(&shown) {
     QTextOption option = shown.defaultTextOption();
-    option.setTabStopDistance(to_pixels(default_tab_stop));
+    option.setTabStopDistance(logical_scale.length(default_tab_stop));
     shown.setDefaultTextOption(option);
 }
 
@@ -168,8 +168,8 @@ double Writer::greatest_height(const RichParagraph& paragraph) const {
     double line = tallest * line_per_font_height;
     line = paragraph.layout.line_spacing_factor
                ? std::max(line, line * spacing / single_line_spacing)
-               : line + to_pixels(spacing);
-    return lines * line + to_pixels(paragraph.layout.before + paragraph.layout.after);
+               : line + logical_scale.length(spacing);
+    return lines * line + logical_scale.length(paragraph.layout.before + paragraph.layout.after);
 }
 
 /// A document has one block from the start.

@@ -1,27 +1,22 @@
 #pragma once
 
-#include <cmath>
-
 #include <QRect>
 #include <QRectF>
 
-#include "platform/elements.h"
+#include "front_ends/common/scale.h"
 
 namespace solvanta::qt {
 
 /// Twips in logical pixels, which Qt takes to device pixels by itself.
-inline double to_pixels(Twips twips) {
-    return static_cast<double>(twips) / twips_per_pixel;
-}
-
-/// The twip in which a place given in logical pixels lies.
-inline Twips to_twips(double pixels) {
-    return static_cast<Twips>(std::floor(pixels * twips_per_pixel));
-}
+inline constexpr Scale logical_scale;
 
 inline QRectF place_of(const Element& element) {
-    return {to_pixels(element.Left), to_pixels(element.Top), to_pixels(element.Width),
-            to_pixels(element.Height)};
+    return {logical_scale.length(element.Left), logical_scale.length(element.Top),
+            logical_scale.length(element.Width), logical_scale.length(element.Height)};
+}
+
+inline QRect to_qt(const PixelRect& rect) {
+    return {rect.left, rect.top, rect.width(), rect.height()};
 }
 
 }  // namespace solvanta::qt

@@ -12,7 +12,7 @@
 namespace solvanta::qt {
 
 /// Runs one event of an element and then brings all windows in line with their forms.
-using Deliver = std::function<void(const Event&)>;
+using Deliver = std::function<void(Event)>;
 
 /// What the widgets of one window share.
 struct WindowParts {

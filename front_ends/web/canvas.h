@@ -7,9 +7,9 @@
 
 #include "front_ends/web/double_press.h"
 #include "front_ends/web/window_parts.h"
-#include "platform/mouse.h"
-#include "platform/spoken_changes.h"
-#include "platform/walk.h"
+#include "front_ends/common/mouse.h"
+#include "front_ends/common/spoken_changes.h"
+#include "front_ends/common/walk.h"
 
 namespace solvanta::web {
 

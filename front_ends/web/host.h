@@ -6,7 +6,7 @@
 #include "front_ends/web/form_window.h"
 #include "front_ends/web/message_box.h"
 #include "front_ends/web/pictures.h"
-#include "platform/window_host.h"
+#include "front_ends/common/window_host.h"
 
 namespace solvanta::web {
 

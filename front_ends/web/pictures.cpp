@@ -7,7 +7,7 @@
 #include "front_ends/web/border.h"
 #include "front_ends/web/fetching.h"
 #include "front_ends/web/trouble.h"
-#include "platform/picture_bytes.h"
+#include "front_ends/common/picture_bytes.h"
 
 namespace solvanta::web {
 namespace {

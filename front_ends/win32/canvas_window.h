@@ -1,7 +1,7 @@
 #pragma once
 
 #include "front_ends/win32/window_parts.h"
-#include "platform/mouse.h"
+#include "front_ends/common/mouse.h"
 
 namespace solvanta::win32 {
 

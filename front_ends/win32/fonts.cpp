@@ -4,7 +4,7 @@
 #include <cwchar>
 
 #include "front_ends/win32/scale.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 namespace {

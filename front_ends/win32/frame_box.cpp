@@ -5,7 +5,7 @@
 #include <vssym32.h>
 
 #include "front_ends/win32/scale.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 namespace {

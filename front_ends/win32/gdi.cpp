@@ -4,7 +4,7 @@
 
 #include <uxtheme.h>
 
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 

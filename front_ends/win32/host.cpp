@@ -3,7 +3,7 @@
 #include <uxtheme.h>
 
 #include "front_ends/win32/locale_texts.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 

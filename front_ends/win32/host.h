@@ -6,7 +6,7 @@
 #include "front_ends/win32/form_window.h"
 #include "front_ends/win32/message_box.h"
 #include "front_ends/win32/pictures.h"
-#include "platform/window_host.h"
+#include "front_ends/common/window_host.h"
 
 namespace solvanta::win32 {
 

@@ -10,7 +10,7 @@
 
 #include "front_ends/win32/system_library.h"
 #include "front_ends/win32/trouble.h"
-#include "platform/picture_bytes.h"
+#include "front_ends/common/picture_bytes.h"
 #include "scores/durable_file.h"
 
 namespace solvanta::win32 {

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "front_ends/win32/scale.h"
 #include "front_ends/win32/window.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 namespace {

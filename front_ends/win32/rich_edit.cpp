@@ -8,7 +8,7 @@
 #include "front_ends/win32/scale.h"
 #include "front_ends/win32/system_library.h"
 #include "front_ends/win32/trouble.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta::win32 {
 namespace {

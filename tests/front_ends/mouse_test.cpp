@@ -63,8 +63,8 @@ class MouseOnWindow : public FrontEnd {
             const auto button = word.back() == '2' ? MouseButton::Right : MouseButton::Left;
             if (word == "rest") {
                 driver().rest();
-            } else if (word == "settle") {
-                driver().settle();
+            } else if (word == "answered") {
+                EXPECT_TRUE(wait_until([&] { return form.log.back() == '!'; }));
             } else {
                 driver().mouse(form, form.centres.at(word.at(1)), button, word.front() == '+');
             }
@@ -95,7 +95,7 @@ TEST_F(MouseOnWindow, GivesClicksAndDoubleClicks) {
         {"+a +a2 -a2 -a", "a"},
         {"+e -e +e -e +f -f +f -f +g -g +g -g", ""},
         {"+h -h +h -h", "hH"},
-        {"+k -k +k -k settle +k -k", "kK!k"},
+        {"+k -k +k -k answered +k -k", "kK!k"},
     };
     for (const auto& test : cases) {
         start_anew();
@@ -104,8 +104,8 @@ TEST_F(MouseOnWindow, GivesClicksAndDoubleClicks) {
         opens_box.DblClick = [&, log = opens_box.DblClick] {
             log();
             when_box_opens([&] { driver().key(Key::Enter); });
-            host().message("Gratulation! Spiel gewonnen!", Buttons::Ok);
-            form.log += '!';
+            host().ask("Gratulation! Spiel gewonnen!", Buttons::Ok,
+                       [&](Answer) { form.log += '!'; });
         };
         show(form);
         perform(form, test.steps);

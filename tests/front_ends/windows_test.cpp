@@ -33,7 +33,12 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
             if (!key) return driver().close_box();
             driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
         });
-        EXPECT_EQ(host().message("<b>Größe?</b>", buttons), answer) << captions.at(buttons).front();
+        std::optional<Answer> given;
+        host().ask("<b>Größe?</b>", buttons, [&](Answer answered) { given = answered; });
+        EXPECT_FALSE(given);
+        ASSERT_TRUE(wait_until([&] { return given.has_value(); }));
+        EXPECT_EQ(given, answer) << captions.at(buttons).front();
+        EXPECT_FALSE(driver().box());
     }
 }
 
@@ -42,8 +47,7 @@ TEST_F(Boxes, HaveWhatTheHandlerShowedBehindThem) {
     show(form);
     form.button.Click = [&] {
         form.frame.Visible = true;
-        host().message("Neues Spiel?", Buttons::YesNo);
-        form.frame.Visible = false;
+        host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { form.frame.Visible = false; });
     };
     when_box_opens([&] {
         EXPECT_TRUE(driver().control(form, form.box).shown);
@@ -51,7 +55,7 @@ TEST_F(Boxes, HaveWhatTheHandlerShowedBehindThem) {
         driver().close_box();
     });
     click(form, form.button);
-    EXPECT_FALSE(driver().control(form, form.box).shown);
+    EXPECT_TRUE(wait_until([&] { return !driver().control(form, form.box).shown; }));
 }
 
 TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
@@ -75,7 +79,9 @@ TEST_F(Boxes, LetTimersGoOnAndKeepTheMouseOut) {
         tap(form, {20, 20});
         close_after_ticks();
     });
-    host().message("Neues Spiel?", Buttons::YesNo);
+    bool answered = false;
+    host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { answered = true; });
+    EXPECT_TRUE(wait_until([&] { return answered; }));
     EXPECT_EQ(clicks, 0);
 }
 
@@ -135,7 +141,7 @@ TEST_F(Windows, ComeToTheFrontAtTheirSize) {
 }
 
 // A desktop that saves its state ends nothing. Whatever ends the program while a box is open ends
-// the box too; the handler below it runs to its end.
+// the box too, and nothing more is heard of it.
 TEST_F(Windows, EndTheProgramEvenBelowABox) {
     for (const bool by_the_desktop : {true, false}) {
         start_anew();
@@ -143,11 +149,12 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         TestForm other("Hilfe");
         std::string log;
         form.Saving = [&] { log += "saving "; };
-        form.Closed = [&] { log += "closed ", host().quit(); };
-        form.button.Click = [&] {
-            log += host().message("Neues Spiel?", Buttons::YesNo) == Answer::No ? "no " : "yes ";
-            log += host().message("Noch etwas?", Buttons::Ok) == Answer::Ok ? "ok " : "? ";
+        form.Closed = [&] {
+            log += "closed ", host().quit();
             host().show(other);  // too late
+        };
+        form.button.Click = [&] {
+            host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { log += "answered "; });
         };
         show(form);
         show(other);
@@ -157,8 +164,8 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         when_box_opens([&] { by_the_desktop ? driver().close(form.Caption) : form.Closed(); });
         driver().later(0, [&] { tap(form, place_of(form, form.button).centre()); });
         EXPECT_TRUE(driver().run());
-        EXPECT_EQ(log, "saving closed no ok ");
-        EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe"));
+        EXPECT_EQ(log, "saving closed ");
+        EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe") || driver().box());
     }
 }
 

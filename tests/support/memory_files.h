@@ -6,14 +6,14 @@
 #include <string>
 #include <utility>
 
-#include "scores/durable_file.h"
+#include "files/durable_files.h"
 #include "view/pictures.h"
 
 namespace solvanta::test {
 
 /// Files in memory whose every call can be made to fail: names of the calls run through `before`,
 /// and an error it answers is what the call answers, undone.
-class MemoryFiles : public FileCalls {
+class MemoryFiles final : public FileCalls {
   public:
     MemoryFiles() = default;
     explicit MemoryFiles(std::string list) : files{{list_path, std::move(list)}} {}

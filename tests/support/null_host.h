@@ -17,13 +17,15 @@ class NullHost : public Host {
 
     void hide(Form& form) override { visible.erase(&form); }
 
-    Answer message(const std::string& text, Buttons buttons) override {
+    void ask(const std::string& text, Buttons buttons, Answered then) override {
         messages.push_back({text, buttons});
+        Answer answer = buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
         if (during_message) during_message();
-        if (answers.empty()) return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
-        const Answer answer = answers.front();
-        answers.pop_front();
-        return answer;
+        if (!answers.empty()) {
+            answer = answers.front();
+            answers.pop_front();
+        }
+        if (!has_quit) then(answer);
     }
 
     void set_focus(TextBox& box) override { focused = &box; }

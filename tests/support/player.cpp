@@ -98,7 +98,7 @@ void expect_table_shows(const Form_Main& table) {
 Player::Player(std::uint64_t seed, const MemoryFiles& at_start)
     : files(at_start),
       table(
-          host, [seed]() mutable { return random_from_seed(seed++); }, files) {
+          host, [seed]() mutable { return random_from_seed(seed++); }, durable) {
     table.Form_Load();
     host.show(table);
 }
@@ -121,15 +121,14 @@ void Player::deal() {
 }
 
 void Player::click(Twips x, Twips y) {
-    mouse_.press(x, y);
-    mouse_.release(x, y);
+    hand_.click(x, y);
     check();
 }
 
 void Player::double_click(Twips x, Twips y) {
     click(x, y);
-    mouse_.double_press(x, y);
-    mouse_.release(x, y);
+    hand_.double_press(x, y);
+    hand_.release(x, y);
     check();
 }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "app/form_main.h"
-#include "platform/mouse.h"
+#include "tests/support/hand.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/null_host.h"
 #include "tests/support/position.h"
@@ -48,13 +48,14 @@ class Player {
     std::function<void(Twips x, Twips y, bool twice)> on_click;
 
     MemoryFiles files;
+    DurableFiles durable{files};
     NullHost host;
     Form_Main table;
 
   private:
     void play_word(const std::string& word);
 
-    Mouse mouse_{table};
+    Hand hand_{table};
     bool on_the_left_ = false;
 };
 

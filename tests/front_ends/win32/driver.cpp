@@ -9,7 +9,7 @@
 #include <windows.h>
 
 #include "front_ends/win32/host.h"
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 #include "tests/support/real_files.h"
 
 namespace solvanta::test {

@@ -9,9 +9,12 @@
 
 namespace solvanta {
 
-/// What the Hosts have in common: the windows, one for each form shown, and the events that run in
-/// them. `Window` is a window system's window of a form, with `form`, `sync`, `bring_forward`,
-/// `hide`, `focus` and `let_go`.
+/// What the Hosts have in common: the windows, one for each form shown, the events that run in
+/// them, and the message box. `Window` is a window system's window of a form, with `form`, `sync`,
+/// `bring_forward`, `hide`, `focus` and `let_go`.
+///
+/// Events run one at a time and in copies, so that they may destroy what they belong to. A window
+/// let go of is destroyed `soon`, when no code of its own can be running.
 template <typename Window>
 class WindowHost : public Host {
   public:
@@ -34,21 +37,24 @@ class WindowHost : public Host {
         }
     }
 
-    void quit() override {
-        quitting_ = true;
-        close_boxes();
-        settle();
+    void ask(const std::string& text, Buttons buttons, Answered then) override {
+        if (quitting_) return;
+        sync();
+        answered_ = std::move(then);
+        open_box(text, buttons);
     }
 
-    /// Runs an event, nothing after `quit`, and then brings the windows in line.
-    void deliver(const Event& event) {
+    void quit() override {
+        if (std::exchange(quitting_, true)) return;
+        if (std::exchange(answered_, nullptr)) close_box();
+        soon([this] { close_all(); });
+    }
+
+    /// Runs an event, if there is one, and then brings the windows in line; nothing after `quit`.
+    void deliver(Event event) {
         if (quitting_) return;
-        {
-            const Running running(running_events_);
-            if (event) event();
-        }
+        if (event) event();
         if (!quitting_) sync();
-        settle();
     }
 
     /// Tells every form that the desktop saves its state.
@@ -61,7 +67,6 @@ class WindowHost : public Host {
     }
 
     bool is_quitting() const { return quitting_; }
-    bool is_busy() const { return running_events_ > 0; }
 
   protected:
     using Owner = std::unique_ptr<Window>;
@@ -69,11 +74,24 @@ class WindowHost : public Host {
     /// Makes the window of `form` and hands it over to `add`.
     virtual Window& create_window(Form& form) = 0;
 
-    /// Ends the message boxes that are open, after `quit`.
-    virtual void close_boxes() = 0;
+    /// Opens the message box, to end in `answer` when the player has closed it.
+    virtual void open_box(const std::string& text, Buttons buttons) = 0;
+    virtual void close_box() = 0;
 
-    /// Called after `quit` and after the event during which it came, when no window is left.
-    virtual void end() {}
+    /// The player has closed the box.
+    void answer(Answer answer) {
+        if (const Answered then = std::exchange(answered_, nullptr)) {
+            deliver([&] { then(answer); });
+        }
+    }
+
+    bool box_is_open() const { return static_cast<bool>(answered_); }
+
+    /// Calls `act` from the event loop, when no code of a window is running.
+    virtual void soon(Event act) = 0;
+
+    /// Called when the last window has gone after `quit`.
+    virtual void end() = 0;
 
     virtual void bring_forward(Window& window) { window.bring_forward(); }
 
@@ -82,16 +100,9 @@ class WindowHost : public Host {
             window->sync();
     }
 
-    /// Destroys the windows let go of; called when no event is running.
-    virtual void destroy(std::vector<Owner>& forgotten) { forgotten.clear(); }
-
-    void destroy_forgotten() {
-        if (!is_busy()) forgotten_.clear();
-    }
-
     /// The player has closed the window.
     virtual void close(Window& window) {
-        const Event closed = window.form().Closed;  // the handler may destroy the form
+        const Event closed = window.form().Closed;
         forget(window);
         deliver(closed);
     }
@@ -126,40 +137,24 @@ class WindowHost : public Host {
     }
 
   private:
-    /// Counts an event while it runs, also when it ends by an exception.
-    class Running {
-      public:
-        explicit Running(int& count) : count_(count) { ++count_; }
-        Running(const Running&) = delete;
-        Running& operator=(const Running&) = delete;
-        ~Running() { --count_; }
-
-      private:
-        int& count_;
-    };
-
     void forget(Window& window) {
         window.let_go();
         const auto found = std::find_if(windows_.begin(), windows_.end(),
                                         [&](const Owner& other) { return other.get() == &window; });
         forgotten_.push_back(std::move(*found));
         windows_.erase(found);
+        soon([this] { forgotten_.clear(); });
     }
 
-    /// Between events: closes all windows after `quit`.
-    void settle() {
-        if (is_busy()) return;
-        if (quitting_) {
-            while (!windows_.empty())
-                forget(*windows_.back());
-            end();
-        }
-        destroy(forgotten_);
+    void close_all() {
+        while (!windows_.empty())
+            forget(*windows_.back());
+        end();
     }
 
     std::vector<Owner> windows_;
     std::vector<Owner> forgotten_;  // kept while code of theirs may still run
-    int running_events_ = 0;
+    Answered answered_;             // while a message box is open
     bool quitting_ = false;
 };
 

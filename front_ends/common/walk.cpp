@@ -1,4 +1,4 @@
-#include "platform/walk.h"
+#include "front_ends/common/walk.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -24,5 +26,9 @@ struct PlainBitmap {
 /// The pixels of a whole bitmap of the plainest kind, 24 bits and not compressed, which needs no
 /// decoder; nothing for every other file, and for one wider or higher than `largest_side`.
 std::optional<PlainBitmap> plain_bitmap(std::string_view bytes, int largest_side);
+
+/// Writes these pixels as 0xFFRRGGBB, a line at a time from the top; `line` tells where each goes.
+void copy_pixels(std::string_view bytes, const PlainBitmap& bitmap,
+                 const std::function<std::uint32_t*(int y)>& line);
 
 }  // namespace solvanta

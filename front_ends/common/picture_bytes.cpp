@@ -1,4 +1,4 @@
-#include "platform/picture_bytes.h"
+#include "front_ends/common/picture_bytes.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -124,6 +124,18 @@ std::optional<PlainBitmap> plain_bitmap(std::string_view bytes, int largest_side
     if (width == 0 || width > limit || height == 0 || height > limit) return {};
     return PlainBitmap{static_cast<int>(width), static_cast<int>(height), file.number(10, 4),
                        static_cast<std::size_t>(line_bytes(width, bits))};
+}
+
+void copy_pixels(std::string_view bytes, const PlainBitmap& bitmap,
+                 const std::function<std::uint32_t*(int y)>& line) {
+    const auto* from = reinterpret_cast<const unsigned char*>(bytes.data()) + bitmap.start;
+    for (int y = bitmap.height - 1; y >= 0; --y, from += bitmap.line_bytes) {
+        std::uint32_t* const pixels = line(y);
+        const unsigned char* bgr = from;
+        for (int x = 0; x < bitmap.width; ++x, bgr += 3)
+            pixels[x] =
+                0xFF000000U | std::uint32_t{bgr[2]} << 16U | std::uint32_t{bgr[1]} << 8U | bgr[0];
+    }
 }
 
 }  // namespace solvanta

@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "scores/durable_file.h"
+#include "files/file_calls.h"
 
 namespace solvanta {
 namespace {

@@ -1,4 +1,4 @@
-#include "scores/windows_1252.h"
+#include "text/windows_1252.h"
 
 #include <array>
 #include <cstddef>

@@ -4,9 +4,9 @@
 
 #include <windows.h>
 
-#include "platform/windows_text.h"
-#include "scores/durable_file.h"
-#include "scores/windows_error.h"
+#include "files/file_calls.h"
+#include "files/windows_error.h"
+#include "text/windows_text.h"
 
 namespace solvanta {
 namespace {

@@ -1,8 +1,8 @@
-#include "platform/spoken_changes.h"
+#include "front_ends/common/spoken_changes.h"
 
 #include <utility>
 
-#include "platform/walk.h"
+#include "front_ends/common/walk.h"
 
 namespace solvanta {
 

@@ -1,10 +1,10 @@
-#include "scores/windows_error.h"
+#include "files/windows_error.h"
 
 #include <string>
 
 #include <windows.h>
 
-#include "platform/windows_text.h"
+#include "text/windows_text.h"
 
 namespace solvanta {
 namespace {

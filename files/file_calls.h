@@ -15,8 +15,7 @@ class FileCalls {
     FileCalls& operator=(const FileCalls&) = delete;
     virtual ~FileCalls() = default;
 
-    /// Reads a regular file of at most `limit` bytes whole. A missing file is
-    /// `no_such_file_or_directory`, a longer one `file_too_large`. After an error `bytes` is empty.
+    /// As `Files::read`.
     virtual std::error_code read(const std::string& path, std::size_t limit,
                                  std::string& bytes) = 0;
 
@@ -48,16 +47,5 @@ class FileCalls {
 
 /// The system's own calls.
 FileCalls& system_file_calls();
-
-/// Replaces the file at `path` by `bytes` so that at every moment, a crash included, it holds the
-/// old content or the new one whole. The new content goes to `path` + ".tmp" first, which is never
-/// read as data. On an error the old file is untouched and the temporary one removed, except
-/// that after a failed directory sync the new file is already in place.
-///
-/// Where the directory lets no new file be made or put in the place of the old one, and the old one
-/// may be read and written, it is written in place as the last resort: the new content over the
-/// old, flushed, then the rest of the old cut off. A crash within the write itself can then leave a
-/// mixture of both. On an error the old content is put back as far as the system allows.
-std::error_code replace_file(FileCalls& calls, const std::string& path, std::string_view bytes);
 
 }  // namespace solvanta

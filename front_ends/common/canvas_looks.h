@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "front_ends/common/scale.h"
+#include "platform/elements.h"
+
+namespace solvanta {
+
+/// What a window shows of a container's pictures and labels, so that only what has changed is
+/// painted anew.
+class CanvasLooks {
+  public:
+    /// Where a picture to be seen is painted, in pixels of the window: at its own size.
+    using PictureArea = std::function<PixelRect(const PictureElement&)>;
+
+    /// Looks at the container again; the smallest rectangle around all that looks otherwise than at
+    /// the last call. One rectangle: clipped to many, pictures are slower to paint than all
+    /// between.
+    PixelRect changes(const Container& container, const Scale& scale, const PictureArea& area_of);
+
+    /// Where the element of that place in the container is painted; empty when it is not.
+    const PixelRect& area(std::size_t index) const { return looks_[index].area; }
+
+  private:
+    struct Look {
+        PixelRect area;
+        std::uint64_t load = 0;      // of a picture
+        std::optional<Label> label;  // a label, as it is
+        bool operator==(const Look&) const = default;
+    };
+
+    static Look look(const Painted& item, const Scale& scale, const PictureArea& area_of);
+
+    std::vector<Look> looks_;
+};
+
+}  // namespace solvanta

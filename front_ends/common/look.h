@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/elements.h"
+
+// What looks the same in every window system that paints it. Lengths are pixels at 96 dots per
+// inch.
+
+namespace solvanta {
+
+/// A frame: its border lies so far inside its area, and its caption begins so far from the left.
+inline constexpr int frame_margin = 4;
+inline constexpr int frame_caption_height = 15;
+inline constexpr int frame_caption_indent = 9;
+
+inline constexpr int standard_font_pixels = 12;
+inline constexpr int button_font_pixels = 11;  // legible in a button 17 pixels high
+
+/// What stands in for a picture that can't be read: a light box bearing its file's name.
+inline constexpr Color placeholder_border{0x50, 0x50, 0x50};
+inline constexpr Color placeholder_ground{0xF6, 0xF2, 0xE4};
+inline constexpr Color placeholder_ink{0, 0, 0};
+
+/// The largest font, in pixels, in which a placeholder's name is one line that fits; `fits` is
+/// asked for each size.
+template <typename Fits>
+int placeholder_font_pixels(const Fits& fits) {
+    constexpr int smallest = 7;
+    int pixels = 11;
+    while (pixels > smallest && !fits(pixels))
+        --pixels;
+    return pixels;
+}
+
+}  // namespace solvanta
