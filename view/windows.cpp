@@ -134,6 +134,7 @@ constexpr Place face_down_place(int row, int i) {
             face_down_step};
 }
 
+/// As designed: the first refresh gives every row but the exposed one the size of its strip.
 constexpr Place face_up_place(int row, int i) {
     const Twips left = column_left + column_pitch * i;
     if (row == 1) return {left, 5760, card_width, card_height};

@@ -24,8 +24,10 @@ Span along_of(const PictureElement& element, bool horizontal) {
     return across_of(element, !horizontal);
 }
 
-/// How far it is; nothing below 0 is in that direction. Up and down lead along a column. Left and
-/// right lead to the next column as well, whatever its height, before they leave it out.
+/// The price of a step from one place to another; below 0 when it does not lead in that direction.
+/// A place in line costs its distance, and a little more the further its middle lies off the line.
+/// Left and right also reach what is not in line, at a higher price: columns differ in height, and
+/// from the end of a long one a step must not pass over a short one beside it.
 Twips cost(const PictureElement& from, const PictureElement& to, Direction direction) {
     const bool horizontal = direction == Direction::Left || direction == Direction::Right;
     const bool backward = direction == Direction::Left || direction == Direction::Up;
