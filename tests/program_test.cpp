@@ -96,8 +96,10 @@ TEST_F(Program, TakesAWinIntoTheList) {
     EXPECT_EQ(list_file, file_at_win);
     win(50);
     EXPECT_EQ(table.Platz.Caption, "Platz: 1");
+    player.host.now = {2026, 12, 25, 23, 10};
     player.enter_name("");
     EXPECT_EQ(state.BestName(1) + state.BestName(4), " J\xF6rg \x94\x80\x94 ");
+    EXPECT_EQ(state.BestDate(1), "25. Dez 2026 23:10");
 }
 
 TEST_F(Program, CongratulatesAndCountsTheTooSlow) {
@@ -112,6 +114,17 @@ TEST_F(Program, CongratulatesAndCountsTheTooSlow) {
     expect_name_entry(false);
     EXPECT_EQ(list_file, full.replace(full.find("9,3"), 3, "9,4"));
     EXPECT_EQ(state.WonSinceStart, 1);
+    // Whatever comes while the box stands: the win is counted once, and before anything ends.
+    player.host.boxes_stay = true;
+    for (const Event& end : {table.Saving, table.Command_Beenden.Click}) {
+        const int won = state.GamesWon;
+        win(10);
+        EXPECT_EQ(state.GamesWon, won);
+        end();
+        EXPECT_EQ(list_file, format_best_times(state));
+        player.host.open_box(Answer::Ok);
+        EXPECT_EQ(state.GamesWon, won + 1);
+    }
 }
 
 TEST_F(Program, EntersAPendingNameBeforeWhatOvertakesIt) {

@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -42,14 +42,53 @@ TEST(Table, LoadsItsPicturesAgainAtEachRefresh) {
     }
 }
 
+/// The pictures to be seen in a column and above it, in stacking order: the file's name, the top
+/// edge and, where the picture is cut off, the height.
+std::string pictures_at(const Form_Main& table, Twips left) {
+    std::string text;
+    for (const Painted& item : table.canvas) {
+        auto* const* slot = std::get_if<PictureElement*>(&item);
+        if (!slot || !(*slot)->Visible || (*slot)->Left / 1200 != left / 1200) continue;
+        const std::string& path = (*slot)->Picture.path();
+        text += path.substr(9, path.size() - 13) + '@' + std::to_string((*slot)->Top) +
+                ((*slot)->CutToHeight ? "/" + std::to_string((*slot)->Height) : "") + ' ';
+    }
+    return text;
+}
+
+TEST(Table, ShowsItsPositions) {
+    const std::tuple<const char*, Twips, const char*> cases[] = {
+        {"1 H1 P2 | HK XD HB", 120,
+         "Leer@120 Back_verdeckt@1800 Back_verdeckt@1920 Herz_B@2520 Kreuz_D@2280/240 "
+         "Herz_K@2040/240 "},
+        {"F 0 10; 2 K1 | P5?", 1320, "Pick_10@120 Back_verdeckt@1800 Back_ganz@1920 "},
+        {"F 0 0 1; 1 HK; sel 1", 2520, "Karo_1@120 Leer@1800 "},
+        {"4 HK; sel 4", 3720, "Leer@120 Herz_K@1800 zeiger@1440 "},
+        {"W K2 X10; sel 0", 11160, "Kreuz_10@120 Leer@1800 zeiger@20 "},
+        {"W K2; 9 XK", 9960, "Back_ganz@120 Kreuz_K@1800 "},
+        {"S; F 13 13 13 13 13 13 13 12; 9 XK", 9960, "Leer@120 Kreuz_K@1800 "},
+    };
+    Player player;
+    for (const auto& [position, left, shown] : cases) {
+        player.set_up(position);
+        EXPECT_EQ(pictures_at(player.table, left), shown) << position;
+    }
+    const std::pair<const char*, const char*> passes[] = {{"", "1.Runde: 3 Karten heben"},
+                                                          {"D 2", "2.Runde: 2 Karten heben"},
+                                                          {"D 1", "3.Runde: 1 Karte heben"}};
+    for (const auto& [position, status] : passes) {
+        player.set_up(position);
+        EXPECT_EQ(player.table.Status.Caption, status);
+    }
+}
+
 using Elements = std::vector<const Element*>;
 
 template <typename Listed>
 Elements elements_of(const std::vector<Listed>& listed) {
     Elements elements;
-    for (const Listed& item : listed) {
+    for (const Listed& item : listed)
         std::visit([&elements](const Element* element) { elements.push_back(element); }, item);
-    }
     return elements;
 }
 
@@ -58,27 +97,21 @@ TEST(Layout, ListsEveryElementOnceInItsOrderAndWithinItsWindow) {
     const BestTimesWindow list;
     const HelpWindow help;
     // Card slots never overlap one another, so only what may lie above them has its order.
-    Elements canvas = elements_of(table.canvas);
-    Elements slots{&table.Source_Hide, &table.Source};
-    const auto add = [&slots](const auto& row) {
-        for (const PictureElement& slot : row)
-            slots.push_back(&slot);
-    };
-    add(table.Stapel);
-    std::for_each(table.Ih.begin(), table.Ih.end(), add);
-    std::for_each(table.Iv.begin(), table.Iv.end(), add);
-    ASSERT_EQ(canvas.size(), slots.size() + 3);
-    EXPECT_EQ(Elements(canvas.end() - 3, canvas.end()),
+    const Elements canvas = elements_of(table.canvas);
+    constexpr std::size_t slots = 2 + 8 + 10 * (9 + 13);
+    EXPECT_EQ(std::set(canvas.begin(), canvas.end()).size(), slots + 3);
+    ASSERT_EQ(canvas.size(), slots + 3);
+    EXPECT_EQ(Elements(canvas.begin() + slots, canvas.end()),
               (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige}));
-    EXPECT_TRUE(std::is_permutation(slots.begin(), slots.end(), canvas.begin()));
-
     EXPECT_EQ(elements_of(table.controls),
               (Elements{&table.Command1, &table.FrBestzeiteintrag, &table.Comm_highscore,
                         &table.Command3, &table.Command_Beenden, &table.Scull, &table.Diddle}));
     EXPECT_EQ(elements_of(table.FrBestzeiteintrag.canvas), (Elements{&table.Label1, &table.Platz}));
     EXPECT_EQ(elements_of(table.FrBestzeiteintrag.controls), Elements{&table.InName});
-    ASSERT_EQ(table.timers.size(), 1U);
-    EXPECT_EQ(table.timers.front(), &table.Timer1);
+    EXPECT_TRUE(table.Status.BackColor == table.BackColor &&
+                table.Zeitanzeige.BackColor == table.BackColor);
+    EXPECT_FALSE(table.Label1.BackColor || table.Platz.BackColor);
+    EXPECT_EQ(table.timers, std::vector{const_cast<Timer*>(&table.Timer1)});
     EXPECT_EQ(table.Timer1.Interval, 1000);
     EXPECT_EQ(elements_of(list.controls),
               (Elements{&list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore}));

@@ -19,6 +19,10 @@ class NullHost : public Host {
 
     void ask(const std::string& text, Buttons buttons, Answered then) override {
         messages.push_back({text, buttons});
+        if (boxes_stay) {
+            open_box = std::move(then);
+            return;
+        }
         Answer answer = buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
         if (during_message) during_message();
         if (!answers.empty()) {
@@ -48,6 +52,8 @@ class NullHost : public Host {
     std::deque<Answer> answers;  ///< given in turn; without one the default button is pressed
     using Message = std::pair<std::string, Buttons>;
     std::vector<Message> messages;
+    bool boxes_stay = false;  ///< open, in `open_box`, until the test answers
+    Answered open_box;
     Event during_message;
     std::set<Form*> visible;
     TextBox* focused = nullptr;
