@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks that a released program is hardened as cmake/hardening.cmake says. $1: the program.
+# Checks that a released program is hardened as tools/cmake/hardening.cmake says. $1: the program.
 set -euo pipefail
 headers=$(LC_ALL=C readelf --wide --file-header --program-headers --dynamic --notes "$1")
 symbols=$(LC_ALL=C readelf --wide --dyn-syms "$1")

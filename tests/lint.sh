@@ -7,7 +7,8 @@
 # clang-tidy looks at what these are configured to build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-folders=(app benchmarks core front_ends fuzz pictures platform rich_text scores tests view)
+shopt -s extglob
+folders=(!(build)/)
 
 find "${folders[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
 cppcheck --quiet --error-exitcode=1 --language=c++ --std=c++20 --inline-suppr \

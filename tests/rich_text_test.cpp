@@ -212,7 +212,7 @@ TEST(RichText, KeepsItsLimits) {
 
 TEST(Help, ReadsWholeInAnyWordProcessorsAlphabet) {
     const auto root = std::filesystem::path(__FILE__).parent_path().parent_path();
-    std::ifstream file(root / "help" / "Help.rtf", std::ios::binary);
+    std::ifstream file(root / "shipped" / "Help.rtf", std::ios::binary);
     const std::string rtf{std::istreambuf_iterator<char>(file), {}};
     for (const char c : rtf)
         ASSERT_TRUE(c == '\n' || c == '\r' || (c >= ' ' && c <= '~'));

@@ -14,7 +14,7 @@ play_web() {
     local opener=
     if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then opener=$(command -v xdg-open || true); fi
     say "Solvanta is played in the browser under this address; Ctrl+C ends."
-    exec node setup/serve.mjs build/web/Solvanta $opener
+    exec node tools/setup/serve.mjs build/web/Solvanta $opener
 }
 
 # Builds what ctest runs with the preset web, with the hand that the checks use in the browser.

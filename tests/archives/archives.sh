@@ -4,8 +4,8 @@
 # player's menu and out again.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-. setup/packages.sh
-. setup/web.sh
+. tools/setup/packages.sh
+. tools/setup/web.sh
 unset XDG_DATA_HOME
 
 id=org.solvanta.solvanta
@@ -15,12 +15,12 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 fail() {
-    printf 'packages: %s\n' "$*" >&2
+    printf 'archives: %s\n' "$*" >&2
     exit 1
 }
 
-# package_clone FOLDER SURROUNDINGS...
-package_clone() {
+# archives_of_clone FOLDER SURROUNDINGS...
+archives_of_clone() {
     git clone --quiet . "$work/$1"
     env "${@:2}" "$work/$1/package" >/dev/null
 }
@@ -45,9 +45,9 @@ check_files() {
 check_windows() (
     local to="$work/Spiele für Jörg"
     unzip -q "$archives"/Solvanta-*-windows-*.zip -d "$to"
-    check_files "$to"/* pictures/*.{bmp,gif,ico,jpg} help/Help.rtf
+    check_files "$to"/* shipped/*.{bmp,gif,ico,jpg} shipped/Help.rtf
     ! grep -vl $'\r$' "$to"/*/LI* || fail "lines that Windows ends otherwise"
-    . setup/wine.sh
+    . tools/setup/wine.sh
     prepare_wine build/windows/wine
     TMPDIR=$to tests/tour/tour.sh "$to"/* build/windows/tests/tour/tour_clicks.exe \
         build/tour-unpacked-windows >/dev/null
@@ -56,12 +56,12 @@ check_windows() (
 check_web() {
     local to="$work/Spiele im Netz für Jörg" tour=build/web/tests/tour/web
     unzip -q "$archives"/Solvanta-*-web.zip -d "$to"
-    check_files "$to"/* pictures/*.{bmp,gif,jpg,png} help/Help.rtf LICENSE
+    check_files "$to"/* shipped/*.{bmp,gif,jpg,png} shipped/Help.rtf LICENSE
     node $tour/tour.mjs "$to"/* $tour/tour_clicks.js build/tour-unpacked-web >/dev/null
 }
 
 check_contents() {
-    check_files "$game" pictures/*.{bmp,gif,ico,jpg,png} help/Help.rtf LICENSE
+    check_files "$game" shipped/* LICENSE
     ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\]" ||
         fail "the program needs what LIESMICH.txt does not name"
     ! readelf -SW "$game/Solvanta" | grep -F '.symtab' || fail "the program has its symbols"
@@ -102,15 +102,15 @@ check_menu() {
     done
 }
 
-install_packages $packages_build $packages_package $packages_package_test $packages_windows \
+install_packages $packages_build $packages_archives $packages_archives_test $packages_windows \
     $packages_windows_test
 configure_and_build release "-DSOLVANTA_TESTS=ON" tour_clicks
 configure_and_build windows "-DSOLVANTA_TESTS=ON" tour_clicks
 build_web_tests
-package_clone one TZ=UTC
-(umask 077 && package_clone "another one" TZ=Asia/Tokyo LC_ALL=C)
-archives="$work/one/build/packages"
-diff -r "$archives" "$work/another one/build/packages"
+archives_of_clone one TZ=UTC
+(umask 077 && archives_of_clone "another one" TZ=Asia/Tokyo LC_ALL=C)
+archives="$work/one/build/archives"
+diff -r "$archives" "$work/another one/build/archives"
 (cd "$archives" && sha256sum --check --quiet --strict SHA256SUMS)
 unpack
 check_windows

@@ -1,13 +1,9 @@
 # The program directory of a build: the program looks for its pictures and its help beside itself.
 set(program_directory "${PROJECT_BINARY_DIR}/Solvanta")
-set(pictures "${PROJECT_SOURCE_DIR}/pictures")
-file(GLOB shipped_files CONFIGURE_DEPENDS
-    "${pictures}/*.bmp" "${pictures}/*.jpg" "${pictures}/*.gif" "${pictures}/*.ico"
-    "${PROJECT_SOURCE_DIR}/help/Help.rtf")
-if(NOT WIN32)
-    # The icon in the sizes that desktops ask for; a program for Windows has it inside.
-    file(GLOB icons CONFIGURE_DEPENDS "${pictures}/*.png")
-    list(APPEND shipped_files ${icons})
+file(GLOB shipped_files CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/shipped/*")
+if(WIN32)
+    # The icon in the sizes that desktops ask for: a program for Windows has it inside.
+    list(FILTER shipped_files EXCLUDE REGEX "\\.png$")
 endif()
 set(copied_files "")
 foreach(file IN LISTS shipped_files)

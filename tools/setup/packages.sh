@@ -1,5 +1,5 @@
-# What building, playing, testing and packaging need, for the commands ./play, ./test and ./package
-# to source.
+# Installing the packages that are missing, and building, for the commands ./play, ./test and
+# ./package to source.
 
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
@@ -7,11 +7,11 @@ packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool x
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
 packages_lint="clang-format clang-tidy cppcheck"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
-packages_package="git zip"
+packages_archives="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_windows_test="$packages_tour googletest icoutils locales python3 wine wine64"
 packages_benchmark="fontconfig libbenchmark-dev libxcb-xtest0-dev valgrind"
-packages_package_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
+packages_archives_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
 
 say() {
     printf '%s\n' "$*" >&2
