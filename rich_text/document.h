@@ -32,6 +32,8 @@ struct CharacterLook {
     bool underline = false;
     bool strike = false;
     Script script = Script::Normal;
+
+    friend bool operator==(const CharacterLook&, const CharacterLook&) = default;
 };
 
 /// Characters of one look. A tab is U+0009, a line break within the paragraph U+2028.

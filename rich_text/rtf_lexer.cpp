@@ -4,7 +4,6 @@
 #include <charconv>
 #include <iterator>
 #include <limits>
-#include <system_error>
 
 namespace solvanta {
 namespace {
@@ -86,12 +85,10 @@ std::optional<int> RtfLexer::number() {
     const std::size_t digits = run_length(rest_.substr(sign), is_digit);
     if (digits == 0) return std::nullopt;
     const std::string_view written = take(sign + digits);
-    int value = 0;
-    if (std::from_chars(written.data(), written.data() + written.size(), value).ec == std::errc()) {
-        return value;
-    }
     constexpr int most = std::numeric_limits<int>::max();
-    return sign == 0 ? most : -most;
+    int value = sign == 0 ? most : -most;  // stays so if the number is beyond it
+    std::from_chars(written.data(), written.data() + written.size(), value);
+    return value;
 }
 
 }  // namespace solvanta

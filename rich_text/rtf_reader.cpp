@@ -7,8 +7,9 @@
 #include <string>
 #include <utility>
 
-#include "rich_text/document_builder.h"
 #include "rich_text/rtf_lexer.h"
+#include "rich_text/rtf_tables.h"
+#include "rich_text/rtf_text.h"
 #include "rich_text/rtf_words.h"
 #include "text/windows_1252.h"
 
@@ -31,7 +32,7 @@ char16_t to_character(unsigned char byte) {
 class Reader {
   public:
     Reader(std::string_view inside, RichDocument& document)
-        : lexer_(inside), tables_(document.fonts), builder_(document.paragraphs, tables_) {}
+        : lexer_(inside), fonts_(document.fonts), text_(document.paragraphs, fonts_, colors_) {}
 
     void run();
 
@@ -41,40 +42,32 @@ class Reader {
     void begin_group();
     void end_group();
     void word(std::string_view name, RtfNumber number);
-    void text_word(std::string_view name, RtfNumber number);
-    void font_word(std::string_view name, RtfNumber number);
-    void color_word(std::string_view name, RtfNumber number);
+    RtfSink* sink_named(std::string_view name);
     void symbol(unsigned char byte);
     void unicode(RtfNumber number);
     void byte(unsigned char value);
-    void character(char16_t unit);
-    void end_paragraph();
-    void end_font();
+    void character(char16_t unit) { group().sink->character(unit, group()); }
 
     RtfGroup& group() { return groups_.back(); }
 
     RtfLexer lexer_;
-    RtfTables tables_;
-    DocumentBuilder builder_;
-    std::vector<RtfGroup> groups_ = std::vector<RtfGroup>(1);
+    RtfFonts fonts_;
+    RtfColors colors_;
+    RtfText text_;
+    RtfSink skipped_;
+    std::vector<RtfGroup> groups_{{.sink = &text_}};
     std::size_t groups_beyond_ = 0;  // open groups that share the deepest one
     bool ended_ = false;
     int fallback_left_ = 0;
-
-    std::u16string font_name_;
-    int font_number_ = 0;
-    FontKind font_kind_ = FontKind::Unknown;
-    bool font_has_symbols_ = false;
-    std::optional<Color> color_;
 };
 
 void Reader::run() {
-    while (!ended_ && !builder_.is_full()) {
+    while (!ended_ && !text_.is_full()) {
         RtfToken token = lexer_.next();
         if (token.kind == RtfTokenKind::End) break;
         if (!is_fallback(token)) read(token);
     }
-    builder_.finish(group().paragraph, group().characters);
+    text_.finish(group());
 }
 
 void Reader::read(const RtfToken& token) {
@@ -131,7 +124,7 @@ void Reader::end_group() {
         --groups_beyond_;
         return;
     }
-    if (group().destination == RtfDestination::FontTable) end_font();
+    group().sink->end_group();
     if (groups_.size() > 1) {
         groups_.pop_back();
     } else {
@@ -140,59 +133,20 @@ void Reader::end_group() {
 }
 
 void Reader::word(std::string_view name, RtfNumber number) {
-    if (const auto destination = destination_named(name)) {
-        if (group().destination == RtfDestination::Text) group().destination = *destination;
-        return;
-    }
-    if (name == "u") return unicode(number);
-    switch (group().destination) {
-        case RtfDestination::Text:
-            return text_word(name, number);
-        case RtfDestination::FontTable:
-            return font_word(name, number);
-        case RtfDestination::ColorTable:
-            return color_word(name, number);
-        case RtfDestination::Nowhere:
-            return;
+    if (RtfSink* const sink = sink_named(name)) {
+        if (group().sink == &text_) group().sink = sink;
+    } else if (name == "u") {
+        unicode(number);
+    } else {
+        group().sink->word(name, number, group());
     }
 }
 
-void Reader::text_word(std::string_view name, RtfNumber number) {
-    if (apply_look(name, number, group())) return;
-    if (const auto unit = character_named(name)) return character(*unit);
-    if (name == "par" || name == "page" || name == "sect" || name == "row") return end_paragraph();
-    if (name == "deff") tables_.set_default_font(number.value_or(0));
-}
-
-void Reader::font_word(std::string_view name, RtfNumber number) {
-    constexpr int symbol_charset = 2;
-    if (name == "f") {
-        end_font();
-        font_number_ = number.value_or(0);
-    } else if (name == "fcharset") {
-        font_has_symbols_ = number == symbol_charset;
-    } else if (const auto kind = font_kind_named(name)) {
-        font_kind_ = *kind;
-    }
-}
-
-void Reader::end_font() {
-    if (!font_name_.empty()) {
-        tables_.add_font(font_number_, {storable_text(font_name_), font_kind_}, font_has_symbols_);
-    }
-    font_name_.clear();
-    font_kind_ = FontKind::Unknown;
-    font_has_symbols_ = false;
-}
-
-void Reader::color_word(std::string_view name, RtfNumber number) {
-    if (name != "red" && name != "green" && name != "blue") return;
-    constexpr int most = 255;
-    const auto value = static_cast<std::uint8_t>(within(number, 0, 0, most));
-    if (!color_) color_.emplace();
-    if (name == "red") color_->red = value;
-    if (name == "green") color_->green = value;
-    if (name == "blue") color_->blue = value;
+/// Where a word sends the rest of its group, if it does.
+RtfSink* Reader::sink_named(std::string_view name) {
+    if (name == "fonttbl") return &fonts_;
+    if (name == "colortbl") return &colors_;
+    return is_skipped(name) ? &skipped_ : nullptr;
 }
 
 void Reader::symbol(unsigned char byte) {
@@ -200,6 +154,7 @@ void Reader::symbol(unsigned char byte) {
         case '\\':
         case '{':
         case '}':
+        case '\t':
             return character(byte);
         case '~':
             return character(u'\u00A0');
@@ -207,14 +162,12 @@ void Reader::symbol(unsigned char byte) {
             return character(u'\u2011');
         case '-':
             return character(u'\u00AD');
-        case '\t':
-            return character(u'\t');
         case '\r':
         case '\n':
-            return end_paragraph();
+            return word("par", {});
         case '*':
             // No destination that a reader may pass over is of use here.
-            group().destination = RtfDestination::Nowhere;
+            group().sink = &skipped_;
             return;
         default:
             return;
@@ -237,32 +190,9 @@ void Reader::unicode(RtfNumber number) {
 
 void Reader::byte(unsigned char value) {
     constexpr unsigned char symbol_bullet = 0xB7;
-    if (value == symbol_bullet && tables_.has_symbol_encoding(group().characters.font)) {
-        return character(u'\u2022');
-    }
-    character(to_character(value));
-}
-
-void Reader::character(char16_t unit) {
-    constexpr std::size_t longest_font_name = 64;
-    switch (group().destination) {
-        case RtfDestination::Text:
-            return builder_.add(unit, group().characters, group().paragraph);
-        case RtfDestination::FontTable:
-            if (unit == u';') return end_font();
-            if (font_name_.size() < longest_font_name) font_name_ += unit;
-            return;
-        case RtfDestination::ColorTable:
-            if (unit == u';') tables_.add_color(std::exchange(color_, std::nullopt));
-            return;
-        case RtfDestination::Nowhere:
-            return;
-    }
-}
-
-void Reader::end_paragraph() {
-    if (group().destination != RtfDestination::Text) return;
-    builder_.end_paragraph(group().paragraph, group().characters);
+    const auto* const font =
+        value == symbol_bullet ? fonts_.find(group().characters.font) : nullptr;
+    character(font != nullptr && font->has_symbols ? u'\u2022' : to_character(value));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace solvanta {
@@ -37,24 +38,25 @@ using LookWord = void (*)(RtfGroup&, RtfNumber);
 const std::unordered_map<std::string_view, LookWord> character_words{
     {"plain", [](RtfGroup& group, RtfNumber) { group.characters = {}; }},
     {"f", [](RtfGroup& group, RtfNumber n) { group.characters.font = n; }},
-    {"fs",
-     [](RtfGroup& group, RtfNumber n) { group.characters.half_points = within(n, 24, 2, 400); }},
+    {"fs", [](RtfGroup& group,
+              RtfNumber n) { group.characters.look.half_points = within(n, 24, 2, 400); }},
     {"cf", [](RtfGroup& group, RtfNumber n) { group.characters.ink = n; }},
     {"cb", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
     {"chcbpat", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
     {"highlight", [](RtfGroup& group, RtfNumber n) { group.characters.paper = paper(n); }},
-    {"b", [](RtfGroup& group, RtfNumber n) { group.characters.bold = is_on(n); }},
-    {"i", [](RtfGroup& group, RtfNumber n) { group.characters.italic = is_on(n); }},
-    {"ul", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
-    {"uld", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
-    {"uldb", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
-    {"ulw", [](RtfGroup& group, RtfNumber n) { group.characters.underline = is_on(n); }},
-    {"ulnone", [](RtfGroup& group, RtfNumber) { group.characters.underline = false; }},
-    {"strike", [](RtfGroup& group, RtfNumber n) { group.characters.strike = is_on(n); }},
+    {"b", [](RtfGroup& group, RtfNumber n) { group.characters.look.bold = is_on(n); }},
+    {"i", [](RtfGroup& group, RtfNumber n) { group.characters.look.italic = is_on(n); }},
+    {"ul", [](RtfGroup& group, RtfNumber n) { group.characters.look.underline = is_on(n); }},
+    {"uld", [](RtfGroup& group, RtfNumber n) { group.characters.look.underline = is_on(n); }},
+    {"uldb", [](RtfGroup& group, RtfNumber n) { group.characters.look.underline = is_on(n); }},
+    {"ulw", [](RtfGroup& group, RtfNumber n) { group.characters.look.underline = is_on(n); }},
+    {"ulnone", [](RtfGroup& group, RtfNumber) { group.characters.look.underline = false; }},
+    {"strike", [](RtfGroup& group, RtfNumber n) { group.characters.look.strike = is_on(n); }},
     {"v", [](RtfGroup& group, RtfNumber n) { group.characters.hidden = is_on(n); }},
-    {"super", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Super; }},
-    {"sub", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Sub; }},
-    {"nosupersub", [](RtfGroup& group, RtfNumber) { group.characters.script = Script::Normal; }},
+    {"super", [](RtfGroup& group, RtfNumber) { group.characters.look.script = Script::Super; }},
+    {"sub", [](RtfGroup& group, RtfNumber) { group.characters.look.script = Script::Sub; }},
+    {"nosupersub",
+     [](RtfGroup& group, RtfNumber) { group.characters.look.script = Script::Normal; }},
     {"uc", [](RtfGroup& group, RtfNumber n) { group.fallback_length = within(n, 1, 0, 255); }},
 };
 
@@ -94,21 +96,12 @@ const std::unordered_map<std::string_view, char16_t> characters_by_word{
     {"rdblquote", u'\u201D'}, {"enspace", u'\u2002'}, {"emspace", u'\u2003'},
 };
 
-/// Words that send the rest of their group somewhere else than into the text.
-const std::unordered_map<std::string_view, RtfDestination> destinations{
-    {"fonttbl", RtfDestination::FontTable},  {"colortbl", RtfDestination::ColorTable},
-    {"annotation", RtfDestination::Nowhere}, {"filetbl", RtfDestination::Nowhere},
-    {"fldinst", RtfDestination::Nowhere},    {"footer", RtfDestination::Nowhere},
-    {"footerf", RtfDestination::Nowhere},    {"footerl", RtfDestination::Nowhere},
-    {"footerr", RtfDestination::Nowhere},    {"footnote", RtfDestination::Nowhere},
-    {"header", RtfDestination::Nowhere},     {"headerf", RtfDestination::Nowhere},
-    {"headerl", RtfDestination::Nowhere},    {"headerr", RtfDestination::Nowhere},
-    {"info", RtfDestination::Nowhere},       {"listoverridetable", RtfDestination::Nowhere},
-    {"listtable", RtfDestination::Nowhere},  {"nonshppict", RtfDestination::Nowhere},
-    {"object", RtfDestination::Nowhere},     {"pict", RtfDestination::Nowhere},
-    {"revtbl", RtfDestination::Nowhere},     {"stylesheet", RtfDestination::Nowhere},
-    {"tc", RtfDestination::Nowhere},         {"xe", RtfDestination::Nowhere},
-};
+/// Their groups hold what is no text, or none that has a place here.
+const std::unordered_set<std::string_view> skipped{
+    "annotation", "filetbl",           "fldinst",   "footer",     "footerf", "footerl",
+    "footerr",    "footnote",          "header",    "headerf",    "headerl", "headerr",
+    "info",       "listoverridetable", "listtable", "nonshppict", "object",  "pict",
+    "revtbl",     "stylesheet",        "tc",        "xe"};
 
 const std::unordered_map<std::string_view, FontKind> font_kinds{
     {"fnil", FontKind::Unknown},       {"froman", FontKind::Serif},  {"fswiss", FontKind::Sans},
@@ -140,8 +133,8 @@ std::optional<char16_t> character_named(std::string_view name) {
     return find(characters_by_word, name);
 }
 
-std::optional<RtfDestination> destination_named(std::string_view name) {
-    return find(destinations, name);
+bool is_skipped(std::string_view name) {
+    return skipped.count(name) > 0;
 }
 
 std::optional<FontKind> font_kind_named(std::string_view name) {
