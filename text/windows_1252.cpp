@@ -1,6 +1,7 @@
 #include "text/windows_1252.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <optional>
 
@@ -31,22 +32,30 @@ unsigned char byte_at(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
 }
 
+/// Whether UTF-8 writes `character` in `length` bytes, 2 to 4: not in more than it takes, and neither
+/// halves of a surrogate pair nor what lies beyond the last character.
+bool is_written_in(char32_t character, std::size_t length) {
+    constexpr std::array<char32_t, 6> first_of_length{0, 0, 0x80, 0x800, 0x10000, 0x110000};
+    const bool is_surrogate = character >= 0xD800 && character <= 0xDFFF;
+    return !is_surrogate && character >= first_of_length.at(length) &&
+           character < first_of_length.at(length + 1);
+}
+
 /// Decodes the character at `position` and moves past it; past one byte when it is malformed.
 std::optional<char32_t> next_character(std::string_view utf8, std::size_t& position) {
     const unsigned char lead = byte_at(utf8, position++);
-    if (lead < 0x80) return lead;
-    const std::size_t rest = lead >= 0xF0 && lead < 0xF8   ? 3
-                             : lead >= 0xE0 && lead < 0xF0 ? 2
-                             : lead >= 0xC2 && lead < 0xE0 ? 1
-                                                           : 0;
-    if (rest == 0 || utf8.size() - position < rest) return std::nullopt;
-    char32_t character = lead & (0x3FU >> rest);
-    for (std::size_t i = 0; i < rest; ++i) {
-        const unsigned char byte = byte_at(utf8, position + i);
+    if (lead < first_special) return lead;
+    const auto length = static_cast<std::size_t>(std::countl_one(lead));
+    const std::size_t end = position + length - 1;
+    if (length < 2 || length > 4 || end > utf8.size()) return std::nullopt;
+    char32_t character = lead & (0x7FU >> length);
+    for (std::size_t i = position; i < end; ++i) {
+        const unsigned char byte = byte_at(utf8, i);
         if ((byte & 0xC0U) != 0x80U) return std::nullopt;
         character = (character << 6U) | (byte & 0x3FU);
     }
-    position += rest;
+    if (!is_written_in(character, length)) return std::nullopt;
+    position = end;
     return character;
 }
 
