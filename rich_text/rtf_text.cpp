@@ -56,7 +56,6 @@ void RtfText::end_paragraph(const RtfGroup& group) {
     RichParagraph& paragraph = paragraphs_.emplace_back();
     paragraph.layout = finished(group.paragraph);
     paragraph.mark = look(group.characters);
-    paragraph.runs.reserve(runs_.size());
     for (const Run& run : runs_)
         paragraph.runs.push_back({storable_text(run.text), look(run.characters)});
     runs_.clear();

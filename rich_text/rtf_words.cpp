@@ -8,8 +8,9 @@
 namespace solvanta {
 namespace {
 
+/// Without a number a word switches on.
 bool is_on(RtfNumber number) {
-    return number.value_or(1) != 0;
+    return number != 0;
 }
 
 Twips indent(RtfNumber number) {
@@ -134,7 +135,7 @@ std::optional<char16_t> character_named(std::string_view name) {
 }
 
 bool is_skipped(std::string_view name) {
-    return skipped.count(name) > 0;
+    return skipped.contains(name);
 }
 
 std::optional<FontKind> font_kind_named(std::string_view name) {

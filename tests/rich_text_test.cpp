@@ -90,7 +90,7 @@ TEST(RichText, ShowsTheText) {
          repeated("\uFFFD", 6) + "\uFDCF\uFFFD|"},
         {R"({\u65007?\u65008?\u0?\u13?\u55357?x\u56834?\b\u55357?\i\u56834?})",
          "\uFFFD\uFDF0\uFFFDx\uFFFD<b>\uFFFD<bi>\uFFFD|"},
-        {R"({\uc0\u9829 a\uc2\u9824\'3f?b\uc3\u9830{}c\uc\u9829\bin3 ?{}d})", "♥a♠b♦c♥d|"},
+        {R"({\uc0\u9829 a\uc2\u9824\'3f?b\uc3\u9830{}c\uc\u9829\tab d})", "♥a♠b♦c♥d|"},
         {R"({{\uc0\u9829}\u9824??\line})", "♥♠?\u2028|"},
         {R"({\u9829\u9824?{\u9830}a}b)", "♥♠♦a|"},
         {"{\\uc300\\u9829" + repeated("?", 255) + "a}", "♥a|"},

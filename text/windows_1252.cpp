@@ -32,8 +32,8 @@ unsigned char byte_at(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
 }
 
-/// Whether UTF-8 writes `character` in `length` bytes, 2 to 4: not in more than it takes, and neither
-/// halves of a surrogate pair nor what lies beyond the last character.
+/// Whether UTF-8 writes `character` in `length` bytes, 2 to 4. It takes as few as it can, and has
+/// neither halves of surrogate pairs nor anything beyond the last character.
 bool is_written_in(char32_t character, std::size_t length) {
     constexpr std::array<char32_t, 6> first_of_length{0, 0, 0x80, 0x800, 0x10000, 0x110000};
     const bool is_surrogate = character >= 0xD800 && character <= 0xDFFF;
