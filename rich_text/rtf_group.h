@@ -7,7 +7,7 @@
 
 namespace solvanta {
 
-/// What follows a control word, if anything does.
+/// The number that follows a control word, if one does.
 using RtfNumber = std::optional<int>;
 
 /// How characters look.
@@ -29,7 +29,7 @@ struct RtfGroup {
     RtfCharacters characters = {};
     ParagraphLayout paragraph = {};  // tab stops from the left margin
     Alignment next_tab = Alignment::Left;
-    int fallback_length = 1;  // so many characters after a Unicode number are for older readers
+    int fallback_length = 1;  // how many characters after a Unicode number only stand in for it
 };
 
 /// Takes what stands in a group. This one skips it; the text and each table have one of their own.

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <string>
-#include <utility>
+#include <vector>
 
 #include "rich_text/rtf_lexer.h"
 #include "rich_text/rtf_tables.h"

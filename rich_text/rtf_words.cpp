@@ -36,7 +36,7 @@ void add_tab(RtfGroup& group, RtfNumber number) {
 /// A control word that changes how the text after it looks.
 using LookWord = void (*)(RtfGroup&, RtfNumber);
 
-const std::unordered_map<std::string_view, LookWord> character_words{
+const std::unordered_map<std::string_view, LookWord> look_words{
     {"plain", [](RtfGroup& group, RtfNumber) { group.characters = {}; }},
     {"f", [](RtfGroup& group, RtfNumber n) { group.characters.font = n; }},
     {"fs", [](RtfGroup& group,
@@ -59,9 +59,6 @@ const std::unordered_map<std::string_view, LookWord> character_words{
     {"nosupersub",
      [](RtfGroup& group, RtfNumber) { group.characters.look.script = Script::Normal; }},
     {"uc", [](RtfGroup& group, RtfNumber n) { group.fallback_length = within(n, 1, 0, 255); }},
-};
-
-const std::unordered_map<std::string_view, LookWord> paragraph_words{
     {"pard",
      [](RtfGroup& group, RtfNumber) {
          group.paragraph = {};
@@ -124,8 +121,7 @@ int within(RtfNumber number, int fallback, int least, int most) {
 }
 
 bool apply_look(std::string_view name, RtfNumber number, RtfGroup& group) {
-    auto apply = find(character_words, name);
-    if (!apply) apply = find(paragraph_words, name);
+    const auto apply = find(look_words, name);
     if (apply) (*apply)(group, number);
     return apply.has_value();
 }
