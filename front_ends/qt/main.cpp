@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include "app/form_main.h"
 #include "front_ends/qt/display_probe.h"
@@ -21,6 +22,8 @@ int main(int argc, char** argv) {
             "kein Bildschirm gefunden (DISPLAY ist nicht gesetzt oder nicht erreichbar).");
         return no_display;
     }
+    // Where there is no locale in UTF-8 Qt takes another, and says so at length.
+    QLoggingCategory::setFilterRules("default.warning=false");
     QApplication application(argc, argv);
     qt::prepare_application(application);
     qt::QtHost host;
