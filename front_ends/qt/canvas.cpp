@@ -14,16 +14,9 @@ namespace solvanta::qt {
 namespace {
 
 int text_flags(Alignment alignment) {
-    constexpr int flags = static_cast<int>(Qt::AlignTop) | static_cast<int>(Qt::TextWordWrap);
-    switch (alignment) {
-        case Alignment::Right:
-            return flags | Qt::AlignRight;
-        case Alignment::Centered:
-            return flags | Qt::AlignHCenter;
-        case Alignment::Left:
-            break;
-    }
-    return flags | Qt::AlignLeft;
+    constexpr int sideways[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
+    return sideways[static_cast<std::size_t>(alignment)] | static_cast<int>(Qt::AlignTop) |
+           static_cast<int>(Qt::TextWordWrap);
 }
 
 }  // namespace

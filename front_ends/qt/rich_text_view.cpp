@@ -19,25 +19,16 @@ namespace {
 constexpr double greatest_document_height = 4'000'000;
 constexpr double single_line_spacing = 240;
 
-Qt::Alignment to_alignment(ParagraphAlignment alignment) {
-    switch (alignment) {
-        case ParagraphAlignment::Right:
-            return Qt::AlignRight;
-        case ParagraphAlignment::Centered:
-            return Qt::AlignHCenter;
-        case ParagraphAlignment::Justified:
-            return Qt::AlignJustify;
-        case ParagraphAlignment::Left:
-            break;
-    }
-    return Qt::AlignLeft;
+Qt::Alignment to_qt(ParagraphAlignment alignment) {
+    constexpr Qt::AlignmentFlag flags[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter,
+                                           Qt::AlignJustify};
+    return flags[static_cast<std::size_t>(alignment)];
 }
 
-QTextOption::Tab to_tab(const TabStop& stop) {
-    const auto type = stop.alignment == Alignment::Right      ? QTextOption::RightTab
-                      : stop.alignment == Alignment::Centered ? QTextOption::CenterTab
-                                                              : QTextOption::LeftTab;
-    return {logical_scale.length(stop.position), type};
+QTextOption::Tab to_qt(const TabStop& stop) {
+    constexpr QTextOption::TabType types[] = {QTextOption::LeftTab, QTextOption::RightTab,
+                                              QTextOption::CenterTab};
+    return {logical_scale.length(stop.position), types[static_cast<std::size_t>(stop.alignment)]};
 }
 
 void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
@@ -58,14 +49,14 @@ void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
 /// above the second: its own and what the first one owes.
 QTextBlockFormat block_format(const ParagraphLayout& layout, Twips space_owed) {
     QTextBlockFormat format;
-    format.setAlignment(to_alignment(layout.alignment));
+    format.setAlignment(to_qt(layout.alignment));
     format.setLeftMargin(logical_scale.length(layout.left));
     format.setRightMargin(logical_scale.length(layout.right));
     format.setTextIndent(logical_scale.length(layout.first_line));
     format.setTopMargin(logical_scale.length(layout.before + space_owed));
     QList<QTextOption::Tab> tabs;
     for (const TabStop& stop : layout.tabs)
-        tabs.append(to_tab(stop));
+        tabs.append(to_qt(stop));
     format.setTabPositions(tabs);
     set_line_spacing(format, layout);
     return format;

@@ -1,8 +1,5 @@
 #include "front_ends/qt/stop_signals.h"
 
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -62,15 +59,3 @@ void on_stop_signals(QObject& owner, std::function<void()> stop) {
 }
 
 }  // namespace solvanta::qt
-
-#else
-
-namespace solvanta::qt {
-
-void hold_standard_streams() {}
-
-void on_stop_signals(QObject& /*owner*/, std::function<void()> /*stop*/) {}
-
-}  // namespace solvanta::qt
-
-#endif
