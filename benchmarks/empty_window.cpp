@@ -14,6 +14,22 @@ class WordWindow final : public QWidget {
     }
 };
 
+/// A window that changes its colour at each press of the mouse.
+class BlinkingWindow final : public QWidget {
+  protected:
+    void mousePressEvent(QMouseEvent* /*event*/) override {
+        dark_ = !dark_;
+        update();
+    }
+
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter(this).fillRect(rect(), dark_ ? Qt::darkGreen : Qt::white);
+    }
+
+  private:
+    bool dark_ = false;
+};
+
 template <typename Window>
 int show_window() {
     Window window;
@@ -25,9 +41,10 @@ int show_window() {
 }  // namespace
 
 /// The least that a program with a window of the card table's size is: nothing in it, or with the
-/// argument "word" a single word, which needs fonts.
+/// argument "word" a single word, which needs fonts; or, with "blink", one that answers the mouse.
 int main(int argc, char** argv) {
-    const bool word = argc > 1 && std::string_view(argv[1]) == "word";
+    const std::string_view what = argc > 1 ? argv[1] : "";
     QApplication application(argc, argv);
-    return word ? show_window<WordWindow>() : show_window<QWidget>();
+    if (what == "blink") return show_window<BlinkingWindow>();
+    return what == "word" ? show_window<WordWindow>() : show_window<QWidget>();
 }

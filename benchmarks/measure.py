@@ -20,8 +20,9 @@ WINDOWS = os.path.abspath("build/windows")
 DOCUMENT = "docs/performance.md"
 MARKS = "<!-- measured by benchmarks/run -->\n", "<!-- end -->\n"
 
-# How much of what is measured, milliseconds, nanoseconds, kilobytes or bytes, makes up a unit shown.
-UNITS = {"ms": 1, "µs": 1000, "MB": 1024, "kB": 1000, "million": 1e6}
+# How much of what is measured, seconds, milliseconds, nanoseconds, kilobytes or bytes, makes up a unit
+# shown.
+UNITS = {"s": 1, "ms": 1, "µs": 1000, "MB": 1024, "kB": 1000, "million": 1e6}
 
 Figure = collections.namedtuple("Figure", "value spread")
 rows = []
@@ -42,13 +43,14 @@ def compare(what, unit, bare, program, aim):
     add(what, shown(bare), shown(program), f"{ratio:.2f}", f"≤ {aim}", ratio <= aim, spread)
 
 
-def state(what, text, aim, reached, spread=0):
-    """A row for a figure that is compared to nothing."""
+def state(what, text, spread=0, aim="", reached=None):
+    """A row for a figure that is compared to nothing. It has an aim where that holds on any machine."""
     add(what, "", text, "", aim, reached, spread)
 
 
 def add(what, bare, program, ratio, aim, reached, spread):
-    rows.append((what, bare, program, ratio, aim, "yes" if reached else "no", f"{spread:.0f} %"))
+    answer = {True: "yes", False: "no", None: ""}[reached]
+    rows.append((what, bare, program, ratio, aim, answer, f"{spread:.0f} %"))
     print(*(cell for cell in rows[-1] if cell), sep=" | ", file=sys.stderr)
 
 
@@ -76,13 +78,11 @@ def google(program, pattern, rounds=ROUNDS, seconds=0.1):
 def rules():
     runs = google(TOOLS + "/rules_benchmark", "Rules|Shuffle|Deal|WholeProgram")
     clicks = runs["Rules"]["items_per_second"]
-    state("rules alone", f"{clicks.value / 1e6:,.0f} million clicks/s", "≥ 10 million",
-          clicks.value >= 10e6, clicks.spread)
+    state("rules alone", f"{clicks.value / 1e6:,.0f} million clicks/s", clicks.spread)
     allocations = runs["Rules"]["allocations"].value
-    state("heap allocations in these clicks", f"{allocations:.0f}", "0", allocations == 0)
+    state("heap allocations in these clicks", f"{allocations:.0f}", 0, "0", allocations == 0)
     events = runs["WholeProgram"]["items_per_second"]
-    state("whole program without windows", f"{events.value / 1e3:,.0f} thousand clicks/s",
-          "≥ 500 thousand", events.value >= 500e3, events.spread)
+    state("whole program without windows", f"{events.value / 1e3:,.0f} thousand clicks/s", events.spread)
     compare("a deal against a bare shuffle", "µs", runs["BareShuffle"]["cpu_time"],
             runs["Deal"]["cpu_time"], 3)
 
@@ -166,10 +166,9 @@ def start_in_wine():
 
 
 def clicks():
-    times = sorted(time for time, in watch("clicks", RELEASE + "/Solvanta/Solvanta"))
-    late = times[len(times) * 95 // 100]
-    state("click to painted pixels on the screen, 95th percentile",
-          f"{late:.1f} ms (median {statistics.median(times):.1f})", "< 16.7 ms", late < 1000 / 60)
+    bare, program = (figure([time for time, in watch(*command)]) for command in (
+        ("bare_clicks", TOOLS + "/empty_window", "blink"), ("clicks", RELEASE + "/Solvanta/Solvanta")))
+    compare("click to painted pixels on the screen against a window in one colour", "ms", bare, program, 1.5)
 
 
 def sizes():
@@ -178,7 +177,7 @@ def sizes():
     for system, file, aim in (("Linux", stripped, 300),
                               ("Windows", WINDOWS + "/Solvanta/Solvanta.exe", 600)):
         size = os.path.getsize(file) / 1024
-        state(f"stripped program, {system}", f"{size:,.0f} KB", f"≤ {aim} KB", size <= aim)
+        state(f"stripped program, {system}", f"{size:,.0f} KB", 0, f"≤ {aim} KB", size <= aim)
 
 
 def seconds_of(*command):
@@ -190,21 +189,20 @@ def seconds_of(*command):
 def building():
     folder = os.path.abspath("build/timed")
     shutil.rmtree(folder, ignore_errors=True)
-    output("cmake", "--preset", "release", "-G", "Ninja", "-B", folder, "-DSOLVANTA_TESTS=ON")
+    output("cmake", "--preset", "release", "-B", folder)
     clean = seconds_of("cmake", "--build", folder, "--parallel", "2")
-    state("clean build with all tests", f"{clean:.0f} s", "≤ 60 s", clean <= 60)
     os.utime("core/moves.cpp")
     again = seconds_of("cmake", "--build", folder, "--parallel", "2")
-    state("build after a change in core", f"{again:.0f} s", "≤ 10 s", again <= 10)
+    compare("build after a change in core against a clean one with all tests", "s", Figure(clean, 0),
+            Figure(again, 0), 0.2)
     shutil.rmtree(folder)
 
 
 def tests():
-    report = output("ctest", "--preset", "release", "--label-exclude", "end_to_end", "--parallel",
-                    "2")
+    report = output("ctest", "--preset", "release")
     times = re.findall(r": (\S+) \.+ +Passed +([\d.]+) sec", report)
     name, longest = max(times, key=lambda test: float(test[1]))
-    state(f"longest test but the tour ({name})", f"{longest} s", "≤ 10 s", float(longest) <= 10)
+    state(f"longest test ({name})", f"{float(longest):.0f} s")
 
 
 def machine():

@@ -145,23 +145,26 @@ void watch_start(const Screen& screen, char** command) {
     std::cout << shown << ' ' << program.peak_memory() << '\n';
 }
 
-/// Deals a game and then selects and gives up the first column again and again. Prints for each
-/// click the time until the selection pointer has come or gone.
-void watch_clicks(const Screen& screen, char** command) {
+void wait_for_windows(const Screen& screen, std::size_t count) {
+    wait_until([&] { return screen.windows().size() == count; }, "such number of windows");
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+}
+
+void deal(const Screen& screen, const xcb_get_geometry_reply_t& table) {
+    screen.click(table.x + 48, table.y + 504);
+    wait_for_windows(screen, 2);
+    screen.press_enter();
+    wait_for_windows(screen, 1);
+}
+
+/// Clicks the place of the first column again and again, of a game dealt before where there is one.
+/// Prints for each click the time until the place of the selection pointer has changed its colour.
+void watch_clicks(const Screen& screen, char** command, bool dealt) {
     constexpr int clicks = 300;
     const Program program(command);
-    const auto windows_are = [&](std::size_t count) {
-        return [&screen, count] { return screen.windows().size() == count; };
-    };
-    wait_until(windows_are(1), "window");
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    wait_for_windows(screen, 1);
     const xcb_get_geometry_reply_t table = screen.windows().front();
-    screen.click(table.x + 48, table.y + 504);
-    wait_until(windows_are(2), "question");
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    screen.press_enter();
-    wait_until(windows_are(1), "deal");
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    if (dealt) deal(screen, table);
     for (int click = 0; click < clicks; ++click) {
         const std::uint32_t before = screen.pixel(table.x + 44, table.y + 108);
         const auto start = Clock::now();
@@ -175,13 +178,17 @@ void watch_clicks(const Screen& screen, char** command) {
 
 }  // namespace
 
-/// screen_watch start|clicks COMMAND...
+/// screen_watch start|clicks|bare_clicks COMMAND...
 int main(int argc, char** argv) {
     try {
         if (argc < 3) throw std::runtime_error("what to watch, and a command, are needed");
         const Screen screen;
-        const bool start = std::string_view(argv[1]) == "start";
-        (start ? watch_start : watch_clicks)(screen, argv + 2);
+        const std::string_view what = argv[1];
+        if (what == "start") {
+            watch_start(screen, argv + 2);
+        } else {
+            watch_clicks(screen, argv + 2, what == "clicks");
+        }
     } catch (const std::exception& error) {
         std::cerr << "screen_watch: " << error.what() << '\n';
         return EXIT_FAILURE;

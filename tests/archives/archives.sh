@@ -5,7 +5,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/setup/packages.sh
-. tools/setup/web.sh
 unset XDG_DATA_HOME
 
 id=org.solvanta.solvanta
@@ -41,23 +40,25 @@ check_files() {
     [ -s "$1/LIESMICH.txt" ] || fail "no LIESMICH.txt"
 }
 
-# In a subshell, which ends the Wine with it.
-check_windows() (
+# play_tour PROGRAM_DIRECTORY PRESET OPTIONS...: on a screen with these options; copies lie beside it.
+play_tour() {
+    python3 tools/setup/screen.py "${@:3}" env TMPDIR="${1%/*}" python3 -B tests/tour/tour.py "$1" \
+        build/$2/tests/tour/tour_clicks* "build/$2/tour-unpacked" >/dev/null
+}
+
+check_windows() {
     local to="$work/Spiele für Jörg"
     unzip -q "$archives"/Solvanta-*-windows-*.zip -d "$to"
     check_files "$to"/* shipped/*.{bmp,gif,ico,jpg} shipped/Help.rtf
     ! grep -vl $'\r$' "$to"/*/LI* || fail "lines that Windows ends otherwise"
-    . tools/setup/wine.sh
-    prepare_wine build/windows/wine
-    TMPDIR=$to tests/tour/tour.sh "$to"/* build/windows/tests/tour/tour_clicks.exe \
-        build/tour-unpacked-windows >/dev/null
-)
+    play_tour "$to"/* windows --windows build/windows/wine
+}
 
 check_web() {
     local to="$work/Spiele im Netz für Jörg" tour=build/web/tests/tour/web
     unzip -q "$archives"/Solvanta-*-web.zip -d "$to"
     check_files "$to"/* shipped/*.{bmp,gif,jpg,png} shipped/Help.rtf LICENSE
-    node $tour/tour.mjs "$to"/* $tour/tour_clicks.js build/tour-unpacked-web >/dev/null
+    node $tour/tour.mjs "$to"/* $tour/tour_clicks.js build/web/tour-unpacked >/dev/null
 }
 
 check_contents() {
@@ -103,10 +104,10 @@ check_menu() {
 }
 
 install_packages $packages_build $packages_archives $packages_archives_test $packages_windows \
-    $packages_windows_test
-configure_and_build release "-DSOLVANTA_TESTS=ON" tour_clicks
-configure_and_build windows "-DSOLVANTA_TESTS=ON" tour_clicks
-build_web_tests
+    $packages_windows_test $packages_web $packages_web_test
+build release tour_clicks
+build windows tour_clicks
+build web tour_clicks browser_hand
 archives_of_clone one TZ=UTC
 (umask 077 && archives_of_clone "another one" TZ=Asia/Tokyo LC_ALL=C)
 archives="$work/one/build/archives"
@@ -116,7 +117,6 @@ unpack
 check_windows
 check_web
 check_contents
-TMPDIR=$folder tests/tour/tour.sh "$game" build/release/tests/tour/tour_clicks build/tour-unpacked \
-    >/dev/null
+play_tour "$game" release
 check_menu
 echo "The archives are as they should be:" "$archives"/*.*

@@ -1,96 +1,136 @@
-"""The real program in a real window, on a screen of its own. A program for Windows is started in the
-Wine that the surroundings name.
+"""The real program in a real window, with a hand on the mouse and the keys of the screen that
+screen.py gives.
 """
+import ctypes
 import os
 import shutil
 import signal
 import subprocess
 import sys
 import tempfile
-import time
+from ctypes import byref, c_long, c_ulong
 
-TABLE, BOX = "Solvanta V1.6", "Solvanta"  # captions
-WINDOWS_PROGRAM = b"Solvanta.exe"
-PATIENCE = 20  # seconds that anything may take
+tests = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+sys.path += [os.path.join(tests, "durability"), os.path.join(tests, "..", "tools", "setup")]
+from durability import LIST, read, require
+from screen import wait_for
+
+TABLE, BOX, HELP, BEST_TIMES = "Solvanta V1.6", "Solvanta", "Hilfe", "Highscores - Top 30"  # captions
 # Places of the table, in pixels.
-NEW_GAME, BEST_TIMES, HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
+NEW_GAME, TO_BEST_TIMES, TO_HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
+RETURN, SHIFT = 0xFF0D, 0xFFE1  # keys beyond those that are characters
+
+x11, xtest = ctypes.CDLL("libX11.so.6"), ctypes.CDLL("libXtst.so.6")
+x11.XOpenDisplay.restype = ctypes.c_void_p
+x11.XInternAtom.restype = x11.XDefaultRootWindow.restype = c_ulong
+display = ctypes.c_void_p(x11.XOpenDisplay(None) or sys.exit("FAILED: there is no screen"))
+root = c_ulong(x11.XDefaultRootWindow(display))
+x11.XSelectInput(display, root, c_long(1 << 17 | 1 << 19))  # what is sent to the root, however
+ignore_error = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda *_: 0)
+x11.XSetErrorHandler(ignore_error)  # windows come and go
 
 
-def fail(*what):
-    print("FAILED:", *what, file=sys.stderr)
-    sys.exit(1)
+class ClientMessage(ctypes.Structure):
+    """An event of the X server, as long as the longest."""
+    _fields_ = [("type", ctypes.c_int), ("serial", c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
+                ("window", c_ulong), ("kind", c_ulong), ("format", ctypes.c_int), ("data", c_long * 17)]
 
 
-def within(seconds, condition):
-    """The first true answer of `condition`, or the last one when the time is up."""
-    end = time.monotonic() + seconds
-    while not (answer := condition()) and time.monotonic() < end:
-        time.sleep(0.005)
-    return answer
+def atom(name):
+    return x11.XInternAtom(display, name.encode(), 0)
 
 
-def wait_for(condition, what):
-    """The first true answer of `condition`; ends the test after a long wait."""
-    return within(PATIENCE, condition) or fail("waited in vain for", what)
+def send(receiver, mask, window, kind, *data):
+    event = ClientMessage(33, 0, 0, None, window, atom(kind), 32, data)
+    x11.XSendEvent(display, c_ulong(receiver), 0, c_long(mask), byref(event))
 
 
-def xdotool(*words):
-    done = subprocess.run(["xdotool", *map(str, words)], capture_output=True, text=True, check=False)
-    return done.stdout.strip() if done.returncode == 0 else ""
+def windows_named_by(name):
+    """The windows that a property of the root names."""
+    kind, form, count, rest = c_ulong(), ctypes.c_int(), c_ulong(), c_ulong()
+    data = ctypes.POINTER(c_ulong)()
+    x11.XGetWindowProperty(display, root, c_ulong(atom(name)), c_long(0), c_long(99), 0, c_ulong(0), byref(kind),
+                           byref(form), byref(count), byref(rest), byref(data))
+    windows = data[:count.value]
+    x11.XFree(data)
+    return windows
 
 
-def window_named(name):
-    return xdotool("search", "--onlyvisible", "--name", f"^{name}$")
+def window_named(caption, among="_NET_CLIENT_LIST"):
+    for window in windows_named_by(among):
+        name = ctypes.c_char_p()
+        x11.XFetchName(display, c_ulong(window), byref(name))
+        if name.value == caption.encode():
+            return window
+    return None
 
 
-class Screen:
-    """A virtual screen, with a window manager or without; DISPLAY names it while it is there."""
+def front_window(caption):
+    """Waits for the window of this caption to have the focus, and the program to have taken note."""
+    window = wait_for(lambda: window_named(caption, "_NET_ACTIVE_WINDOW"), caption)
+    wait_for_answer(window)
+    return window
 
-    def __init__(self, window_manager=True):
-        self.window_manager = window_manager
 
-    def __enter__(self):
-        self.runtime = tempfile.TemporaryDirectory()
-        os.environ["XDG_RUNTIME_DIR"] = self.runtime.name
-        ours, theirs = os.pipe()
-        self.log = tempfile.TemporaryFile()
-        command = ["Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x960x24", "-nolisten", "tcp",
-                   "-noreset"]
-        self.processes = [subprocess.Popen(command, pass_fds=[theirs], stderr=self.log)]
-        os.close(theirs)
-        with os.fdopen(ours) as number:
-            os.environ["DISPLAY"] = ":" + number.readline().strip()
-        if self.window_manager:
-            self.processes.append(subprocess.Popen(["openbox"], stdout=self.log, stderr=self.log))
-            # A window that comes while the window manager starts may never be shown.
-            wait_for(lambda: xdotool("get_num_desktops"), "the window manager")
-        return self
+def wait_for_end_of(caption):
+    wait_for(lambda: not window_named(caption), "the end of " + caption)
 
-    def __exit__(self, *_):
-        for process in reversed(self.processes):
-            process.terminate()
-            process.wait()
-        self.runtime.cleanup()
+
+def click(window, place, times=1):
+    """Clicks at a place of a window, in pixels from the corner of its client area."""
+    x, y, child = ctypes.c_int(), ctypes.c_int(), c_ulong()
+    x11.XTranslateCoordinates(display, c_ulong(window), root, *place, byref(x), byref(y), byref(child))
+    xtest.XTestFakeMotionEvent(display, -1, x, y, c_ulong(0))
+    for pressed in (1, 0) * times:
+        xtest.XTestFakeButtonEvent(display, 1, pressed, c_ulong(0))
+    x11.XFlush(display)
+
+
+def press(*keys):
+    """Presses keys together."""
+    codes = [x11.XKeysymToKeycode(display, c_ulong(key)) for key in keys]
+    for pressed, one_by_one in ((1, codes), (0, codes[::-1])):
+        for code in one_by_one:
+            xtest.XTestFakeKeyEvent(display, code, pressed, c_ulong(0))
+    x11.XFlush(display)
+
+
+def wait_for_answer(window):
+    """Waits until the program has taken all input there was."""
+    def answered():
+        event = ClientMessage()
+        while x11.XPending(display):
+            x11.XNextEvent(display, byref(event))
+            if event.type == 33 and event.kind == protocols and event.data[0] == ping:
+                return True
+        return False
+    protocols, ping = atom("WM_PROTOCOLS"), atom("_NET_WM_PING")
+    send(window, 0, window, "WM_PROTOCOLS", ping, 0, window)
+    wait_for(answered, "an answer")
 
 
 class Game:
     """The program started in its window, ended at the latest with the block it is used in."""
 
-    def __init__(self, command, **surroundings):
-        environment = {**os.environ, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8",
-                       **surroundings.pop("env", {})}
+    def __init__(self, command, env=None, **surroundings):
+        environment = {**os.environ, "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8", **(env or {})}
         self.errors = tempfile.TemporaryFile()
         surroundings.setdefault("stderr", self.errors)
         self.process = subprocess.Popen(command, env=environment, start_new_session=True, **surroundings)
 
     def __enter__(self):
-        self.table = wait_for(lambda: window_named(TABLE) or not self.runs() and fail(self.said()), "the table")
+        wait_for(lambda: window_named(TABLE) or not self.runs(), "the table")
+        require(self.runs(), "the game ends at its start:", self.said())
+        self.table = front_window(TABLE)
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, failure, *_):
         if self.runs():
             self.kill()
-        wait_for(lambda: not window_named(TABLE), "the table's end")
+        if failure:
+            print(self.said(), file=sys.stderr)
+        self.errors.close()
+        wait_for_end_of(TABLE)
 
     def runs(self):
         return self.process.poll() is None
@@ -100,27 +140,18 @@ class Game:
         self.errors.seek(0)
         return self.errors.read().decode(errors="replace")
 
-    def click(self, place):
-        xdotool("mousemove", "--window", self.table, *place, "click", 1)
+    def open(self, place, caption):
+        """Clicks a button of the table that opens a window."""
+        click(self.table, place)
+        return front_window(caption)
 
     def deal(self):
-        """Confirms a new game; a program that dies of it is left to the caller."""
-        self.ask_for_deal()
-        self.confirm_box()
+        self.open(NEW_GAME, BOX)
+        self.confirm()
 
-    def ask_for_deal(self):
-        self.click(NEW_GAME)
-        wait_for(lambda: window_named(BOX), "the question")
-
-    def confirm_box(self):
-        """Presses Enter in the message box, if there is one, until it is gone: the window manager
-        may be about to give the focus back to the table."""
-        def gone():
-            if not (box := window_named(BOX)):
-                return True
-            xdotool("windowfocus", box, "key", "Return")
-            return within(3, lambda: not window_named(BOX))
-        wait_for(gone, "the box's end")
+    def confirm(self):
+        press(RETURN)
+        wait_for_end_of(BOX)
 
     def kill(self):
         os.killpg(self.process.pid, signal.SIGKILL)
@@ -131,10 +162,14 @@ class Game:
         self.process.terminate()
         return self.exit_status()
 
+    def to_front(self):
+        send(root.value, 3 << 19, self.table, "_NET_ACTIVE_WINDOW", 2)  # as a task bar asks for it
+        front_window(TABLE)
+
     def end(self):
         """Quits by the button; the exit status."""
-        xdotool("windowactivate", "--sync", self.table)
-        self.click(QUIT)
+        self.to_front()
+        click(self.table, QUIT)
         return self.exit_status()
 
     def exit_status(self):
@@ -143,20 +178,16 @@ class Game:
 
 
 def on_windows(program_directory):
-    return os.path.exists(os.path.join(os.fsencode(program_directory), WINDOWS_PROGRAM))
+    return os.path.exists(os.path.join(os.fsencode(program_directory), b"Solvanta.exe"))
 
 
 def program_in(directory):
     """The command that starts the program of a directory, whose name is text or bytes."""
     directory = os.fsencode(directory)
-    return (["wine", os.path.join(directory, WINDOWS_PROGRAM)] if on_windows(directory) else
+    return (["wine", os.path.join(directory, b"Solvanta.exe")] if on_windows(directory) else
             [os.path.join(directory, b"Solvanta")])
 
 
 def copy_of_program(program_directory, to):
     """A program directory of its own, without a list."""
-    shutil.copytree(program_directory, to)
-    best_times = os.path.join(to, b"highscore.scr" if isinstance(to, bytes) else "highscore.scr")
-    if os.path.exists(best_times):
-        os.remove(best_times)
-    return to
+    return shutil.copytree(program_directory, to, ignore=lambda _, names: {LIST, os.fsencode(LIST)} & set(names))

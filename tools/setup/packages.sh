@@ -3,13 +3,17 @@
 
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
-packages_tour="faketime imagemagick libgtest-dev openbox x11-xkb-utils xdotool xvfb"
-packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev python3 strace"
+packages_tour="faketime imagemagick libgtest-dev libxtst6 openbox python3 x11-xkb-utils xvfb"
+packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev strace"
 packages_lint="clang-format clang-tidy cppcheck"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_archives="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
-packages_windows_test="$packages_tour googletest icoutils locales python3 wine wine64"
+packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
+packages_web="cmake emscripten ninja-build node-acorn nodejs"
+packages_web_test="chromium fonts-liberation googletest"
+# Node.js may have come with npm in it, and then lets no other in.
+command -v npm >/dev/null || packages_web_test="$packages_web_test npm"
 packages_benchmark="fontconfig libbenchmark-dev libxcb-xtest0-dev valgrind"
 packages_archives_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
 
@@ -22,11 +26,11 @@ name_packages() {
     say "Solvanta needs a C++20 compiler, CMake, Ninja and Qt 6; for the tests also GoogleTest."
     say "  Debian, Ubuntu: apt-get install" $packages_build $packages_test
     say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
-        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap xdotool" \
+        "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap libXtst" \
         "ImageMagick libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel" \
         "python3 strace"
     say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
-        "gtest xorg-server-xvfb xorg-setxkbmap xdotool imagemagick libfaketime openbox" \
+        "gtest xorg-server-xvfb xorg-setxkbmap libxtst imagemagick libfaketime openbox" \
         "librsvg giflib libjpeg-turbo python strace"
     say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
 }
@@ -83,12 +87,11 @@ quietly() {
     rm -f "$log"
 }
 
-# configure PRESET OPTIONS: the options are all in one string.
 configure() {
-    quietly cmake --preset "$1" -G Ninja $2
+    quietly cmake --preset "$1"
 }
 
-# configure_and_build PRESET OPTIONS TARGETS...
-configure_and_build() {
-    configure "$1" "$2" && quietly cmake --build --preset "$1" --target "${@:3}"
+# build PRESET TARGETS...
+build() {
+    configure "$1" && quietly cmake --build --preset "$1" --target "${@:2}"
 }

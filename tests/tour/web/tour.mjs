@@ -39,10 +39,15 @@ class Visit {
     return visit;
   }
 
+  // A screenshot, once nothing moves.
   async shot(what) {
-    await this.page.waitForTimeout(300);
     const file = path.join(output, `${this.name}-${what}.png`);
-    await this.page.screenshot({ path: file });
+    let before;
+    let now;
+    do {
+      before = now;
+      now = await this.page.screenshot({ path: file });
+    } while (!before?.equals(now));
     console.log(file);
   }
 
