@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "front_ends/common/picture_files.h"
+
 namespace solvanta {
 namespace {
 
@@ -38,13 +40,12 @@ std::int64_t line_bytes(std::int64_t width, std::uint32_t bits) {
 /// The bytes of pixels that a bitmap's header announces; none when it is absurd.
 std::optional<std::int64_t> bitmap_pixels(const FileBytes& file) {
     constexpr std::uint32_t old_header = 12;
-    constexpr std::int64_t absurd_side = 1 << 16;
     const bool old = file.number(14, 4) == old_header;
     const std::int64_t width = old ? file.number(18, 2) : file.number(18, 4);
     const std::int64_t lines = old ? file.number(20, 2) : file.number(22, 4);
     // A negative height counts the lines from the top.
     const std::int64_t height = std::min(lines, (std::int64_t{1} << 32) - lines);
-    if (width >= absurd_side || height >= absurd_side) return std::nullopt;
+    if (std::max(width, height) > largest_picture_side) return std::nullopt;
     const std::uint32_t compression = old ? 0 : file.number(30, 4);
     // Lines of run lengths differ in size: only the header knows what they make together.
     if (compression == 1 || compression == 2) return file.number(34, 4);

@@ -12,7 +12,8 @@ namespace solvanta {
 /// take a file cut short for a whole one and leave the missing part black or blank. `suffix` names
 /// the format, "bmp", "gif" or "jpg"; any other counts as whole. Bytes behind the picture don't
 /// matter, and a bitmap's own count of its bytes is not asked: both are often wrong in files that
-/// show well. Of an animation the first picture counts.
+/// show well. Of an animation the first picture counts. A bitmap that announces a side beyond
+/// `largest_picture_side` is not whole.
 bool is_whole_picture(std::string_view bytes, std::string_view suffix);
 
 /// Where a bitmap file has its pixels: three bytes each, blue first, in lines from the bottom up.

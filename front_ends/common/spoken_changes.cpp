@@ -8,13 +8,13 @@ namespace solvanta {
 
 std::string SpokenChanges::since_last_time(const Container& container) {
     constexpr int most_changes = 4;
-    std::map<const PictureElement*, std::string> names;
+    Names names;
     std::string text;
     int changes = 0;
     for (const Painted& item : container.canvas) {
         auto* const* element = std::get_if<PictureElement*>(&item);
-        if (!element || !is_place(**element)) continue;
-        const std::string name = (*element)->spoken_name();
+        const std::string name = element ? place_name(**element) : std::string();
+        if (name.empty()) continue;
         names[*element] = name;
         const auto before = names_.find(*element);
         if (before != names_.end() && before->second == name) continue;

@@ -59,8 +59,8 @@ PictureElement* cheapest_place(const Container& container, const Cost& cost_of) 
 
 }  // namespace
 
-bool is_place(const PictureElement& element) {
-    return element.Visible && element.KeyStop && !element.spoken_name().empty();
+std::string place_name(const PictureElement& element) {
+    return element.Visible && element.KeyStop ? element.spoken_name() : std::string();
 }
 
 PictureElement* next_place(const Container& container, const PictureElement& from,

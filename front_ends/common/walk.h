@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/elements.h"
 
 // The walk over a container's places by the arrow keys, the same for every window system.
@@ -8,8 +10,13 @@ namespace solvanta {
 
 enum class Direction { Left, Right, Up, Down };
 
-/// Whether the walk stops at `element`: a place of the keyboard's, to be seen and with a name.
-bool is_place(const PictureElement& element);
+/// The name of `element` where the walk stops at it: at a place of the keyboard's, to be seen and
+/// with a name. Empty elsewhere.
+std::string place_name(const PictureElement& element);
+
+inline bool is_place(const PictureElement& element) {
+    return !place_name(element).empty();
+}
 
 /// The next place in that direction. A place beside or in line with `from` goes before a nearer
 /// one that lies off. Null at the edge.

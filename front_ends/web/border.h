@@ -2,51 +2,47 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
-// The border between the program and the page: functions of border.js, and what they call here.
-// Texts are UTF-8 and end with a zero byte.
+// The border between the program and the page: functions of border.js, and what they tell here.
+// Texts are UTF-8 and end with a zero byte. The node 0 is the page itself.
 
 extern "C" {
-int page_body();
 int page_find(const char* id);
 int page_create(int parent, const char* tag, const char* class_name);
-void page_forget(int handle);
-void page_remove(int handle);
-void page_text(int handle, const char* text);
-void page_attribute(int handle, const char* name, const char* value);
-void page_style(int handle, const char* property, const char* value);
-void page_class(int handle, const char* name, int on);
-char* page_value(int handle);
-void page_set_value(int handle, const char* value);
-void page_focus(int handle);
-int page_has_focus(int handle);
-void page_scroll_top(int handle);
-void page_listen(int handle, int kind);
-void page_listen_everywhere();
-double page_left(int handle);
-double page_top(int handle);
-double page_node_width(int handle);
-double page_node_height(int handle);
-void page_focus_first(int handle);
-double page_width();
-double page_height();
+void page_forget(int node);
+void page_set(int node, const char* property, const char* text);
+void page_attribute(int node, const char* name, const char* value);
+void page_attribute_if(int node, const char* name, int present);
+void page_style(int node, const char* property, const char* value);
+void page_turn(int node, const char* class_name, int on);
+char* page_value(int node);
+double page_number(int node, const char* property);
+void page_call(int node, const char* method);
+void page_focus(int node);
+void page_focus_first(int node);
+int page_has_focus(int node);
+void page_listen(int node, const char* type, int listener);
+double page_event(const char* name);
+char* page_event_key();
+int page_event_within(const char* selector);
+void page_capture(int node);
 double page_ratio();
 int page_touched();
-int page_ask(int handle);
-void page_close_dialog(int handle);
-void page_fetch(const char* url, int job);
+void page_soon(int listener);
+void page_start_ticks(int listener, int interval);
+void page_stop_ticks(int listener);
+void page_fetch(const char* url, int listener);
+void page_load_file(int listener);
+void page_save_file(const char* name, const char* bytes, std::size_t length);
 char* page_picture_url(const char* bytes, std::size_t length, const char* type);
-void page_drop_url(const char* url);
 int page_store(const char* name, const char* bytes, std::size_t length);
 int page_stored(const char* name, char** block);
-void page_start_timer(int timer, int interval);
-void page_stop_timer(int timer);
 int page_local_time(int part);
 char* page_locale_text(int what);
-void page_save_file(const char* name, const char* bytes, std::size_t length);
-void page_load_file(int job);
 }
 
 namespace solvanta::web {
@@ -56,5 +52,42 @@ inline std::string taken(char* text) {
     const std::unique_ptr<char, decltype(&std::free)> block(text, &std::free);
     return block.get();
 }
+
+/// What the page tells of the event at hand.
+struct PageEvent {
+    double x = page_event("clientX");  ///< in the page
+    double y = page_event("clientY");
+    double inside_x = page_event("offsetX");  ///< in the element that it is meant for
+    double inside_y = page_event("offsetY");
+    double milliseconds = page_event("timeStamp");  ///< by a steady clock
+    std::string key = taken(page_event_key());
+    bool alt = page_event("altKey") != 0;
+    bool modified = alt || page_event("ctrlKey") != 0 || page_event("metaKey") != 0;
+    bool repeated = page_event("repeat") != 0;        ///< by a key held down
+    bool composing = page_event("isComposing") != 0;  ///< a part of what an input method writes
+    bool is_own = page_event("eventPhase") == 2;      ///< not meant for an element within
+    bool is_left = page_event("isPrimary") != 0 && page_event("button") == 0;
+    std::optional<std::string> bytes;  ///< of a file that has come
+    bool taken_over = false;           ///< set by a listener: the browser does nothing with it
+};
+
+using Listener = std::function<void(PageEvent&)>;
+
+/// Has the page tell `listener` of what names the answered number, until that is removed. It is
+/// copied before it runs, so that it may remove itself.
+int add_listener(Listener listener);
+void remove_listener(int number);
+/// Nothing that was asked of the page is told of any more.
+void remove_all_listeners();
+
+/// Calls `act` from the page's event loop.
+void soon(std::function<void()> act);
+
+/// Reads a file beside the page; `path` as the program names its files. The listener gets no bytes
+/// when it can't be read.
+void fetch(const std::string& path, Listener fetched);
+
+/// Lets the player choose a file of their own and reads it. Nothing is called when they don't.
+void choose_file(Listener chosen);
 
 }  // namespace solvanta::web

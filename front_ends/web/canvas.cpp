@@ -1,40 +1,9 @@
 #include "front_ends/web/canvas.h"
 
-#include <cmath>
-#include <optional>
-#include <utility>
-
-#include "front_ends/web/border.h"
+#include "front_ends/common/walk.h"
+#include "front_ends/web/look.h"
 
 namespace solvanta::web {
-namespace {
-
-bool same_place(const Element& one, const Element& other) {
-    return one.Left == other.Left && one.Top == other.Top && one.Width == other.Width &&
-           one.Height == other.Height && one.Visible == other.Visible;
-}
-
-const char* to_css(Alignment alignment) {
-    switch (alignment) {
-        case Alignment::Right:
-            return "right";
-        case Alignment::Centered:
-            return "center";
-        case Alignment::Left:
-            break;
-    }
-    return "left";
-}
-
-std::optional<Direction> direction_of(const std::string& key) {
-    if (key == "ArrowLeft") return Direction::Left;
-    if (key == "ArrowRight") return Direction::Right;
-    if (key == "ArrowUp") return Direction::Up;
-    if (key == "ArrowDown") return Direction::Down;
-    return std::nullopt;
-}
-
-}  // namespace
 
 Canvas::Canvas(Container& container, const Node& area, WindowParts& parts)
     : container_(container), area_(area), parts_(parts), mouse_(container) {
@@ -44,135 +13,109 @@ Canvas::Canvas(Container& container, const Node& area, WindowParts& parts)
 }
 
 void Canvas::add(PictureElement& element) {
-    Drawn& drawn = drawn_.emplace_back();
-    drawn.element = &element;
-    drawn.node = Node(area_, "div", "element picture");
-    drawn.node.attribute("hidden", "");
-    drawn.node.attribute("role", element.Click ? "button" : "img");
-    drawn.view = std::make_unique<PictureView>(drawn.node, parts_.pictures);
-    drawn.shown.Visible = false;
-    drawn.node.listen(EventKind::Focus, [this, &element](const PageEvent&) {
-        current_ = &element;
-        sync_walk();
-    });
+    views_.try_emplace(&element, area_, "element picture", parts_.pictures);
+    const Node& node = node_of(&element);
+    node.attribute("role", element.Click ? "button" : "img");
+    if (element.KeyStop) node.attribute("tabindex", "-1");
+    node.listen("focus", [this, &element](const PageEvent&) { stop_at(&element); });
 }
 
 void Canvas::add(Label& label) {
-    const auto node = std::make_shared<Node>(area_, "div", "element label");
-    set_font(*node, label.Font);
-    node->style("color", to_css(label.ForeColor));
-    if (label.BackColor) node->style("background", to_css(*label.BackColor));
-    node->style("text-align", to_css(label.Alignment));
-    label_syncs_.emplace_back(
-        [node, &label, shown = Element{.Visible = false}, caption = std::string()]() mutable {
-            if (caption != label.Caption) node->text(label.Caption);
-            caption = label.Caption;
-            if (!same_place(shown, label)) place(*node, label);
-            shown = label;
-        });
+    const Node& node = labels_.emplace_back(&label, Node(area_, "div", "element label")).second;
+    set_font(node, label.Font);
+    node.style("color", to_css(label.ForeColor));
+    if (label.BackColor) node.style("background", to_css(*label.BackColor));
+    node.style("text-align", to_css(label.Alignment));
 }
 
 void Canvas::sync() {
-    for (Drawn& drawn : drawn_)
-        bring_in_line(drawn);
-    for (const auto& sync_label : label_syncs_)
-        sync_label();
+    const std::string said = changes_.since_last_time(container_);
+    for (auto& [element, view] : views_)
+        bring_in_line(*element, view);
+    for (const auto& [label, node] : labels_) {
+        node.text(label->Caption);
+        node.place(*label);
+    }
     sync_walk();
-    if (const std::string said = changes_.since_last_time(container_); !said.empty())
-        parts_.announce(said);
+    if (!said.empty()) parts_.announce(said);
 }
 
-void Canvas::bring_in_line(Drawn& drawn) const {
-    const PictureElement& element = *drawn.element;
-    PictureElement& shown = drawn.shown;
-    if (!element.Visible && !shown.Visible) return;
-    if (!same_place(shown, element)) place(drawn.node, element);
-    if (shown.CutToHeight != element.CutToHeight) drawn.node.turn("cut", element.CutToHeight);
-    if (std::string name = element.spoken_name(); name != drawn.name) {
-        drawn.node.attribute("aria-label", name);
-        drawn.node.attribute_if(name.empty(), "aria-hidden");
-        drawn.name = std::move(name);
+void Canvas::bring_in_line(const PictureElement& element, PictureView& view) const {
+    const Node& node = view.node();
+    node.place(element);
+    if (!element.Visible) return;
+    node.turn("cut", element.CutToHeight);
+    if (element.KeyStop) {
+        const auto name = changes_.names().find(&element);
+        node.attribute("aria-label", name == changes_.names().end() ? "" : name->second);
     }
-    drawn.view->show(element.Picture, is_fine(parts_.scale));
-    static_cast<Element&>(shown) = element;
-    shown.CutToHeight = element.CutToHeight;
+    view.show(element.Picture, parts_.fine);
 }
 
-/// One place at a time is a stop of the Tab key. When the one with the focus goes, the nearest
-/// takes it over.
+/// When the place with the focus goes, the nearest takes it over.
 void Canvas::sync_walk() {
-    const PictureElement nowhere;
-    const PictureElement* const before = current_;
-    if (before == nullptr || !is_place(*before)) {
-        current_ = nearest_place(container_, before != nullptr ? *before : nowhere);
-    }
-    const Drawn* const drawn_before = drawn_of(before);
-    const bool takes_over =
-        current_ != before && drawn_before != nullptr && drawn_before->node.has_focus();
-    for (const Drawn& drawn : drawn_) {
-        if (drawn.element->KeyStop)
-            drawn.node.attribute("tabindex", drawn.element == current_ ? "0" : "-1");
-    }
-    if (takes_over) go_to(current_);
+    if (current_ && changes_.names().contains(current_)) return;
+    const bool had_focus = current_ && node_of(current_).has_focus();
+    stop_at(nearest_place(container_, current_ ? *current_ : PictureElement()));
+    if (had_focus && current_) node_of(current_).focus();
+}
+
+/// One place at a time is a stop of the Tab key.
+void Canvas::stop_at(PictureElement* place) {
+    if (current_) node_of(current_).attribute("tabindex", "-1");
+    current_ = place;
+    if (current_) node_of(current_).attribute("tabindex", "0");
 }
 
 void Canvas::listen() {
-    area_.listen(EventKind::Press, [this](const PageEvent& event) { press(event); });
-    area_.listen(EventKind::Release, [this](const PageEvent& event) {
-        parts_.deliver([&] { mouse_.release(to_twips_x(event.x), to_twips_y(event.y)); });
+    area_.listen("pointerdown", [this](const PageEvent& event) { press(event); });
+    area_.listen("pointerup", [this](const PageEvent& event) {
+        const Scale& scale = parts_.scale;
+        if (!event.is_left) return;
+        parts_.deliver(mouse_.release(scale.twips(event.inside_x), scale.twips(event.inside_y)));
     });
-    area_.listen(EventKind::WalkKey, [this](const PageEvent& event) { walk(event.key); });
+    area_.listen("pointercancel", [this](const PageEvent&) { mouse_.cancel(); });
+    // Or the browser would make a click of the finger's touch on what it takes to be meant.
+    area_.listen("touchend", [](PageEvent& event) { event.taken_over = event.is_own; });
+    area_.listen("keydown", [this](PageEvent& event) { key(event); });
 }
 
+/// The presses on the controls within come here too.
 void Canvas::press(const PageEvent& event) {
-    const Twips x = to_twips_x(event.x);
-    const Twips y = to_twips_y(event.y);
-    if (!double_press_.is_second(event.milliseconds, event.x, event.y)) return mouse_.press(x, y);
-    parts_.deliver([=, this] { mouse_.double_press(x, y); });
+    if (!event.is_own || !event.is_left) return mouse_.forget_press();
+    page_capture(area_.handle());
+    const Scale& scale = parts_.scale;
+    const Twips reach = scale.twips(12);  // a finger does not come down twice on one pixel
+    parts_.deliver(mouse_.press({scale.twips(event.inside_x), scale.twips(event.inside_y),
+                                 static_cast<std::uint32_t>(event.milliseconds)},
+                                {500, reach, reach}));
 }
 
-void Canvas::forget_press() {
-    double_press_.forget();
-    mouse_.forget_press();
-}
-
-void Canvas::walk(const std::string& key) {
-    if (!current_) return;
-    if (const auto direction = direction_of(key)) {
-        return go_to(next_place(container_, *current_, *direction));
+void Canvas::key(PageEvent& event) {
+    static const std::map<std::string, Direction> arrows{{"ArrowLeft", Direction::Left},
+                                                         {"ArrowRight", Direction::Right},
+                                                         {"ArrowUp", Direction::Up},
+                                                         {"ArrowDown", Direction::Down}};
+    if (event.modified || !current_ || !node_of(current_).has_focus()) return;
+    const bool twice = event.key == "d" || event.key == "D";
+    const auto arrow = arrows.find(event.key);
+    event.taken_over = twice || event.key == "Enter" || event.key == " " || arrow != arrows.end();
+    if (arrow != arrows.end()) {
+        const PictureElement* const next = next_place(container_, *current_, arrow->second);
+        if (next) node_of(next).focus();
+    } else if (event.taken_over && !event.repeated) {
+        click_current(twice);
     }
-    click_current(key == "d" || key == "D");
 }
 
 /// What the hand on the mouse would do there, once or twice.
 void Canvas::click_current(bool twice) {
-    const Twips x = current_->Left + current_->Width / 2;
-    const Twips y = current_->Top + current_->Height / 2;
-    mouse_.press(x, y);
-    parts_.deliver([=, this] { mouse_.release(x, y); });
-    if (!twice) return;
-    parts_.deliver([=, this] { mouse_.double_press(x, y); });
-}
-
-void Canvas::go_to(PictureElement* place) {
-    if (Drawn* const drawn = drawn_of(place)) drawn->node.focus();
-}
-
-Canvas::Drawn* Canvas::drawn_of(const PictureElement* element) {
-    for (Drawn& drawn : drawn_) {
-        if (drawn.element == element) return &drawn;
-    }
-    return nullptr;
-}
-
-Twips Canvas::to_twips_x(double x) const {
-    return static_cast<Twips>(
-        std::floor((x - page_left(area_.handle())) / parts_.scale * twips_per_pixel));
-}
-
-Twips Canvas::to_twips_y(double y) const {
-    return static_cast<Twips>(
-        std::floor((y - page_top(area_.handle())) / parts_.scale * twips_per_pixel));
+    const Press press{current_->Left + current_->Width / 2, current_->Top + current_->Height / 2};
+    mouse_.cancel();
+    mouse_.press(press, {});
+    parts_.deliver(mouse_.release(press.x, press.y));
+    if (twice) parts_.deliver(mouse_.press(press, {}));
+    mouse_.cancel();
 }
 
 }  // namespace solvanta::web

@@ -1,22 +1,15 @@
 #include "front_ends/web/controls.h"
 
-#include <utility>
+#include <memory>
 
-#include "front_ends/web/border.h"
 #include "front_ends/web/canvas.h"
+#include "front_ends/web/look.h"
 #include "front_ends/web/rich_text_view.h"
-#include "front_ends/web/trouble.h"
+#include "rich_text/font_kind.h"
 #include "rich_text/rtf_reader.h"
 
 namespace solvanta::web {
 namespace {
-
-/// Keeps `node`, and what is built on it, for the life of the window.
-std::shared_ptr<Node> own(WindowParts& parts, Node node) {
-    auto owned = std::make_shared<Node>(std::move(node));
-    parts.owned.push_back(owned);
-    return owned;
-}
 
 /// Tells a text box to those who listen by the words that stand around it.
 std::string words_of(const Container& container) {
@@ -31,87 +24,76 @@ std::string words_of(const Container& container) {
 
 void build(CommandButton& element, const Container& /*container*/, const Node& area,
            WindowParts& parts) {
-    const auto button = own(parts, Node(area, "button", "element button"));
-    button->listen(EventKind::Click,
-                   [&element, &parts](const PageEvent&) { parts.deliver(element.Click); });
-    parts.syncs.emplace_back([button, &element, caption = std::string()]() mutable {
-        if (caption != element.Caption) button->text(element.Caption);
-        caption = element.Caption;
-        place(*button, element);
+    const Node button(area, "button", "element button");
+    button.listen("click", [&](const PageEvent&) { parts.deliver(element.Click); });
+    // A key held down since it ended something else is not meant for the button.
+    button.listen("keydown", [](PageEvent& event) {
+        event.taken_over = event.repeated && event.key == "Enter";
+    });
+    parts.syncs.emplace_back([button, &element] {
+        button.text(element.Caption);
+        button.place(element);
     });
 }
 
 void build(Frame& frame, const Container& /*container*/, const Node& area, WindowParts& parts) {
-    const auto box = own(parts, Node(area, "fieldset", "element frame"));
-    const auto caption = own(parts, Node(*box, "legend"));
-    const auto inside = own(parts, Node(*box, "div", "inside"));
-    const auto canvas = std::make_shared<Canvas>(frame, *inside, parts);
-    parts.owned.push_back(canvas);
-    caption->text(frame.Caption);
+    const Node box(area, "fieldset", "element frame");
+    Node(box, "legend").text(frame.Caption);
+    const auto canvas = std::make_shared<Canvas>(frame, Node(box, "div", "inside"), parts);
     parts.syncs.emplace_back([box, canvas, &frame] {
-        box->attribute_if(!frame.Enabled, "disabled");
-        place(*box, frame);
+        box.attribute_if("disabled", !frame.Enabled);
+        box.place(frame);
         canvas->sync();
     });
-    build_controls(frame, *box, parts);
+    build_controls(frame, box, parts);
 }
 
 void build(TextBox& box, const Container& container, const Node& area, WindowParts& parts) {
-    const auto input = own(parts, Node(area, "input", "element text-box"));
-    set_font(*input, box.Font);
+    const Node input(area, "input", "element text-box");
+    set_font(input, box.Font);
     for (const auto& [name, value] :
          {std::pair{"autocomplete", "off"}, {"spellcheck", "false"}, {"enterkeyhint", "done"}}) {
-        input->attribute(name, value);
+        input.attribute(name, value);
     }
-    parts.text_boxes[&box] = input.get();
-    input->listen(EventKind::Input, [input = input.get(), &box](const PageEvent&) {
-        box.Text = taken(page_value(input->handle()));
+    parts.text_boxes[&box] = input;
+    input.listen("input", [&box, handle = input.handle()](const PageEvent&) {
+        box.Text = taken(page_value(handle));
     });
-    input->listen(EventKind::Key, [&box, &parts](const PageEvent& event) {
+    input.listen("keydown", [&](const PageEvent& event) {
+        if (event.composing) return;
         parts.deliver([&] {
             if (box.KeyDown) box.KeyDown(event.key == "Enter" ? key_enter : 0);
         });
     });
     parts.syncs.emplace_back([input, &box, &container] {
-        if (taken(page_value(input->handle())) != box.Text) {
-            page_set_value(input->handle(), box.Text.c_str());
-        }
-        input->attribute("aria-label", words_of(container));
-        place(*input, box);
+        if (taken(page_value(input.handle())) != box.Text)
+            page_set(input.handle(), "value", box.Text.c_str());
+        input.attribute("aria-label", words_of(container));
+        input.place(box);
     });
 }
 
 void build(PictureBox& box, const Container& /*container*/, const Node& area, WindowParts& parts) {
-    const auto node = own(parts, Node(area, "div", "element picture-box"));
-    const auto view = std::make_shared<PictureView>(*node, parts.pictures);
-    parts.owned.push_back(view);
-    parts.syncs.emplace_back([node, view, &box, &parts] {
-        place(*node, box);
-        if (box.Visible) view->show(box.Picture, is_fine(parts.scale));
+    const auto view = std::make_shared<PictureView>(area, "element picture-box", parts.pictures);
+    parts.syncs.emplace_back([view, &box, &parts] {
+        view->node().place(box);
+        if (box.Visible) view->show(box.Picture, parts.fine);
     });
 }
 
-void show_rtf(const Node& view, const RichTextBox& box) {
-    page_text(view.handle(), "");
-    if (const auto text = read_rtf(box.TextRTF)) {
-        show_rich_text(*text, view);
-    } else if (!box.TextRTF.empty()) {
-        report_once("RTF", "formatierter Text nicht lesbar");
-    }
-    page_scroll_top(view.handle());
-}
-
 void build(RichTextBox& box, const Container& /*container*/, const Node& area, WindowParts& parts) {
-    const auto view = own(parts, Node(area, "div", "element rich-text"));
-    set_font(*view, box.Font);
-    view->turn("columns", font_kind(box.Font.family) == FontKind::FixedPitch);
-    view->attribute("tabindex", "0");
-    view->attribute("role", "document");
+    const Node view(area, "div", "element rich-text");
+    set_font(view, box.Font);
+    view.turn("columns", font_kind(box.Font.family) == FontKind::FixedPitch);
+    view.attribute("tabindex", "0");
+    view.attribute("role", "document");
     parts.syncs.emplace_back([view, &box, shown = std::string()]() mutable {
-        place(*view, box);
+        view.place(box);
         if (shown == box.TextRTF) return;
         shown = box.TextRTF;
-        show_rtf(*view, box);
+        page_set(view.handle(), "textContent", "");
+        if (const auto text = read_rtf(box.TextRTF)) show_rich_text(*text, view);
+        page_set(view.handle(), "scrollTop", "0");
     });
 }
 

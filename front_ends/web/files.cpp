@@ -1,65 +1,53 @@
 #include "front_ends/web/files.h"
 
+#include <utility>
+
 #include "front_ends/web/border.h"
-#include "front_ends/web/fetching.h"
 
 namespace solvanta::web {
+namespace {
 
-void WebFiles::fetch_copy(const std::string& path) {
-    fetch(path, [this, path](const std::string* bytes) {
-        if (bytes) copies_[path] = *bytes;
+std::error_code read_stored(const std::string& path, std::string& bytes) {
+    constexpr int forbidden = -2;
+    char* block = nullptr;
+    const int length = page_stored(path.c_str(), &block);
+    if (length == forbidden) return std::make_error_code(std::errc::permission_denied);
+    if (length < 0) return std::make_error_code(std::errc::no_such_file_or_directory);
+    bytes.assign(block, static_cast<std::size_t>(length));
+    std::free(block);
+    return {};
+}
+
+}  // namespace
+
+WebFiles::WebFiles(std::string help) : help_path_(std::move(help)) {
+    fetch_help();
+}
+
+void WebFiles::fetch_help() {
+    fetch(help_path_, [this](const PageEvent& event) {
+        if (event.bytes) help_ = event.bytes;
     });
 }
 
-/// A copy read is fetched anew, so that the next reading has what the server holds by then.
 std::error_code WebFiles::read(const std::string& path, std::size_t limit, std::string& bytes) {
     bytes.clear();
-    if (const auto copy = copies_.find(path); copy != copies_.end()) {
-        bytes = copy->second;
-        fetch_copy(path);
-    } else {
-        char* block = nullptr;
-        const int length = page_stored(path.c_str(), &block);
-        constexpr int forbidden = -2;
-        if (length == forbidden) return std::make_error_code(std::errc::permission_denied);
-        if (length < 0) return std::make_error_code(std::errc::no_such_file_or_directory);
-        bytes.assign(block, static_cast<std::size_t>(length));
-        std::free(block);
+    if (path == help_path_ && help_) {
+        bytes = *help_;
+        fetch_help();
+    } else if (const std::error_code error = read_stored(path, bytes)) {
+        return error;
     }
     if (bytes.size() <= limit) return {};
     bytes.clear();
     return std::make_error_code(std::errc::file_too_large);
 }
 
-std::error_code WebFiles::create(const std::string& path) {
-    writing_ = &written_[path];
-    writing_->clear();
-    return {};
-}
-
-std::error_code WebFiles::open(const std::string& /*path*/) {
-    return std::make_error_code(std::errc::permission_denied);
-}
-
-std::error_code WebFiles::write(std::string_view bytes) {
-    *writing_ += bytes;
-    return {};
-}
-
-std::error_code WebFiles::rename(const std::string& from, const std::string& to) {
-    const std::string& bytes = written_.at(from);
-    const int trouble = page_store(to.c_str(), bytes.data(), bytes.size());
-    if (trouble != 0) {
-        return std::make_error_code(trouble == 1 ? std::errc::no_space_on_device
-                                                 : std::errc::permission_denied);
-    }
-    written_.erase(from);
-    return {};
-}
-
-std::error_code WebFiles::remove(const std::string& path) {
-    written_.erase(path);
-    return {};
+std::error_code WebFiles::replace(const std::string& path, std::string_view bytes) {
+    const int trouble = page_store(path.c_str(), bytes.data(), bytes.size());
+    if (trouble == 0) return {};
+    return std::make_error_code(trouble == 1 ? std::errc::no_space_on_device
+                                             : std::errc::permission_denied);
 }
 
 }  // namespace solvanta::web

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <memory>
+#include <optional>
 #include <vector>
 
 #include "front_ends/web/canvas.h"
@@ -9,6 +9,9 @@
 #include "front_ends/web/window_parts.h"
 
 namespace solvanta::web {
+
+/// The room that the page has.
+Size page_size();
 
 /// The window of one form, within the page.
 class FormWindow {
@@ -38,15 +41,12 @@ class FormWindow {
     /// Shows the window in front of the others and gives it the keyboard.
     void bring_forward();
     /// Puts it behind the one that comes to the front.
-    void step_back() const;
+    void step_back() const { frame_.turn("foremost", false); }
     void hide();
     bool is_visible() const { return visible_; }
 
     /// Gives `box` the keyboard focus; answers whether it is one of this window's.
     bool focus(const TextBox& box);
-
-    /// To be told of each press in the page.
-    void pressed(int node);
 
     /// Hides the window for good; nothing of it touches the form any more.
     void let_go();
@@ -54,9 +54,8 @@ class FormWindow {
   private:
     void build_title_bar();
     void build_client();
-    void open_where_it_belongs();
     void start(Timer& timer);
-    void drag(const PageEvent& event);
+    void make_movable();
     void move_to(double left, double top);
 
     Form& form_;
@@ -68,12 +67,11 @@ class FormWindow {
     Node caption_;
     Node close_;
     Node client_;
-    std::unique_ptr<Canvas> canvas_;
-    std::vector<int> timers_;
+    Canvas canvas_;
+    std::vector<int> ticks_;
     double left_ = 0;  // in the page
     double top_ = 0;
-    double grip_x_ = 0;  // where the title bar is held
-    double grip_y_ = 0;
+    std::optional<Size> grip_;  // how far from its corner the pointer holds the window
     bool visible_ = false;
     bool placed_ = false;
 };

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <memory>
-#include <vector>
+#include <optional>
 
+#include "front_ends/common/window_host.h"
 #include "front_ends/web/form_window.h"
 #include "front_ends/web/message_box.h"
 #include "front_ends/web/pictures.h"
-#include "front_ends/common/window_host.h"
 
 namespace solvanta::web {
 
@@ -16,32 +15,35 @@ namespace solvanta::web {
 class WebHost final : public WindowHost<FormWindow> {
   public:
     explicit WebHost(double largest_scale = 2);
-    ~WebHost() override;
+    ~WebHost() override {
+        clear();
+        remove_all_listeners();
+    }
 
     void hide(Form& form) override;
-    Answer message(const std::string& text, Buttons buttons) override;
     std::string program_directory() const override;
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
-
-    Pictures& pictures() { return pictures_; }
 
     /// Called when the program has ended.
     Event ended;
 
   private:
     FormWindow& create_window(Form& form) override;
+    void open_box(const std::string& text, Buttons buttons) override;
+    void close_box() override { box_.reset(); }
+    void soon(Event act) override { web::soon(std::move(act)); }
+    void end() override;
     void bring_forward(FormWindow& window) override;
     void close(FormWindow& window) override;
-    void close_boxes() override;
-    void end() override;
     void lay_out();
 
     double largest_scale_;
-    Node page_;
-    Node announcer_;
-    Pictures pictures_;
-    std::vector<const MessageBox*> boxes_;
+    Node windows_ = Node::find("windows");
+    Node announcer_ = Node::find("announcer");
+    Node page_ = Node::page();
+    Pictures pictures_{[this] { deliver(nullptr); }};
+    std::optional<MessageBox> box_;
 };
 
 }  // namespace solvanta::web

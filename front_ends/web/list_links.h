@@ -16,7 +16,7 @@ class ListLinks {
     ListLinks(WebHost& host, std::function<std::string()> list,
               std::function<bool(const std::string&)> take);
 
-    void hide() const;
+    void hide() const { links_.attribute_if("hidden", true); }
 
   private:
     void save() const;
@@ -25,10 +25,10 @@ class ListLinks {
     WebHost& host_;
     std::function<std::string()> list_;
     std::function<bool(const std::string&)> take_;
-    Node links_;
-    Node save_;
-    Node load_;
-    Node note_;
+    Node links_ = Node::find("links");
+    Node save_ = Node::find("save-list");
+    Node load_ = Node::find("load-list");
+    Node note_ = Node::find("note");
 };
 
 }  // namespace solvanta::web

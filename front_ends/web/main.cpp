@@ -2,7 +2,6 @@
 #include "front_ends/web/files.h"
 #include "front_ends/web/host.h"
 #include "front_ends/web/list_links.h"
-#include "front_ends/web/node.h"
 #include "scores/best_times_format.h"
 #include "view/pictures.h"
 
@@ -13,41 +12,24 @@ using namespace solvanta;
 /// The program, for as long as the page stands.
 class Program {
   public:
-    Program()
-        : table_(host_, random_from_clock, files_),
-          links_(
-              host_, [this] { return format_best_times(table_.state); },
-              [this](const std::string& list) { return take(list); }) {
-        // Fetched ahead, the help can be shown at the moment of the click.
-        files_.fetch_copy(in_directory("Help.rtf"));
+    Program() {
         host_.ended = [this] { end(); };
         table_.Form_Load();
         host_.show(table_);
     }
 
   private:
-    std::string in_directory(std::string_view name) const {
-        return program_file(host_.program_directory(), name);
-    }
-
-    /// A name still being entered goes into the list before another one takes its place.
-    bool take(const std::string& list) {
-        table_.complete_name_entry();
-        if (replace_file(files_, in_directory(best_times_file_name), list)) return false;
-        table_.read_Highscore();
-        return true;
-    }
-
-    void end() {
+    void end() const {
         links_.hide();
-        web::Node::find("ended").remove_attribute("hidden");
+        web::Node::find("ended").attribute_if("hidden", false);
         web::Node::find("start-again").focus();
     }
 
-    web::WebFiles files_;
     web::WebHost host_;
-    Form_Main table_;
-    web::ListLinks links_;
+    web::WebFiles files_{program_file(host_.program_directory(), "Help.rtf")};
+    Form_Main table_{host_, random_from_clock, files_};
+    web::ListLinks links_{host_, [this] { return format_best_times(table_.state); },
+                          [this](const std::string& list) { return table_.take_Highscore(list); }};
 };
 
 }  // namespace

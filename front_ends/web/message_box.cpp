@@ -1,69 +1,49 @@
 #include "front_ends/web/message_box.h"
 
-#include <string_view>
+#include <cctype>
 
-#include "front_ends/web/border.h"
+#include "front_ends/common/boxes.h"
 
 namespace solvanta::web {
-namespace {
 
-struct Choice {
-    const char* caption;
-    const char* key;  // pressed with Alt
-    Answer answer;
-};
-
-/// The buttons of a box, the default one first, the one that closing means last.
-std::vector<Choice> choices(Buttons buttons) {
-    switch (buttons) {
-        case Buttons::YesNo:
-            return {{"Ja", "j", Answer::Yes}, {"Nein", "n", Answer::No}};
-        case Buttons::OkCancel:
-            return {{"OK", "o", Answer::Ok}, {"Abbrechen", "a", Answer::Cancel}};
-        case Buttons::Ok:
-            break;
-    }
-    return {{"OK", "o", Answer::Ok}};
-}
-
-}  // namespace
-
-MessageBox::MessageBox(const Node& page, const std::string& text, Buttons buttons)
-    : buttons_(buttons), dialog_(page, "dialog", "box") {
+MessageBox::MessageBox(const Node& page, const std::string& text, Buttons buttons,
+                       const Answered& answered)
+    : dialog_(page, "dialog", "box") {
+    const auto choices = buttons_of(buttons);
+    const Listener closed = [=](const PageEvent&) { answered(choices.back().answer); };
     dialog_.attribute("aria-label", "Solvanta");
-    Node title(dialog_, "header", "title-bar");
-    Node caption(title, "span", "caption");
-    caption.text("Solvanta");
-    caption.leave_to_parent();
-    Node close(title, "button", "close");
-    close.text("✕");
+    dialog_.listen("close", closed);
+    const Node title(dialog_, "header", "title-bar");
+    Node(title, "span", "caption").text("Solvanta");
+    const Node& close = add_button(title, "close", "✕", closed);
     close.attribute("aria-label", "Schließen");
     close.attribute("tabindex", "-1");
-    close.leave_to_parent();
-    title.leave_to_parent();
-    Node words(dialog_, "p");
-    words.text(text);
-    words.leave_to_parent();
-    row_ = Node(dialog_, "div", "buttons");
-    int number = 0;
-    for (const Choice& choice : choices(buttons)) {
-        Node button(row_, "button", "choice");
-        button.text(choice.caption);
-        button.attribute("value", std::to_string(number));
-        button.attribute("data-key", choice.key);
-        button.attribute_if(number++ == 0, "autofocus");
-        button.leave_to_parent();
+    Node(dialog_, "p").text(text);
+    const Node row(dialog_, "div", "buttons");
+    for (const BoxButton& choice : choices) {
+        add_button(row, "choice", without_mark(choice.caption), [=](const PageEvent&) {
+            answered(choice.answer);
+        }).attribute_if("autofocus", &choice == &choices.front());
     }
+    page_call(dialog_.handle(), "showModal");
 }
 
-Answer MessageBox::ask() {
-    const int number = page_ask(dialog_.handle());
-    if (number < 0) return answer_of_closing(buttons_);
-    return choices(buttons_).at(static_cast<std::size_t>(number)).answer;
+MessageBox::~MessageBox() {
+    page_call(dialog_.handle(), "close");
+    dialog_.remove();
 }
 
-void MessageBox::close() const {
-    page_close_dialog(dialog_.handle());
+/// Alt and its first letter press it too.
+const Node& MessageBox::add_button(const Node& parent, const char* class_name,
+                                   const std::string& caption, const Listener& pressed) {
+    const Node& button = buttons_.emplace_back(parent, "button", class_name);
+    button.text(caption);
+    button.listen("click", pressed);
+    dialog_.listen("keydown", [pressed, first = caption.front()](PageEvent& event) {
+        const bool is_letter = event.alt && event.key.size() == 1;
+        if (is_letter && std::tolower(event.key.front()) == std::tolower(first)) pressed(event);
+    });
+    return button;
 }
 
 }  // namespace solvanta::web

@@ -8,21 +8,23 @@
 
 namespace solvanta::web {
 
-/// A modal box over the page. One closed by its close box, by Esc or by `close` answers as closing
-/// does.
+/// A modal box over the page, open for as long as this object lives.
 class MessageBox {
   public:
-    MessageBox(const Node& page, const std::string& text, Buttons buttons);
-
-    /// Shows the box and waits for the answer; timers go on.
-    Answer ask();
-
-    void close() const;
+    /// `answered` is called, as an event, when the player presses a button or closes the box; it
+    /// may destroy the box.
+    MessageBox(const Node& page, const std::string& text, Buttons buttons,
+               const Answered& answered);
+    MessageBox(const MessageBox&) = delete;
+    MessageBox& operator=(const MessageBox&) = delete;
+    ~MessageBox();
 
   private:
-    Buttons buttons_;
+    const Node& add_button(const Node& parent, const char* class_name, const std::string& caption,
+                           const Listener& pressed);
+
     Node dialog_;
-    Node row_;
+    std::vector<Node> buttons_;
 };
 
 }  // namespace solvanta::web

@@ -1,16 +1,15 @@
 #include "front_ends/web/rich_text_view.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
+
+#include "front_ends/web/look.h"
 
 namespace solvanta::web {
 namespace {
 
-double to_pixels(Twips twips) {
-    return static_cast<double>(twips) / twips_per_pixel;
-}
-
-/// A length of the unscaled form, as the style sheet's own.
+/// A length in pixels of the unscaled form, as the style sheet's own.
 std::string scaled(double pixels) {
     return "calc(" + std::to_string(pixels) + "px * var(--scale))";
 }
@@ -30,32 +29,28 @@ const char* to_css(ParagraphAlignment alignment) {
 }
 
 void set_layout(const Node& node, const ParagraphLayout& layout) {
-    if (layout.alignment != ParagraphAlignment::Left)
-        node.style("text-align", to_css(layout.alignment));
+    constexpr double single = 240;
+    constexpr double normal_line = 1.15;
     const std::pair<const char*, Twips> lengths[] = {{"padding-left", layout.left},
                                                      {"padding-right", layout.right},
                                                      {"text-indent", layout.first_line},
                                                      {"padding-top", layout.before},
                                                      {"padding-bottom", layout.after}};
+    node.style("text-align", to_css(layout.alignment));
     for (const auto& [property, length] : lengths) {
-        if (length != 0) node.style(property, scaled(to_pixels(length)));
+        if (length != 0) node.style(property, scaled(logical_scale.length(length)));
     }
-    if (layout.line_spacing == 0) return;
-    constexpr double single = 240;
-    constexpr double normal_line = 1.15;
     const int spacing = std::abs(layout.line_spacing);
-    if (layout.line_spacing_factor) {
+    if (layout.line_spacing_factor && spacing != 0) {
         node.style("line-height", spacing / single * normal_line);
-    } else {
-        node.style("line-height", scaled(to_pixels(spacing)));
+    } else if (spacing != 0) {
+        node.style("line-height", scaled(logical_scale.length(spacing)));
     }
 }
 
 void set_look(const Node& node, const CharacterLook& look, const RichDocument& document) {
     constexpr double pixels_per_half_point = 96.0 / 72 / 2;
-    if (look.font) {
-        node.style("font-family", font_families(document.fonts.at(*look.font).family));
-    }
+    if (look.font) node.style("font-family", font_families(document.fonts.at(*look.font).family));
     if (look.half_points)
         node.style("font-size", scaled(*look.half_points * pixels_per_half_point));
     if (look.ink) node.style("color", web::to_css(*look.ink));
@@ -76,33 +71,29 @@ void set_look(const Node& node, const CharacterLook& look, const RichDocument& d
 class ParagraphWriter {
   public:
     ParagraphWriter(const RichParagraph& paragraph, const RichDocument& document, const Node& node)
-        : paragraph_(paragraph), document_(document), node_(node) {}
+        : paragraph_(paragraph), document_(document), node_(node), box_(node) {}
 
     void write();
 
   private:
-    void write(std::string_view text, const CharacterLook& look);
+    void write(std::string_view text, const CharacterLook& look) const;
     void begin_box();
-    bool tab_follows(std::size_t run, std::size_t place) const;
 
     const RichParagraph& paragraph_;
     const RichDocument& document_;
-    const Node& node_;
-    Node box_;  // none behind the last tab
+    Node node_;
+    Node box_;  // the paragraph itself behind the last tab
     Twips reached_ = 0;
-    int tabs_left_ = 0;
+    std::ptrdiff_t tabs_left_ = 0;
 };
 
 void ParagraphWriter::write() {
-    for (const TextRun& run : paragraph_.runs) {
-        for (const char c : run.text)
-            tabs_left_ += c == '\t' ? 1 : 0;
-    }
+    for (const TextRun& run : paragraph_.runs)
+        tabs_left_ += std::count(run.text.begin(), run.text.end(), '\t');
     begin_box();
     for (const TextRun& run : paragraph_.runs) {
         std::string_view text = run.text;
-        for (std::size_t tab = text.find('\t'); tab != std::string_view::npos;
-             tab = text.find('\t')) {
+        for (std::size_t tab = 0; (tab = text.find('\t')) != std::string_view::npos;) {
             write(text.substr(0, tab), run.look);
             text.remove_prefix(tab + 1);
             --tabs_left_;
@@ -110,51 +101,44 @@ void ParagraphWriter::write() {
         }
         write(text, run.look);
     }
-    box_.leave_to_parent();
 }
 
 /// The box up to the next stop; stops for right-aligned and centred text are taken for plain ones.
 void ParagraphWriter::begin_box() {
-    box_.leave_to_parent();
-    box_ = Node();
+    box_ = node_;
     if (tabs_left_ == 0) return;
-    Twips stop = (reached_ / default_tab_stop + 1) * default_tab_stop;
-    for (const TabStop& tab : paragraph_.layout.tabs) {
-        if (tab.position <= reached_) continue;
-        stop = tab.position;
-        break;
-    }
+    const auto& tabs = paragraph_.layout.tabs;
+    const auto next = std::find_if(tabs.begin(), tabs.end(),
+                                   [this](const TabStop& tab) { return tab.position > reached_; });
+    const Twips stop =
+        next != tabs.end() ? next->position : (reached_ / default_tab_stop + 1) * default_tab_stop;
     box_ = Node(node_, "span", "tab");
-    box_.style("min-width", scaled(to_pixels(stop - reached_)));
+    box_.style("min-width", scaled(logical_scale.length(stop - reached_)));
     reached_ = stop;
 }
 
-void ParagraphWriter::write(std::string_view text, const CharacterLook& look) {
+void ParagraphWriter::write(std::string_view text, const CharacterLook& look) const {
     if (text.empty()) return;
-    Node span(box_.handle() != 0 ? box_ : node_, "span");
-    set_look(span, look, document_);
-    std::string content(text);
     constexpr std::string_view line_separator = "\u2028";
-    for (std::size_t at = content.find(line_separator); at != std::string::npos;
-         at = content.find(line_separator, at)) {
+    std::string content(text);
+    for (std::size_t at = 0; (at = content.find(line_separator, at)) != std::string::npos;)
         content.replace(at, line_separator.size(), "\n");
-    }
+    const Node span(box_, "span");
+    set_look(span, look, document_);
     span.text(content);
-    span.leave_to_parent();
 }
 
 }  // namespace
 
 void show_rich_text(const RichDocument& document, const Node& view) {
     for (const RichParagraph& paragraph : document.paragraphs) {
-        Node node(view, "p");
+        const Node node(view, "p");
         set_layout(node, paragraph.layout);
         if (paragraph.runs.empty()) {
             set_look(node, paragraph.mark, document);
-            Node(node, "br").leave_to_parent();
+            Node(node, "br");
         }
         ParagraphWriter(paragraph, document, node).write();
-        node.leave_to_parent();
     }
 }
 

@@ -2,27 +2,25 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 #include <vector>
 
 #include "front_ends/web/node.h"
 #include "front_ends/web/pictures.h"
-#include "platform/elements.h"
 
 namespace solvanta::web {
 
 /// Runs one event of an element and then brings all windows in line with their forms.
-using Deliver = std::function<void(const Event&)>;
+using Deliver = std::function<void(Event)>;
 
 /// What the elements of one window share.
 struct WindowParts {
     Deliver deliver;
     Pictures& pictures;
     std::function<void(const std::string&)> announce;  ///< says something to those who listen
-    double scale = 1;                                  ///< pixels of the page to one of the form
+    Scale scale;                                       ///< pixels of the page to one of the form
+    bool fine = false;                                 ///< more pixels of the screen than that
     std::vector<std::function<void()>> syncs;          ///< each brings one element in line
-    std::map<const TextBox*, Node*> text_boxes;
-    std::vector<std::shared_ptr<void>> owned;  ///< the elements themselves
+    std::map<const TextBox*, Node> text_boxes;
 };
 
 }  // namespace solvanta::web

@@ -77,6 +77,8 @@ TEST_F(Pictures, ThatCannotBeReadGiveAPlaceholderAndOneLine) {
         EXPECT_FALSE(is_light(driver().pixel(form, {10, 50}))) << name;
         expect_color(form, 83, 50, red);
         expect_color(form, 120, 50, red);  // no picture at all shows nothing
+        element.Picture = Picture();
+        expect_color(form, 20, 90, red);
         const std::string said = testing::internal::GetCapturedStderr();
         EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
         EXPECT_NE(said.find(name), std::string::npos) << said;
@@ -102,9 +104,9 @@ TEST_F(Pictures, AreReadOnceForEachLoadAndDroppedWithTheLastElement) {
     driver().put_file("card.bmp", bitmap(20, 20, green));
     show_in_other(first);
     expect_color(form, 50, 10, blue);
-    show_in_other(second);  // let go of meanwhile, so read anew
+    show_in_other(second);  // let go of meanwhile, so read anew, but fetched once in a browser
     expect_color(form, 10, 10, blue);
-    expect_color(form, 50, 10, green);
+    expect_color(form, 50, 10, driver().window(form.Caption)->is_within_page ? blue : green);
 }
 
 TEST_F(Pictures, ComeFromTheFineFileWhereTheScreenIsFine) {

@@ -1,6 +1,6 @@
 #include "tests/front_ends/driver.h"
 
-#include <cstdlib>
+#include <chrono>
 #include <map>
 #include <sstream>
 #include <utility>
@@ -14,7 +14,6 @@ extern "C" {
 void hand_act(const char* act, const char* argument);
 void hand_mouse(const char* caption, double x, double y, int button, int down);
 void hand_close(const char* caption);
-void hand_later(int milliseconds, int number);
 void hand_settle();
 void hand_wait(int milliseconds);
 int hand_pixel(const char* caption, double x, double y);
@@ -29,8 +28,6 @@ void hand_done(int failures);
 namespace solvanta::test {
 namespace {
 
-std::map<int, std::function<void()>> later_calls;
-
 const char* name_of(Key key) {
     constexpr const char* names[] = {"Enter", "NumpadEnter", "Space",     "Escape",
                                      "Tab",   "Backspace",   "ArrowLeft", "End",
@@ -39,34 +36,30 @@ const char* name_of(Key key) {
 }
 
 /// Drives a page with real input of the browser, given from outside; it takes effect during
-/// `settle`.
+/// `settle`. What is to be done later is done at the end of a `wait`.
 class WebDriver final : public Driver {
   public:
-    ~WebDriver() override { later_calls.clear(); }
-
     Host& host() override { return host_; }
     double ratio() const override { return page_ratio(); }
+    void settle() override { hand_settle(); }
 
-    void settle() override {
-        do {
-            hand_settle();
-        } while (host_.is_busy());
+    void wait(int milliseconds) override {
+        hand_wait(milliseconds);
+        const auto now = Clock::now();
+        while (!later_.empty() && later_.begin()->first <= now)
+            later_.extract(later_.begin()).mapped()();
     }
-
-    void wait(int milliseconds) override { hand_wait(milliseconds); }
 
     bool run() override {
         constexpr int turns = 500;
-        for (int turn = 0; turn < turns && (!host_.is_quitting() || host_.is_busy()); ++turn)
-            hand_wait(20);
+        for (int turn = 0; turn < turns && !host_.is_quitting(); ++turn)
+            wait(20);
         settle();
         return host_.is_quitting();
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        static int last = 0;
-        later_calls[++last] = std::move(act);
-        hand_later(milliseconds, last);
+        later_.emplace(Clock::now() + std::chrono::milliseconds(milliseconds), std::move(act));
     }
 
     void mouse(const Form& form, Point at, MouseButton button, bool down) override {
@@ -96,7 +89,7 @@ class WebDriver final : public Driver {
 
     /// What the form has been given but not shown yet is shown first, and has arrived.
     Color pixel(const Form& form, Point at) override {
-        if (!host_.is_busy()) host_.deliver(nullptr);
+        host_.deliver(nullptr);
         hand_settle();
         const auto color = static_cast<unsigned>(hand_pixel(form.Caption.c_str(), at.x, at.y));
         return {static_cast<std::uint8_t>(color >> 16U), static_cast<std::uint8_t>(color >> 8U),
@@ -130,16 +123,17 @@ class WebDriver final : public Driver {
 
     void close_box() override { hand_close(""); }
 
-    /// The browser's own copy of a replaced file is given up with it.
     std::string put_file(const std::string& name, const std::string& bytes) override {
         std::string path = "./put/" + name;
         hand_put_file(path.c_str(), bytes.data(), bytes.size());
-        host_.pictures().forget(path);
         return path;
     }
 
   private:
+    using Clock = std::chrono::steady_clock;
+
     web::WebHost host_{1};
+    std::multimap<Clock::time_point, std::function<void()>> later_;
 };
 
 }  // namespace
@@ -149,12 +143,6 @@ std::unique_ptr<Driver> make_driver() {
 }
 
 }  // namespace solvanta::test
-
-/// The moment of something to be done later has come.
-extern "C" __attribute__((used, visibility("default"))) void hand_call(int number) {
-    const auto entry = solvanta::test::later_calls.extract(number);
-    if (!entry.empty()) entry.mapped()();
-}
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

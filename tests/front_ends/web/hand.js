@@ -52,7 +52,7 @@ const Hand = {
       };
     },
   },
-  $hand__deps: ['$page'],
+  $hand__deps: ['$Asyncify'],
 
   hand_act: function(what, argument) {
     const wanted = { act: UTF8ToString(what), argument: UTF8ToString(argument) };
@@ -78,13 +78,9 @@ const Hand = {
     });
   },
 
-  hand_later: function(milliseconds, number) {
-    setTimeout(() => _hand_call(number), milliseconds);
-  },
-
   // Waits until all input has been given and the page has shown what came of it.
   hand_settle: function() {
-    return page.sleep((wake) => {
+    return Asyncify.handleSleep((wake) => {
       const rest = () => {
         const waits = hand.last;
         Promise.resolve(waits).then(() => requestAnimationFrame(() => setTimeout(() => {
@@ -98,12 +94,12 @@ const Hand = {
   },
 
   hand_wait: function(milliseconds) {
-    return page.sleep((wake) => setTimeout(() => wake(0), milliseconds));
+    return Asyncify.handleSleep((wake) => setTimeout(() => wake(0), milliseconds));
   },
 
   // The colour of one pixel, as 0xRRGGBB.
   hand_pixel: function(caption, x, y) {
-    return page.sleep((wake) => act({ act: 'look', ...hand.spot(hand.window(caption), x, y) })
+    return Asyncify.handleSleep((wake) => act({ act: 'look', ...hand.spot(hand.window(caption), x, y) })
       .then((color) => setTimeout(() => wake(color), 0)));
   },
 
