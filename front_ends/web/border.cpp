@@ -52,12 +52,7 @@ void choose_file(Listener chosen) {
 
 }  // namespace solvanta::web
 
-extern "C" {
-
-/// An event of the page, with the bytes of the file that has come, or null. Answers whether the
-/// listener has taken it over.
-__attribute__((used, visibility("default"))) int web_event(int listener, const char* bytes,
-                                                           std::size_t length) {
+int web_event(int listener, const char* bytes, std::size_t length) {
     using namespace solvanta::web;
     const auto found = listeners().find(listener);
     if (found == listeners().end()) return 0;
@@ -66,5 +61,4 @@ __attribute__((used, visibility("default"))) int web_event(int listener, const c
     const Listener listening = found->second;
     listening(event);
     return event.taken_over ? 1 : 0;
-}
 }

@@ -43,6 +43,10 @@ int page_store(const char* name, const char* bytes, std::size_t length);
 int page_stored(const char* name, char** block);
 int page_local_time(int part);
 char* page_locale_text(int what);
+
+/// An event of the page, with the bytes of the file that has come, or null. Answers whether its
+/// listener has taken it over.
+int web_event(int listener, const char* bytes, std::size_t length);
 }
 
 namespace solvanta::web {

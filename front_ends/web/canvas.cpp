@@ -1,12 +1,14 @@
 #include "front_ends/web/canvas.h"
 
+#include <cstdint>
+
 #include "front_ends/common/walk.h"
 #include "front_ends/web/look.h"
 
 namespace solvanta::web {
 
-Canvas::Canvas(Container& container, const Node& area, WindowParts& parts)
-    : container_(container), area_(area), parts_(parts), mouse_(container) {
+Canvas::Canvas(Container& container, Node area, WindowParts& parts)
+    : container_(container), area_(std::move(area)), parts_(parts), mouse_(container) {
     for (const Painted& item : container.canvas)
         std::visit([this](auto* element) { add(*element); }, item);
     listen();
@@ -55,7 +57,7 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
 /// When the place with the focus goes, the nearest takes it over.
 void Canvas::sync_walk() {
     if (current_ && changes_.names().contains(current_)) return;
-    const bool had_focus = current_ && node_of(current_).has_focus();
+    const bool had_focus = current_ != nullptr && node_of(current_).has_focus();
     stop_at(nearest_place(container_, current_ ? *current_ : PictureElement()));
     if (had_focus && current_) node_of(current_).focus();
 }

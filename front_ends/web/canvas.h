@@ -14,7 +14,7 @@ namespace solvanta::web {
 /// mouse, the finger and the arrow keys for all of them.
 class Canvas {
   public:
-    Canvas(Container& container, const Node& area, WindowParts& parts);
+    Canvas(Container& container, Node area, WindowParts& parts);
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 

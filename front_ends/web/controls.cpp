@@ -22,33 +22,32 @@ std::string words_of(const Container& container) {
     return words;
 }
 
-void build(CommandButton& element, const Container& /*container*/, const Node& area,
-           WindowParts& parts) {
+void build(CommandButton& element, const Node& area, WindowParts& parts) {
     const Node button(area, "button", "element button");
     button.listen("click", [&](const PageEvent&) { parts.deliver(element.Click); });
-    // A key held down since it ended something else is not meant for the button.
-    button.listen("keydown", [](PageEvent& event) {
-        event.taken_over = event.repeated && event.key == "Enter";
-    });
     parts.syncs.emplace_back([button, &element] {
         button.text(element.Caption);
         button.place(element);
     });
 }
 
-void build(Frame& frame, const Container& /*container*/, const Node& area, WindowParts& parts) {
+void build(Frame& frame, const Node& area, WindowParts& parts) {
     const Node box(area, "fieldset", "element frame");
     Node(box, "legend").text(frame.Caption);
     const auto canvas = std::make_shared<Canvas>(frame, Node(box, "div", "inside"), parts);
-    parts.syncs.emplace_back([box, canvas, &frame] {
+    parts.syncs.emplace_back([box, canvas, &frame, &parts] {
         box.attribute_if("disabled", !frame.Enabled);
         box.place(frame);
         canvas->sync();
+        for (const Control& control : frame.controls) {
+            if (auto* const* text_box = std::get_if<TextBox*>(&control))
+                parts.text_boxes[*text_box].attribute("aria-label", words_of(frame));
+        }
     });
     build_controls(frame, box, parts);
 }
 
-void build(TextBox& box, const Container& container, const Node& area, WindowParts& parts) {
+void build(TextBox& box, const Node& area, WindowParts& parts) {
     const Node input(area, "input", "element text-box");
     set_font(input, box.Font);
     for (const auto& [name, value] :
@@ -65,15 +64,14 @@ void build(TextBox& box, const Container& container, const Node& area, WindowPar
             if (box.KeyDown) box.KeyDown(event.key == "Enter" ? key_enter : 0);
         });
     });
-    parts.syncs.emplace_back([input, &box, &container] {
+    parts.syncs.emplace_back([input, &box] {
         if (taken(page_value(input.handle())) != box.Text)
             page_set(input.handle(), "value", box.Text.c_str());
-        input.attribute("aria-label", words_of(container));
         input.place(box);
     });
 }
 
-void build(PictureBox& box, const Container& /*container*/, const Node& area, WindowParts& parts) {
+void build(PictureBox& box, const Node& area, WindowParts& parts) {
     const auto view = std::make_shared<PictureView>(area, "element picture-box", parts.pictures);
     parts.syncs.emplace_back([view, &box, &parts] {
         view->node().place(box);
@@ -81,7 +79,7 @@ void build(PictureBox& box, const Container& /*container*/, const Node& area, Wi
     });
 }
 
-void build(RichTextBox& box, const Container& /*container*/, const Node& area, WindowParts& parts) {
+void build(RichTextBox& box, const Node& area, WindowParts& parts) {
     const Node view(area, "div", "element rich-text");
     set_font(view, box.Font);
     view.turn("columns", font_kind(box.Font.family) == FontKind::FixedPitch);
@@ -101,7 +99,7 @@ void build(RichTextBox& box, const Container& /*container*/, const Node& area, W
 
 void build_controls(Container& container, const Node& area, WindowParts& parts) {
     for (const Control& control : container.controls) {
-        std::visit([&](auto* element) { build(*element, container, area, parts); }, control);
+        std::visit([&](auto* element) { build(*element, area, parts); }, control);
     }
 }
 

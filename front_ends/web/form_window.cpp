@@ -43,11 +43,6 @@ FormWindow::FormWindow(Form& form, const Node& page, WindowParts parts, bool fix
         start(*timer);
 }
 
-FormWindow::~FormWindow() {
-    let_go();
-    frame_.remove();
-}
-
 void FormWindow::build_title_bar() {
     if (form_.HasIcon) {
         const Node icon(title_bar_, "img");
@@ -155,7 +150,7 @@ void FormWindow::hide() {
     step_back();
 }
 
-bool FormWindow::focus(const TextBox& box) {
+bool FormWindow::focus(const TextBox& box) const {
     const auto found = parts_.text_boxes.find(&box);
     if (found == parts_.text_boxes.end()) return false;
     found->second.focus();
@@ -167,7 +162,7 @@ void FormWindow::let_go() {
         page_stop_ticks(tick);
         remove_listener(tick);
     }
-    hide();
+    frame_.remove();
 }
 
 }  // namespace solvanta::web

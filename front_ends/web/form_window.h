@@ -22,7 +22,7 @@ class FormWindow {
                std::function<void(FormWindow&)> close_box);
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
-    ~FormWindow();
+    ~FormWindow() { let_go(); }
 
     Form& form() const { return form_; }
 
@@ -46,9 +46,9 @@ class FormWindow {
     bool is_visible() const { return visible_; }
 
     /// Gives `box` the keyboard focus; answers whether it is one of this window's.
-    bool focus(const TextBox& box);
+    bool focus(const TextBox& box) const;
 
-    /// Hides the window for good; nothing of it touches the form any more.
+    /// Takes the window out of the page; nothing of it touches the form any more.
     void let_go();
 
   private:

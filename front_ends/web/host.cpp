@@ -10,6 +10,10 @@ WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
         deliver(nullptr);
     });
     page_.listen("pagehide", [this](const PageEvent&) { save(); });
+    // A key held down since it ended or opened something is not meant for the button it meets.
+    page_.listen("keydown", [](PageEvent& event) {
+        event.taken_over = event.repeated && event.key == "Enter";
+    });
     // A press moves the keyboard's focus to where text can be typed or marked, and nowhere else.
     page_.listen("mousedown", [](PageEvent& event) {
         event.taken_over = page_event_within("input, .rich-text, dialog, footer") == 0;
@@ -21,13 +25,9 @@ WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
 }
 
 FormWindow& WebHost::create_window(Form& form) {
-    WindowParts parts{[this](Event event) { deliver(std::move(event)); },
-                      pictures_,
-                      [this](const std::string& text) { announcer_.text(text); },
-                      Scale(),
-                      {},
-                      {},
-                      {}};
+    WindowParts parts{.deliver = [this](Event event) { deliver(std::move(event)); },
+                      .pictures = pictures_,
+                      .announce = [this](const std::string& text) { announcer_.say(text); }};
     FormWindow& window =
         add(std::make_unique<FormWindow>(form, windows_, std::move(parts), windows().empty(),
                                          [this](FormWindow& closed) { close(closed); }));

@@ -1,7 +1,5 @@
 #include "front_ends/web/message_box.h"
 
-#include <cctype>
-
 #include "front_ends/common/boxes.h"
 
 namespace solvanta::web {
@@ -39,9 +37,10 @@ const Node& MessageBox::add_button(const Node& parent, const char* class_name,
     const Node& button = buttons_.emplace_back(parent, "button", class_name);
     button.text(caption);
     button.listen("click", pressed);
-    dialog_.listen("keydown", [pressed, first = caption.front()](PageEvent& event) {
+    dialog_.listen("keydown", [pressed, letter = caption.front()](PageEvent& event) {
+        constexpr int small = 0x20;
         const bool is_letter = event.alt && event.key.size() == 1;
-        if (is_letter && std::tolower(event.key.front()) == std::tolower(first)) pressed(event);
+        if (is_letter && (event.key.front() | small) == (letter | small)) pressed(event);
     });
     return button;
 }

@@ -20,8 +20,7 @@ struct Node::Held {
     int handle;
     std::vector<int> listeners;
     std::optional<Element> place;
-    std::map<std::string, std::string>
-        told;  // by attribute, property or class: no two share a name
+    std::map<std::string, std::string> told;  // by attribute, property or class: all differ
 };
 
 Node::Node(int handle) : held_(std::make_shared<Held>(handle)) {}
@@ -47,7 +46,7 @@ bool Node::is_news(const std::string& name, const std::string& value) const {
 }
 
 void Node::text(const std::string& text) const {
-    if (is_news("text", text)) page_set(handle(), "textContent", text.c_str());
+    if (is_news("text", text)) say(text);
 }
 
 void Node::attribute(const char* name, const std::string& value) const {

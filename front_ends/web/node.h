@@ -28,6 +28,8 @@ class Node {
     int handle() const;
 
     void text(const std::string& text) const;
+    /// Sets a text that is to be heard, even if it is the same again.
+    void say(const std::string& text) const { page_set(handle(), "textContent", text.c_str()); }
     void attribute(const char* name, const std::string& value) const;
     void attribute_if(const char* name, bool present) const;
     void style(const char* property, const std::string& value) const;

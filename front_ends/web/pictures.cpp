@@ -65,6 +65,7 @@ PictureView::PictureView(const Node& parent, const char* class_name, Pictures& p
         picture_.attribute(name, value);
     }
     picture_.listen("error", [this](const PageEvent&) {
+        if (!image_) return;
         shown_ = {};
         pictures_.give_up(*image_);
     });
@@ -82,9 +83,9 @@ void PictureView::show(const Picture& picture, bool fine) {
 
 void PictureView::display(Image* image) {
     image_ = image;
-    const bool readable = image && !image->url.empty();
+    const bool readable = image != nullptr && !image->url.empty();
     picture_.attribute_if("hidden", !readable);
-    placeholder_.attribute_if("hidden", !image || readable);
+    placeholder_.attribute_if("hidden", image == nullptr || readable);
     if (readable) {
         picture_.attribute("srcset", image->url + (image->fine ? " 2x" : " 1x"));
     } else if (image) {

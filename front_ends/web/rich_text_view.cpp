@@ -15,17 +15,9 @@ std::string scaled(double pixels) {
 }
 
 const char* to_css(ParagraphAlignment alignment) {
-    switch (alignment) {
-        case ParagraphAlignment::Right:
-            return "right";
-        case ParagraphAlignment::Centered:
-            return "center";
-        case ParagraphAlignment::Justified:
-            return "justify";
-        case ParagraphAlignment::Left:
-            break;
-    }
-    return "left";
+    if (alignment == ParagraphAlignment::Right) return "right";
+    if (alignment == ParagraphAlignment::Centered) return "center";
+    return alignment == ParagraphAlignment::Justified ? "justify" : "left";
 }
 
 void set_layout(const Node& node, const ParagraphLayout& layout) {
