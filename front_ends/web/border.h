@@ -70,15 +70,15 @@ struct PageEvent {
     bool repeated = page_event("repeat") != 0;        ///< by a key held down
     bool composing = page_event("isComposing") != 0;  ///< a part of what an input method writes
     bool is_own = page_event("eventPhase") == 2;      ///< not meant for an element within
-    bool is_left = page_event("isPrimary") != 0 && page_event("button") == 0;
+    bool is_left = page_event("isPrimary") != 0 && page_event("button") == 0;  ///< or a finger
     std::optional<std::string> bytes;  ///< of a file that has come
     bool taken_over = false;           ///< set by a listener: the browser does nothing with it
 };
 
 using Listener = std::function<void(PageEvent&)>;
 
-/// Has the page tell `listener` of what names the answered number, until that is removed. It is
-/// copied before it runs, so that it may remove itself.
+/// The number by which the page tells `listener` of events, until it is removed. It is copied
+/// before it runs, so that it may remove itself.
 int add_listener(Listener listener);
 void remove_listener(int number);
 /// Nothing that was asked of the page is told of any more.

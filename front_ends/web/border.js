@@ -21,7 +21,7 @@ const Page = {
       return place;
     },
 
-    // Tells a listener of an event, with the bytes of a file where it is one's coming.
+    // Tells a listener of an event, or hands it the bytes of a file that has come.
     tell: function(listener, event, bytes) {
       const place = bytes ? page.put(bytes) : 0;
       page.event = event;
@@ -200,7 +200,8 @@ const Page = {
     try {
       const text = localStorage.getItem(page.key(name));
       if (text === null) return -1;
-      HEAPU32[block >> 2] = page.put(Uint8Array.from(text, (one) => one.charCodeAt(0)));
+      const place = page.put(Uint8Array.from(text, (one) => one.charCodeAt(0)));
+      HEAPU32[block >> 2] = place;  // not before: the memory may have grown
       return text.length;
     } catch (error) {
       return -2;

@@ -47,14 +47,7 @@ void build(Frame& frame, const Node& area, WindowParts& parts) {
     build_controls(frame, box, parts);
 }
 
-void build(TextBox& box, const Node& area, WindowParts& parts) {
-    const Node input(area, "input", "element text-box");
-    set_font(input, box.Font);
-    for (const auto& [name, value] :
-         {std::pair{"autocomplete", "off"}, {"spellcheck", "false"}, {"enterkeyhint", "done"}}) {
-        input.attribute(name, value);
-    }
-    parts.text_boxes[&box] = input;
+void listen_to(const Node& input, TextBox& box, WindowParts& parts) {
     input.listen("input", [&box, handle = input.handle()](const PageEvent&) {
         box.Text = taken(page_value(handle));
     });
@@ -64,6 +57,17 @@ void build(TextBox& box, const Node& area, WindowParts& parts) {
             if (box.KeyDown) box.KeyDown(event.key == "Enter" ? key_enter : 0);
         });
     });
+}
+
+void build(TextBox& box, const Node& area, WindowParts& parts) {
+    const Node input(area, "input", "element text-box");
+    set_font(input, box.Font);
+    for (const auto& [name, value] :
+         {std::pair{"autocomplete", "off"}, {"spellcheck", "false"}, {"enterkeyhint", "done"}}) {
+        input.attribute(name, value);
+    }
+    parts.text_boxes[&box] = input;
+    listen_to(input, box, parts);
     parts.syncs.emplace_back([input, &box] {
         if (taken(page_value(input.handle())) != box.Text)
             page_set(input.handle(), "value", box.Text.c_str());

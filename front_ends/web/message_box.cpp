@@ -7,22 +7,22 @@ namespace solvanta::web {
 MessageBox::MessageBox(const Node& page, const std::string& text, Buttons buttons,
                        const Answered& answered)
     : dialog_(page, "dialog", "box") {
-    const auto choices = buttons_of(buttons);
-    const Listener closed = [=](const PageEvent&) { answered(choices.back().answer); };
+    const Answer closing = buttons_of(buttons).back().answer;
+    const Listener closed = [=](const PageEvent&) { answered(closing); };
     dialog_.attribute("aria-label", "Solvanta");
     dialog_.listen("close", closed);
     const Node title(dialog_, "header", "title-bar");
     Node(title, "span", "caption").text("Solvanta");
-    const Node& close = add_button(title, "close", "✕", closed);
+    const Node close = add_button(title, "close", "✕", closed);
     close.attribute("aria-label", "Schließen");
     close.attribute("tabindex", "-1");
     Node(dialog_, "p").text(text);
     const Node row(dialog_, "div", "buttons");
-    for (const BoxButton& choice : choices) {
-        add_button(row, "choice", without_mark(choice.caption), [=](const PageEvent&) {
-            answered(choice.answer);
-        }).attribute_if("autofocus", &choice == &choices.front());
+    for (const BoxButton& choice : buttons_of(buttons)) {
+        add_button(row, "choice", without_mark(choice.caption),
+                   [=](const PageEvent&) { answered(choice.answer); });
     }
+    buttons_[1].attribute_if("autofocus", true);
     page_call(dialog_.handle(), "showModal");
 }
 
@@ -32,9 +32,9 @@ MessageBox::~MessageBox() {
 }
 
 /// Alt and its first letter press it too.
-const Node& MessageBox::add_button(const Node& parent, const char* class_name,
-                                   const std::string& caption, const Listener& pressed) {
-    const Node& button = buttons_.emplace_back(parent, "button", class_name);
+Node MessageBox::add_button(const Node& parent, const char* class_name, const std::string& caption,
+                            const Listener& pressed) {
+    const Node button = buttons_.emplace_back(parent, "button", class_name);
     button.text(caption);
     button.listen("click", pressed);
     dialog_.listen("keydown", [pressed, letter = caption.front()](PageEvent& event) {

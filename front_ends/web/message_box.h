@@ -20,8 +20,8 @@ class MessageBox {
     ~MessageBox();
 
   private:
-    const Node& add_button(const Node& parent, const char* class_name, const std::string& caption,
-                           const Listener& pressed);
+    Node add_button(const Node& parent, const char* class_name, const std::string& caption,
+                    const Listener& pressed);
 
     Node dialog_;
     std::vector<Node> buttons_;

@@ -43,9 +43,9 @@ Image* Pictures::image(const std::string& path, bool fine) {
 }
 
 void Pictures::arrive(const std::string& file, bool fine, const std::optional<std::string>& bytes) {
-    Image& image = images_[file].emplace(Image{file, {}, fine});
-    if (bytes) image.url = url_of(*bytes, suffix_of(file));
+    const Image image{file, bytes ? url_of(*bytes, suffix_of(file)) : "", fine};
     if (image.url.empty() && (bytes || !fine)) report_picture(file, !bytes);
+    images_[file] = image;
     changed_();
 }
 

@@ -18,7 +18,7 @@ struct WindowParts {
     Pictures& pictures;
     std::function<void(const std::string&)> announce;  ///< says something to those who listen
     Scale scale{1};                                    ///< pixels of the page to one of the form
-    bool fine = false;                                 ///< more pixels of the screen than that
+    bool fine = false;                                 ///< for a screen with more pixels than that
     std::vector<std::function<void()>> syncs;          ///< each brings one element in line
     std::map<const TextBox*, Node> text_boxes;
 };

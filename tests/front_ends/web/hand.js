@@ -99,8 +99,9 @@ const Hand = {
 
   // The colour of one pixel, as 0xRRGGBB.
   hand_pixel: function(caption, x, y) {
-    return Asyncify.handleSleep((wake) => act({ act: 'look', ...hand.spot(hand.window(caption), x, y) })
-      .then((color) => setTimeout(() => wake(color), 0)));
+    const at = hand.spot(hand.window(caption), x, y);
+    return Asyncify.handleSleep((wake) => act({ act: 'look', ...at }).then(
+      (color) => setTimeout(() => wake(color), 0)));
   },
 
   // Width, height and whether it is in front; empty where there is no such window.
