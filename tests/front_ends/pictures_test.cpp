@@ -78,6 +78,7 @@ TEST_F(Pictures, ThatCannotBeReadGiveAPlaceholderAndOneLine) {
         expect_color(form, 83, 50, red);
         expect_color(form, 120, 50, red);  // no picture at all shows nothing
         element.Picture = Picture();
+        show(form);
         expect_color(form, 20, 90, red);
         const std::string said = testing::internal::GetCapturedStderr();
         EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
