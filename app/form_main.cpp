@@ -2,6 +2,7 @@
 
 #include <cassert>
 #include <utility>
+#include <vector>
 
 #include "core/foundations.h"
 #include "core/stock.h"
@@ -231,6 +232,7 @@ void Form_Main::clear_list() {
 
 void Form_Main::clear_Highscore() {
     clear_places(state);
+    best_times_file_.forget();
     state.GamesPlayed = 0;
     state.GamesWon = 0;
     state.PlayedSinceStart = 0;
@@ -240,10 +242,12 @@ void Form_Main::clear_Highscore() {
 }
 
 void Form_Main::write_Highscore() {
-    if (const std::error_code error = best_times_file_.write(state)) {
-        report_trouble(std::string(best_times_file_name) +
-                       " kann nicht sicher geschrieben werden: " + error.message());
-    }
+    const bool was_behind = best_times_file_.is_behind();
+    const std::error_code error = best_times_file_.write(state);
+    if (static_cast<bool>(error) == was_behind) return;
+    report_trouble(std::string(best_times_file_name) +
+                   (error ? " kann nicht sicher geschrieben werden: " + error.message()
+                          : " ist wieder auf dem Stand der Liste."));
 }
 
 void Form_Main::read_Highscore() {
@@ -263,8 +267,11 @@ void Form_Main::Comm_highscore_Click() {
         form_highscore_ = std::make_unique<Form_Highscore>(*this, host_);
         form_highscore_->Closed = [this] { form_highscore_.reset(); };
     }
-    form_highscore_->RTB1.TextRTF =
-        list_document(list_lines(state, host_.locale_texts().decimal_separator));
+    std::vector<std::string> lines = list_lines(state, host_.locale_texts().decimal_separator);
+    if (best_times_file_.is_behind()) {
+        lines.push_back(to_list_text("Die Bestzeiten können zurzeit nicht gespeichert werden."));
+    }
+    form_highscore_->RTB1.TextRTF = list_document(lines);
     host_.show(*form_highscore_);
 }
 

@@ -1,5 +1,6 @@
 #include "scores/best_times.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -32,8 +33,9 @@ void insert_entry(GameState& state, int place, std::int32_t seconds, std::string
     state.BestDate(place) = std::move(date);
 }
 
-void count_up(std::int32_t& counter) {
-    if (counter < std::numeric_limits<std::int32_t>::max()) ++counter;
+void count_up(std::int32_t& counter, std::int32_t by) {
+    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
+    counter = static_cast<std::int32_t>(std::min(std::int64_t{counter} + by, largest));
 }
 
 std::string entry_stamp(const LocalTime& moment, const LocaleTexts& texts) {

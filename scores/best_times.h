@@ -22,8 +22,8 @@ int place_for(const GameState& state, std::int32_t seconds);
 void insert_entry(GameState& state, int place, std::int32_t seconds, std::string name,
                   std::string date);
 
-/// Adds one to a counter; at its largest value it stays.
-void count_up(std::int32_t& counter);
+/// Adds to a counter; beyond its largest value it stays there.
+void count_up(std::int32_t& counter, std::int32_t by = 1);
 
 /// The moment of an entry as the list shows it, "d. mmm yyyy h:mm" with the locale's abbreviated
 /// month and time separator, in Windows-1252.

@@ -1,25 +1,51 @@
 #include "scores/best_times_file.h"
 
+#include "scores/best_times.h"
 #include "scores/best_times_format.h"
 
 namespace solvanta {
+namespace {
+
+/// Puts what `since` holds behind what `state` holds, as if it had come after it. Among equal times
+/// the list keeps the order in which the entries were made, so its own order serves.
+void add(GameState& state, const GameState& since) {
+    for (int p = 1; p <= best_places; ++p) {
+        const int place = place_for(state, since.BestTime(p));
+        if (since.BestTime(p) == 0 || place == no_place) continue;
+        insert_entry(state, place, since.BestTime(p), since.BestName(p), since.BestDate(p));
+    }
+    count_up(state.GamesPlayed, since.GamesPlayed);
+    count_up(state.GamesWon, since.GamesWon);
+}
+
+}  // namespace
 
 std::error_code BestTimesFile::read(GameState& state) {
     std::string bytes;
-    read_error_ = files_.read(path_, longest_best_times_file, bytes);
-    if (read_error_ == std::errc::no_such_file_or_directory) read_error_.clear();
+    error_ = files_.read(path_, longest_best_times_file, bytes);
+    if (error_ == std::errc::no_such_file_or_directory) error_.clear();
+    unread_ = static_cast<bool>(error_);
     parse_best_times(bytes, state);
-    return read_error_;
+    return error_;
 }
 
-std::error_code BestTimesFile::write(const GameState& state) {
-    if (read_error_) return {};
-    return files_.replace(path_, format_best_times(state));
+std::error_code BestTimesFile::read_again(GameState& state) {
+    GameState stored = state;
+    if (const std::error_code error = read(stored)) return error;
+    if (!std::exchange(wanted_, true)) return {};
+    add(stored, state);
+    state = std::move(stored);
+    return {};
+}
+
+std::error_code BestTimesFile::write(GameState& state) {
+    if (unread_ && read_again(state)) return error_;
+    return error_ = files_.replace(path_, format_best_times(state));
 }
 
 std::error_code BestTimesFile::take(std::string_view bytes, GameState& state) {
-    if (read_error_) return read_error_;
     GameState taken = state;
+    if (unread_ && read(taken)) return error_;
     parse_best_times(bytes, taken);
     const std::error_code error = write(taken);
     if (!error) state = std::move(taken);

@@ -120,22 +120,85 @@ TEST(BestTimesFile, AFailedWriteLeavesTheOldFile) {
     }
 }
 
-TEST(BestTimesFile, NeverReplacesWhatItCouldNotRead) {
-    for (const bool too_long : {true, false}) {
-        MemoryFiles files(std::string((1 << 20) + (too_long ? 1 : 0), '0'));
-        const auto before = files.files;
-        const auto error = std::make_error_code(std::errc::io_error);
-        files.before = [&](const std::string&) { return too_long ? std::error_code{} : error; };
-        DurableFiles durable(files);
-        BestTimesFile file(MemoryFiles::list_path, durable);
+/// What a list should come to, as plainly as it can be said: the entries in the order of their
+/// times, of equal ones the older above.
+struct PlainList {
+    std::vector<std::pair<int, std::string>> entries;
+    int played = 0;
+
+    std::string file() const {
         GameState state;
-        state.GamesPlayed = 7;
-        EXPECT_EQ(file.read(state), too_long ? std::errc::file_too_large : std::errc::io_error);
-        EXPECT_EQ(state.GamesPlayed, 0);
-        files.before = nullptr;
-        EXPECT_FALSE(file.write(state));
-        EXPECT_EQ(files.files, before);
+        clear_places(state);
+        auto sorted = entries;
+        std::stable_sort(sorted.begin(), sorted.end(), [](const auto& one, const auto& other) {
+            return one.first < other.first;
+        });
+        for (int p = 1; p <= std::min(30, static_cast<int>(sorted.size())); ++p)
+            std::tie(state.BestTime(p), state.BestName(p)) = sorted[std::size_t(p - 1)];
+        state.GamesPlayed = played;
+        return format_best_times(state);
     }
+};
+
+// d deals, w wins in an ever different time, s in the same one, c clears the list. While the
+// trouble lasts the file stays as it is; the first write after it carries everything.
+TEST(BestTimesFile, CarriesEverythingOnceTheTroubleIsOver) {
+    for (const std::string failing : {"read", "create"}) {
+        for (const std::string& events :
+             {"d"s, "wdsws"s, "sdcdw"s, "dwscs"s, "ccd"s, std::string(35, 'w')}) {
+            for (const std::size_t lasts : {0U, 1U, 3U, 99U}) {
+                SCOPED_TRACE(failing + " fails for " + std::to_string(lasts) + " of " + events);
+                PlainList model{{{70, "a"}, {80, "b"}, {80, "c"}}, 99};
+                const std::string stored = model.file();
+                MemoryFiles files(stored);
+                bool troubled = true;
+                files.before = [&](const std::string& call) {
+                    return std::make_error_code(troubled && call == failing ? std::errc::io_error
+                                                                            : std::errc());
+                };
+                DurableFiles durable(files);
+                BestTimesFile file(MemoryFiles::list_path, durable);
+                GameState state;
+                file.read(state);
+                for (std::size_t i = 0; i < events.size(); ++i) {
+                    troubled = i < lasts;
+                    const int seconds = events[i] == 's' ? 80 : 60 + int(i) * 17 % 40;
+                    const std::string name = std::to_string(i);
+                    if (events[i] == 'd') count_up(state.GamesPlayed), ++model.played;
+                    if (events[i] == 'w' || events[i] == 's') {
+                        const int place = place_for(state, seconds);
+                        if (place != no_place) insert_entry(state, place, seconds, name, " ");
+                        model.entries.emplace_back(seconds, name);
+                    }
+                    if (events[i] == 'c') {
+                        clear_places(state);
+                        file.forget();
+                        state.GamesPlayed = 0;
+                        model = {};
+                    }
+                    EXPECT_EQ(static_cast<bool>(file.write(state)), troubled);
+                    EXPECT_EQ(file.is_behind(), troubled);
+                    EXPECT_EQ(files.files.at(MemoryFiles::list_path),
+                              troubled ? stored : model.file());
+                }
+            }
+        }
+    }
+}
+
+TEST(BestTimesFile, NeverTouchesWhatIsTooLong) {
+    MemoryFiles files(std::string((1 << 20) + 1, '0'));
+    const auto before = files.files;
+    DurableFiles durable(files);
+    BestTimesFile file(MemoryFiles::list_path, durable);
+    GameState state;
+    EXPECT_EQ(file.read(state), std::errc::file_too_large);
+    file.forget();
+    EXPECT_EQ(file.write(state), std::errc::file_too_large);
+    EXPECT_EQ(file.take("", state), std::errc::file_too_large);
+    EXPECT_EQ(files.files, before);
+    files.files[MemoryFiles::list_path].pop_back();
+    EXPECT_FALSE(file.write(state));
 }
 
 TEST_F(RealFiles, AreReadAndWrittenWhole) {
@@ -144,7 +207,8 @@ TEST_F(RealFiles, AreReadAndWrittenWhole) {
     BestTimesFile file(list_path_, system_files());
     GameState state;
     EXPECT_FALSE(file.read(state));  // there is none yet
-    EXPECT_FALSE(file.write(parsed(installed_file)));
+    GameState installed = parsed(installed_file);
+    EXPECT_FALSE(file.write(installed));
     EXPECT_EQ(content(list_), installed_file);
     EXPECT_FALSE(file.read(state));
     EXPECT_EQ(format_best_times(state), installed_file);
@@ -152,18 +216,6 @@ TEST_F(RealFiles, AreReadAndWrittenWhole) {
         EXPECT_FALSE(calls.open(list_path_) || calls.write(text) || calls.cut() || calls.close());
         EXPECT_EQ(content(list_), text);
     }
-}
-
-TEST_F(RealFiles, StayWhenTheyAreNoFiles) {
-    std::filesystem::create_directory(list_);
-    BestTimesFile file(list_path_, system_files());
-    GameState state;
-    EXPECT_TRUE(file.read(state));
-    EXPECT_FALSE(file.write(state));
-    EXPECT_TRUE(std::filesystem::is_directory(list_));
-    BestTimesFile nowhere(folder_.path_of("gone/highscore.scr"), system_files());
-    EXPECT_FALSE(nowhere.read(state));
-    EXPECT_EQ(nowhere.write(state), std::errc::no_such_file_or_directory);
 }
 
 TEST(BestTimesFile, IsToldFromOtherFiles) {

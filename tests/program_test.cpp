@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "scores/best_times_format.h"
@@ -174,6 +176,23 @@ TEST_F(Program, ShowsTheListAsASnapshot) {
     player.host.close(*list());
     table.Comm_highscore.Click();
     EXPECT_NE(list()->RTB1.TextRTF, first);
+}
+
+TEST_F(Program, TellsOnceAndInTheListThatItCannotBeStored) {
+    testing::internal::CaptureStderr();
+    for (const bool full : {true, true, false, false}) {
+        player.files.before = [full](const std::string& call) {
+            const bool fails = full && call == "create";
+            return fails ? std::make_error_code(std::errc::no_space_on_device) : std::error_code{};
+        };
+        player.deal();
+        table.Comm_highscore.Click();
+        EXPECT_EQ(list()->RTB1.TextRTF.ends_with(
+                      "{Die Bestzeiten k\\'f6nnen zurzeit nicht gespeichert werden.}}"),
+                  full);
+    }
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 2) << said;
 }
 
 TEST_F(Program, ClearsListAndCountersWhenConfirmed) {
