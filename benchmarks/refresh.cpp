@@ -73,7 +73,7 @@ class Table {
         QApplication::sendEvent(window_, &event);
     }
 
-    qt::QtHost host_;
+    qt::QtHost host_{QCoreApplication::applicationDirPath().toStdString()};
     Form_Main form_{host_};
     QWindow* window_ = nullptr;
 };

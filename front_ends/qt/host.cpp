@@ -14,7 +14,7 @@
 
 namespace solvanta::qt {
 
-QtHost::QtHost() {
+QtHost::QtHost(std::string directory) : directory_(std::move(directory)) {
     // Nothing is closed then: the desktop may go on, and when it ends it asks the windows to close.
     QObject::connect(
         qApp, &QGuiApplication::commitDataRequest, &connections_, [this] { save(); },
@@ -29,8 +29,8 @@ FormWindow& QtHost::create_window(Form& form) {
         // The icon's files are read while the window system brings up the window.
         auto* const soon = new QTimer(&window);
         soon->setSingleShot(true);
-        QObject::connect(soon, &QTimer::timeout, &window, [&window] {
-            window.setWindowIcon(program_icon(QCoreApplication::applicationDirPath()));
+        QObject::connect(soon, &QTimer::timeout, &window, [this, &window] {
+            window.setWindowIcon(program_icon(QString::fromStdString(directory_)));
         });
         soon->start();
     }
@@ -54,10 +54,6 @@ void QtHost::end() {
     QCoreApplication::exit();
 }
 
-std::string QtHost::program_directory() const {
-    return QCoreApplication::applicationDirPath().toStdString();
-}
-
 LocalTime QtHost::local_time() const {
     const QDateTime now = QDateTime::currentDateTime();
     return {now.date().year(), now.date().month(), now.date().day(), now.time().hour(),
@@ -71,6 +67,16 @@ LocaleTexts QtHost::locale_texts() const {
 void QtHost::close_first() {
     if (windows().empty()) return quit();
     windows().front()->close();
+}
+
+bool QtHost::come_forward() {
+    if (is_quitting() || windows().empty()) return false;
+    windows().front()->bring_forward();
+    if (box_) {
+        box_->raise();
+        box_->activateWindow();
+    }
+    return true;
 }
 
 QWidget* QtHost::parent_for_box() const {

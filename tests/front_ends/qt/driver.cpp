@@ -172,7 +172,7 @@ class QtDriver final : public Driver {
 
   private:
     RealFolder files_;
-    qt::QtHost host_;
+    qt::QtHost host_{QCoreApplication::applicationDirPath().toStdString()};
     QObject context_;
     Qt::MouseButtons held_;
     static inline int now_ = 0;

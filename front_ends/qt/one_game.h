@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+class QObject;
+
+namespace solvanta::qt {
+
+/// One directory, one game: two of them would each write their own list over the other's. The lock
+/// of a program directory belongs to the user's game in it and goes with its process, however that
+/// dies; nothing of it lies on the disk. Where the system has no such lock every game may start.
+class OneGame {
+  public:
+    /// Takes the lock of `directory`. Another game that has it is asked to come forward; one that
+    /// is about to end is waited for, up to two seconds.
+    explicit OneGame(const std::string& directory);
+    OneGame(const OneGame&) = delete;
+    OneGame& operator=(const OneGame&) = delete;
+    ~OneGame();
+
+    /// Whether this is the game of its directory; any other has nothing to do.
+    bool may_start() const { return may_start_; }
+
+    /// Has `come_forward` called from the event loop whenever a later game of the directory has
+    /// been started, for the life of `owner`. It answers whether there is a window to come.
+    void on_later_start(QObject& owner, std::function<bool()> come_forward) const;
+
+  private:
+    int lock_ = -1;
+    bool may_start_ = true;
+};
+
+}  // namespace solvanta::qt

@@ -1,0 +1,67 @@
+"""Starts the real game again from the directory in which one is playing: one goes on, in front, and
+every later start ends in order and without a word.
+
+    screen.py one_game.py PROGRAM_DIRECTORY [ROUNDS]
+
+ROUNDS is how often several are started at once.
+"""
+import os
+import sys
+import tempfile
+
+from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window,
+                  program_in, require, root, send, wait_for)
+
+AT_ONCE = 3
+ICONIC = 3  # the state of a minimised window
+
+
+def start_again(command, caption):
+    """A later start, which brings the window of this caption forward."""
+    later = Game(command)
+    require((later.exit_status(), later.said()) == (0, ""), "a later start ends with", later.said())
+    front_window(caption)
+
+
+def minimise(game):
+    send(root.value, 3 << 19, game.table, "WM_CHANGE_STATE", ICONIC)
+
+
+def play(command, elsewhere):
+    with Game(command) as game:
+        game.open(TO_HELP, HELP)
+        start_again(command, TABLE)
+        minimise(game)
+        start_again(command, TABLE)
+        game.open(NEW_GAME, BOX)
+        minimise(game)
+        start_again(command, BOX)
+        game.confirm()
+        other = Game(elsewhere)  # another directory is another game
+        wait_for(lambda: front_window(TABLE) != game.table, "the game of another directory")
+        other.kill()
+        game.to_front()
+        click(game.table, QUIT)
+        with Game(command) as successor:  # started while the other ends
+            require(game.exit_status() == 0, "the end is not in order")
+            successor.kill()
+    with Game(command) as game:
+        start_again(command, TABLE)
+
+
+def race(command):
+    games = [Game(command) for _ in range(AT_ONCE)]
+    wait_for(lambda: sum(game.runs() for game in games) <= 1, "the end of all games but one")
+    playing = [game for game in games if game.runs()]
+    require(len(playing) == 1 and not any(game.process.poll() for game in games), "no game is left, or one failed")
+    with playing[0] as game:
+        start_again(command, TABLE)
+
+
+with tempfile.TemporaryDirectory() as work:
+    directories = [copy_of_program(sys.argv[1], os.path.join(work, name)) for name in ("Solvanta", "Zweites")]
+    play(*map(program_in, directories))
+    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
+    for _ in range(rounds):
+        race(program_in(directories[0]))
+    print(rounds, "rounds of", AT_ONCE, "games at once, one left each time")
