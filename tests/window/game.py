@@ -65,9 +65,15 @@ def window_named(caption, among="_NET_CLIENT_LIST"):
     return None
 
 
+def is_viewable(window):
+    attributes = (ctypes.c_int * 34)()
+    return x11.XGetWindowAttributes(display, c_ulong(window), attributes) and attributes[23] == 2
+
+
 def front_window(caption):
     """Waits for the window of this caption to have the focus, and the program to have taken note."""
     window = wait_for(lambda: window_named(caption, "_NET_ACTIVE_WINDOW"), caption)
+    wait_for(lambda: is_viewable(window), caption)
     wait_for_answer(window)
     return window
 

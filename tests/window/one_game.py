@@ -9,7 +9,7 @@ import os
 import sys
 import tempfile
 
-from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window,
+from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window, is_viewable,
                   program_in, require, root, send, wait_for)
 
 AT_ONCE = 3
@@ -25,18 +25,19 @@ def start_again(command, caption):
 
 def minimise(game):
     send(root.value, 3 << 19, game.table, "WM_CHANGE_STATE", ICONIC)
+    wait_for(lambda: not is_viewable(game.table), "the icon")
 
 
 def play(command, elsewhere):
     with Game(command) as game:
         game.open(TO_HELP, HELP)
         start_again(command, TABLE)
-        minimise(game)
-        start_again(command, TABLE)
         game.open(NEW_GAME, BOX)
         minimise(game)
         start_again(command, BOX)
         game.confirm()
+        minimise(game)
+        start_again(command, TABLE)
         other = Game(elsewhere)  # another directory is another game
         wait_for(lambda: front_window(TABLE) != game.table, "the game of another directory")
         other.kill()
