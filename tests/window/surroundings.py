@@ -96,7 +96,7 @@ POSIX_CASES = [
     *(case for place in PLACES for case in things(POSIX_THINGS, place)),
     *((name, {}) for name in ("a:b", "two  blanks ", "100%s\\n", "'\"*?")),
     # Qt's names of files are Unicode: there it plays with placeholders, and keeps no list.
-    (b"no UTF-8 \xff\xfe", {"written": False, "quiet": False}),
+    (b"no UTF-8 \xff\xfe", {"quiet": False}),
     ("named in a roundabout way", {"command": lambda at: [at + b"/..//" + os.path.basename(at) + b"//./Solvanta"]}),
     ("through a link", {"command": link_beside}),
     ("no such locale", {"env": {"LC_ALL": "xx_YY.nonsense"}}),
