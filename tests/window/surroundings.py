@@ -95,7 +95,7 @@ CASES = [  # the name of the directory, and what is special there
 POSIX_CASES = [
     *(case for place in PLACES for case in things(POSIX_THINGS, place)),
     *((name, {}) for name in ("a:b", "two  blanks ", "100%s\\n", "'\"*?")),
-    # Qt's names of files are Unicode: there it plays with placeholders, and keeps no list.
+    # Qt's names of files are Unicode: there it has no icon.
     (b"no UTF-8 \xff\xfe", {"quiet": False}),
     ("named in a roundabout way", {"command": lambda at: [at + b"/..//" + os.path.basename(at) + b"//./Solvanta"]}),
     ("through a link", {"command": link_beside}),
