@@ -34,7 +34,7 @@ MessageBox::~MessageBox() {
 /// Alt and its first letter press it too.
 Node MessageBox::add_button(const Node& parent, const char* class_name, const std::string& caption,
                             const Listener& pressed) {
-    const Node button = buttons_.emplace_back(parent, "button", class_name);
+    Node button = buttons_.emplace_back(parent, "button", class_name);
     button.text(caption);
     button.listen("click", pressed);
     dialog_.listen("keydown", [pressed, letter = caption.front()](PageEvent& event) {
