@@ -16,11 +16,10 @@ class Button final : public Window {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
-    std::optional<LRESULT> answer_keys(const Message& message);
     std::optional<LRESULT> answer_mouse(const Message& message);
-    LRESULT paint_caption(const NMHDR& notice);
-    void press_or_drag(const Message& message);
-    void release(const Message& message);
+    std::optional<LRESULT> press_by_enter(const Message& message) const;
+    LRESULT paint_caption(const NMHDR& notice) const;
+    void push(bool pushed) const;
     void click() const;
 
     CommandButton& element_;

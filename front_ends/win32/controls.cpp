@@ -1,13 +1,185 @@
 #include "front_ends/win32/controls.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include <commctrl.h>
+
 #include "front_ends/win32/button.h"
-#include "front_ends/win32/frame_box.h"
-#include "front_ends/win32/name_edit.h"
-#include "front_ends/win32/picture_view.h"
-#include "front_ends/win32/rich_edit.h"
+#include "front_ends/win32/canvas.h"
+#include "front_ends/win32/rich_text_view.h"
 
 namespace solvanta::win32 {
 namespace {
+
+constexpr wchar_t select_all = 0x01;
+
+/// The characters of control keys that a text box acts on besides: copy, erase, paste, cut and
+/// undo.
+constexpr wchar_t acting_characters[] = {0x03, 0x08, 0x16, 0x18, 0x1A};
+
+bool is_control_character(wchar_t character) {
+    return character < L' ' || character == 0x7F;
+}
+
+bool acts(wchar_t character) {
+    return std::find(std::begin(acting_characters), std::end(acting_characters), character) !=
+           std::end(acting_characters);
+}
+
+LONG line_height(HWND edit) {
+    HDC dc = GetDC(edit);
+    HFONT font = reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0));
+    const LONG height = text_size(dc, "X", font).cy;
+    ReleaseDC(edit, dc);
+    return height;
+}
+
+/// The text on the clipboard; empty where there is none.
+std::wstring clipboard_text(HWND owner) {
+    if (!OpenClipboard(owner)) return {};
+    std::wstring text;
+    HGLOBAL memory = GetClipboardData(CF_UNICODETEXT);
+    if (const auto* characters =
+            static_cast<const wchar_t*>(memory ? GlobalLock(memory) : nullptr)) {
+        text.assign(characters, std::find(characters, characters + GlobalSize(memory) / 2, L'\0'));
+        GlobalUnlock(memory);
+    }
+    CloseClipboard();
+    return text;
+}
+
+/// A text in one line: line breaks and other control characters become blanks.
+std::wstring in_one_line(std::wstring text) {
+    for (std::size_t end = 0; (end = text.find(L"\r\n", end)) != std::wstring::npos;)
+        text.erase(end, 1);
+    std::replace_if(text.begin(), text.end(), is_control_character, L' ');
+    return text;
+}
+
+/// The class writes a box of one line at its upper edge. One for more lines can be told where to
+/// write; what would make a second line is kept from it.
+class NameEdit final : public Window {
+  public:
+    NameEdit(TextBox& box, WindowParts& parts, HWND parent) : box_(box), parts_(parts) {
+        create(WC_EDITW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
+               WS_EX_CLIENTEDGE, parent);
+        parts.text_boxes[&box] = handle();
+    }
+
+    void sync() override {
+        sync_text(handle(), box_.Text, to_font(box_.Font, parts_.scale));
+        sync_place(handle(), box_, parts_.scale);
+    }
+
+  protected:
+    std::optional<LRESULT> answer(const Message& message) override {
+        switch (message.id) {
+            case WM_GETDLGCODE:
+                return keys_wanted(message);
+            case WM_KEYDOWN:
+            case WM_SYSKEYDOWN:  // with Alt
+                return hear_key(static_cast<int>(message.w));
+            case WM_CHAR:
+            case WM_SYSCHAR:
+                return take_character(static_cast<wchar_t>(message.w));
+            case WM_PASTE:
+                return paste();
+            case WM_SIZE:
+            case WM_SETFONT:
+                return write_in_the_middle(message);
+            case handed_on + WM_COMMAND:
+                if (HIWORD(message.w) == EN_CHANGE) box_.Text = text_of(handle());
+                return 0;
+            default:
+                return std::nullopt;
+        }
+    }
+
+  private:
+    /// Every key, but for those that lead to another control. The class, if it were asked, would
+    /// take the window for a dialog and close it at Esc.
+    static LRESULT keys_wanted(const Message& message) {
+        constexpr LRESULT wanted = DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
+        return message.w == VK_TAB ? wanted : wanted | DLGC_WANTALLKEYS;
+    }
+
+    std::optional<LRESULT> hear_key(int key) {
+        parts_.deliver([this, key] {
+            if (box_.KeyDown) box_.KeyDown(key);
+        });
+        return std::nullopt;
+    }
+
+    std::optional<LRESULT> take_character(wchar_t character) {
+        if (character == select_all) SendMessageW(handle(), EM_SETSEL, 0, -1);
+        if (!is_control_character(character) || acts(character)) return std::nullopt;
+        return 0;
+    }
+
+    LRESULT paste() {
+        const std::wstring text = in_one_line(clipboard_text(handle()));
+        if (!text.empty()) {
+            SendMessageW(handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+        }
+        return 0;
+    }
+
+    LRESULT write_in_the_middle(const Message& message) {
+        constexpr int indent = 5;
+        const LRESULT result = answer_of_class(message);
+        RECT area = client_area(handle());
+        const LONG height = line_height(handle());
+        area.top = (area.bottom - height) / 2;
+        area.bottom = area.top + height;
+        InflateRect(&area, -parts_.scale.scaled(indent), 0);
+        SendMessageW(handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+        SendMessageW(handle(), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&area));
+        return result;
+    }
+
+    TextBox& box_;
+    WindowParts& parts_;
+};
+
+/// The largest size with the proportions of `picture` that fits into `room`.
+SIZE fitted(SIZE picture, SIZE room) {
+    const auto width = static_cast<LONG>(MulDiv(room.cy, picture.cx, picture.cy));
+    if (width <= room.cx) return {width, room.cy};
+    return {room.cx, MulDiv(room.cx, picture.cy, picture.cx)};
+}
+
+/// The picture is drawn as large as fits, its proportions kept, on the form's background.
+class PictureView final : public PaintedWindow {
+  public:
+    PictureView(const PictureBox& box, WindowParts& parts, HWND parent) : box_(box), parts_(parts) {
+        create(plain_class(), WS_CHILD | WS_CLIPSIBLINGS, 0, parent);
+    }
+
+    void sync() override {
+        sync_place(handle(), box_, parts_.scale);
+        if (shown_ != box_.Picture.load_number()) InvalidateRect(handle(), nullptr, FALSE);
+        shown_ = box_.Picture.load_number();
+    }
+
+  protected:
+    void paint(HDC dc) override {
+        const RECT area = client_area(handle());
+        fill(dc, area, to_ground(parts_.background));
+        if (box_.Picture.load_number() == 0) return;
+        const Image* const image = parts_.pictures.image(box_.Picture, is_fine(parts_.scale));
+        if (!image) return paint_placeholder(dc, area, box_.Picture, parts_.scale);
+        const SIZE size = fitted(image->size(parts_.scale), size_of(area));
+        const LONG left = (area.right - size.cx) / 2;
+        const LONG top = (area.bottom - size.cy) / 2;
+        image->paint(dc, {left, top, left + size.cx, top + size.cy}, size.cy);
+    }
+
+  private:
+    const PictureBox& box_;
+    WindowParts& parts_;
+    std::uint64_t shown_ = 0;  // the load of the picture
+};
 
 template <typename ControlWindow, typename Element>
 HWND add(Element& element, HWND parent, WindowParts& parts) {
@@ -33,7 +205,7 @@ void build(PictureBox& box, HWND parent, WindowParts& parts) {
 }
 
 void build(RichTextBox& box, HWND parent, WindowParts& parts) {
-    add<RichEdit>(box, parent, parts);
+    add<RichTextView>(box, parent, parts);
 }
 
 }  // namespace

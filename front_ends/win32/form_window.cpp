@@ -4,7 +4,6 @@
 
 #include "front_ends/win32/controls.h"
 #include "front_ends/win32/resource.h"
-#include "front_ends/win32/scale.h"
 
 namespace solvanta::win32 {
 namespace {
@@ -16,41 +15,43 @@ bool takes_focus(HWND window) {
            IsWindowEnabled(GetParent(window)) != FALSE;
 }
 
-/// The part of the screen that no bar of the desktop covers.
-RECT work_area(HWND window) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcWork;
+/// Puts a window of that size in the middle of the screen, its corner in any case on it.
+void centre(HWND window, SIZE size) {
+    const RECT free = work_area(window);
+    const SIZE room = size_of(free);
+    SetWindowPos(window, nullptr, free.left + std::max(0L, (room.cx - size.cx) / 2),
+                 free.top + std::max(0L, (room.cy - size.cy) / 2), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, Pictures& pictures, Deliver deliver,
-                       std::function<void(FormWindow&)> close_box)
-    : CanvasWindow(form, parts_),
+FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box)
+    : Canvas(form, parts_),
       form_(form),
-      parts_{std::move(deliver), pictures, {}, USER_DEFAULT_SCREEN_DPI, 0, {}, {}},
+      parts_(std::move(parts)),
       close_box_(std::move(close_box)) {
     create(plain_class(), style, WS_EX_CONTROLPARENT, nullptr);
-    parts_.dpi = static_cast<int>(GetDpiForWindow(handle()));
+    const UINT dpi = GetDpiForWindow(handle());
+    parts_.scale = scale_at(dpi);
+    parts_.background = form.BackColor;
     if (form.HasIcon) load_icons();
-    set_background();
-    size_and_place();
+    const SIZE size = outer_size(dpi);
+    SetWindowPos(handle(), nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (form.Place == OpeningPlace::Centered) centre(handle(), size);
     build_controls(form, handle(), parts_);
     // Whether the focus is marked follows the player's habits, as in every dialog.
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
-    start_timers();
-}
-
-FormWindow::~FormWindow() {
-    let_go();
+    for (const Timer* timer : form.timers) {
+        if (timer->Interval > 0) timers_.emplace_back(*timer, handle(), timers_.size() + 1);
+    }
 }
 
 void FormWindow::load_icons() {
+    const UINT dpi = GetDpiForWindow(handle());
     for (const int kind : {ICON_SMALL, ICON_BIG}) {
-        const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON,
-                                                static_cast<UINT>(parts_.dpi));
+        const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON, dpi);
         HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_SOLVANTA),
                                  IMAGE_ICON, side, side, LR_SHARED);
         SendMessageW(handle(), WM_SETICON, static_cast<WPARAM>(kind),
@@ -58,31 +59,12 @@ void FormWindow::load_icons() {
     }
 }
 
-void FormWindow::set_background() {
-    parts_.background = form_.BackColor ? to_color(*form_.BackColor) : GetSysColor(COLOR_BTNFACE);
-}
-
-/// The window around a client area of the form's size.
-RECT FormWindow::outer_rect(int dpi) const {
-    RECT rect{0, 0, to_pixels(form_.ClientWidth, dpi), to_pixels(form_.ClientHeight, dpi)};
-    AdjustWindowRectExForDpi(&rect, style, FALSE, WS_EX_CONTROLPARENT, static_cast<UINT>(dpi));
-    return rect;
-}
-
-void FormWindow::size_and_place() {
-    const SIZE size = size_of(outer_rect(parts_.dpi));
-    UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
-    RECT free = work_area(handle());
-    if (form_.Place == OpeningPlace::SystemChoice) flags |= SWP_NOMOVE;
-    const SIZE room = size_of(free);
-    SetWindowPos(handle(), nullptr, free.left + std::max<LONG>(0, (room.cx - size.cx) / 2),
-                 free.top + std::max<LONG>(0, (room.cy - size.cy) / 2), size.cx, size.cy, flags);
-}
-
-void FormWindow::start_timers() {
-    for (const Timer* timer : form_.timers) {
-        if (timer->Interval > 0) timers_.emplace_back(*timer, handle(), timers_.size() + 1);
-    }
+/// The size with a client area of the form's size.
+SIZE FormWindow::outer_size(UINT dpi) const {
+    const Scale scale = scale_at(dpi);
+    RECT rect{0, 0, scale.edge(form_.ClientWidth), scale.edge(form_.ClientHeight)};
+    AdjustWindowRectExForDpi(&rect, style, FALSE, WS_EX_CONTROLPARENT, dpi);
+    return size_of(rect);
 }
 
 void FormWindow::sync() {
@@ -92,7 +74,7 @@ void FormWindow::sync() {
     // Hidden or disabled, a control keeps the focus and goes on taking keys.
     HWND focused = GetFocus();
     if (IsChild(handle(), focused) && !takes_focus(focused)) find_focus(focused);
-    InvalidateRect(handle(), nullptr, FALSE);
+    Canvas::sync();
 }
 
 void FormWindow::bring_forward() {
@@ -114,56 +96,47 @@ bool FormWindow::focus(const TextBox& box) {
 }
 
 void FormWindow::let_go() {
-    for (const SteadyTimer& timer : timers_)
-        timer.stop();
     ignore_messages();
     for (const auto& control : parts_.controls)
         control->ignore_messages();
     hide();
 }
 
-void FormWindow::paint(HDC dc) {
-    RECT area{};
-    GetClientRect(handle(), &area);
-    fill(dc, area, parts_.background);
-    paint_elements(dc);
-}
-
 std::optional<LRESULT> FormWindow::answer(const Message& message) {
     switch (message.id) {
-        case WM_CLOSE:
-            close_box_(*this);
-            return 0;
         case WM_TIMER:
-            tick(message.w);
-            return 0;
-        case WM_CTLCOLORBTN:
-            return ground_of_button(reinterpret_cast<HDC>(message.w));
+            return tick(message.w - 1);
+        case WM_CLOSE:
+        case WM_QUERYENDSESSION:
+        case WM_ENDSESSION:
+            return answer_end(message);
         case WM_ACTIVATE:
         case WM_SETFOCUS:
         case WM_SIZE:
         case WM_SYSCOMMAND:
             return answer_focus(message);
-        case WM_GETDPISCALEDSIZE:
         case WM_DPICHANGED:
-            return answer_dpi(message);
+            return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
+        case WM_CTLCOLORBTN:
+            return ground_of_button(reinterpret_cast<HDC>(message.w));
         default:
-            break;
+            return Canvas::answer(message);
     }
-    const auto result = answer_desktop(message);
-    return result ? result : CanvasWindow::answer(message);
 }
 
-/// The brush for what shows around a button with round corners.
-LRESULT FormWindow::ground_of_button(HDC dc) const {
-    SetDCBrushColor(dc, parts().background);
-    return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
+LRESULT FormWindow::tick(std::size_t timer) {
+    if (timers_.at(timer).tick_is_due()) parts_.deliver(timers_.at(timer).timer().Tick);
+    return 0;
 }
 
-void FormWindow::tick(UINT_PTR id) {
-    const auto timer = std::find_if(timers_.begin(), timers_.end(),
-                                    [id](const SteadyTimer& each) { return each.id() == id; });
-    if (timer != timers_.end() && timer->tick_is_due()) parts_.deliver(timer->timer().Tick);
+/// The desktop may ask whether it may end, and then go on.
+LRESULT FormWindow::answer_end(const Message& message) {
+    if (message.id == WM_QUERYENDSESSION) {
+        parts_.deliver(form_.Saving);
+        return TRUE;
+    }
+    if (message.id == WM_CLOSE || message.w != FALSE) close_box_(*this);
+    return 0;
 }
 
 /// The keyboard focus belongs to a control, never to the window itself. Minimising takes it away
@@ -191,38 +164,22 @@ void FormWindow::find_focus(HWND from) {
     if (next && takes_focus(next)) SetFocus(next);
 }
 
-std::optional<LRESULT> FormWindow::answer_desktop(const Message& message) {
-    switch (message.id) {
-        case WM_QUERYENDSESSION:
-            parts_.deliver(form_.Saving);
-            return TRUE;
-        case WM_ENDSESSION:
-            if (message.w != FALSE) close_box_(*this);
-            return 0;
-        case WM_SYSCOLORCHANGE:
-        case WM_THEMECHANGED:
-            set_background();
-            InvalidateRect(handle(), nullptr, FALSE);
-            return std::nullopt;
-        default:
-            return std::nullopt;
-    }
-}
-
-/// The window has come to a screen of another resolution, or is about to.
-LRESULT FormWindow::answer_dpi(const Message& message) {
-    if (message.id == WM_GETDPISCALEDSIZE) {
-        *reinterpret_cast<SIZE*>(message.l) = size_of(outer_rect(static_cast<int>(message.w)));
-        return TRUE;
-    }
-    parts_.dpi = LOWORD(message.w);
-    const RECT& place = *reinterpret_cast<const RECT*>(message.l);
-    const SIZE size = size_of(place);
+/// The window has come to a screen of another resolution, and is to lie about `place`.
+LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
+    parts_.scale = scale_at(dpi);
+    const SIZE size = outer_size(dpi);
     SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     if (form_.HasIcon) load_icons();
     sync();
+    InvalidateRect(handle(), nullptr, FALSE);
     return 0;
+}
+
+/// The brush for what shows around a button with round corners.
+LRESULT FormWindow::ground_of_button(HDC dc) const {
+    SetDCBrushColor(dc, to_ground(parts_.background));
+    return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
 }
 
 }  // namespace solvanta::win32

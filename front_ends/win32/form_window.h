@@ -3,19 +3,18 @@
 #include <functional>
 #include <vector>
 
-#include "front_ends/win32/canvas_window.h"
+#include "front_ends/win32/canvas.h"
 #include "front_ends/win32/steady_timer.h"
 
 namespace solvanta::win32 {
 
 /// The window of one form.
-class FormWindow final : public CanvasWindow {
+class FormWindow final : public Canvas {
   public:
     /// `close_box` is called once the player closes the window; the form must outlive the window
     /// or the call of `let_go`.
-    FormWindow(Form& form, Pictures& pictures, Deliver deliver,
-               std::function<void(FormWindow&)> close_box);
-    ~FormWindow() override;
+    FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box);
+    ~FormWindow() override { let_go(); }
 
     Form& form() const { return form_; }
 
@@ -34,20 +33,16 @@ class FormWindow final : public CanvasWindow {
 
   protected:
     std::optional<LRESULT> answer(const Message& message) override;
-    void paint(HDC dc) override;
 
   private:
-    std::optional<LRESULT> answer_focus(const Message& message);
-    std::optional<LRESULT> answer_desktop(const Message& message);
-    LRESULT answer_dpi(const Message& message);
     void load_icons();
-    void start_timers();
-    void tick(UINT_PTR id);
-    void find_focus(HWND from);
-    void set_background();
-    RECT outer_rect(int dpi) const;
-    void size_and_place();
+    LRESULT tick(std::size_t timer);
+    LRESULT answer_end(const Message& message);
+    std::optional<LRESULT> answer_focus(const Message& message);
+    LRESULT come_to_screen(UINT dpi, const RECT& place);
     LRESULT ground_of_button(HDC dc) const;
+    void find_focus(HWND from);
+    SIZE outer_size(UINT dpi) const;
 
     Form& form_;
     WindowParts parts_;

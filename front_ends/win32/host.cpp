@@ -1,43 +1,49 @@
 #include "front_ends/win32/host.h"
 
-#include <uxtheme.h>
+#include <utility>
 
 #include "front_ends/win32/locale_texts.h"
+#include "front_ends/win32/message_box.h"
 #include "text/windows_text.h"
 
 namespace solvanta::win32 {
 
-Win32Host::Win32Host() {
-    BufferedPaintInit();
-}
-
-Win32Host::~Win32Host() {
-    clear();
-    BufferedPaintUnInit();
-}
-
 FormWindow& Win32Host::create_window(Form& form) {
-    return add(std::make_unique<FormWindow>(
-        form, pictures_, [this](const Event& event) { deliver(event); },
-        [this](FormWindow& window) { close(window); }));
+    WindowParts parts{
+        [this](Event event) { deliver(std::move(event)); }, pictures_, Scale(), {}, {}, {}};
+    return add(std::make_unique<FormWindow>(form, std::move(parts),
+                                            [this](FormWindow& closed) { close(closed); }));
 }
 
-Answer Win32Host::message(const std::string& text, Buttons buttons) {
-    if (is_quitting()) return answer_of_closing(buttons);
-    sync();
-    for (const Owner& window : windows())
-        UpdateWindow(window->handle());
-    return boxes_.ask(owner_of_box(), text, buttons);
+/// The system's call returns when the box has been closed, and handles messages until then.
+void Win32Host::open_box(const std::string& text, Buttons buttons) {
+    soon([this, text, buttons] {
+        if (!box_is_open()) return;
+        HWND owner = owner_for_box();
+        enable_all_but(owner, false);
+        const Answer given = show_box(owner, text, buttons, box_);
+        enable_all_but(owner, true);
+        answer(given);
+    });
+}
+
+void Win32Host::close_box() {
+    win32::close_box(box_);
+}
+
+void Win32Host::soon(Event act) {
+    soon_.push_back(std::move(act));
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // there may be no other to wait for
+}
+
+void Win32Host::end() {
+    PostQuitMessage(0);
 }
 
 std::string Win32Host::program_directory() const {
-    std::wstring path(MAX_PATH, L'\0');
-    DWORD length = 0;
-    while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) >=
-           path.size()) {
-        path.resize(2 * path.size());
-    }
-    path.resize(length);
+    constexpr DWORD longest_path = 0x8000;
+    std::wstring path(longest_path, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), longest_path));
     return to_utf8(path.substr(0, path.find_last_of(L'\\')));
 }
 
@@ -65,10 +71,14 @@ void Win32Host::handle(MSG& message) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    destroy_forgotten();
+    while (!soon_.empty()) {
+        const Event act = std::move(soon_.front());
+        soon_.pop_front();
+        run_safely(act);
+    }
 }
 
-HWND Win32Host::owner_of_box() const {
+HWND Win32Host::owner_for_box() const {
     HWND owner = nullptr;
     for (const Owner& window : windows()) {
         if (window->handle() == GetActiveWindow()) return window->handle();
@@ -77,12 +87,16 @@ HWND Win32Host::owner_of_box() const {
     return owner;
 }
 
+/// The system itself keeps input from the owner of a box alone.
+void Win32Host::enable_all_but(HWND owner, bool enable) const {
+    for (const Owner& window : windows()) {
+        if (window->handle() != owner) EnableWindow(window->handle(), enable ? TRUE : FALSE);
+    }
+}
+
 void Win32Host::sync() {
     WindowHost::sync();
     pictures_.keep_only(loads());
 }
-
-/// Not yet: the system may be in the midst of a message of theirs.
-void Win32Host::destroy(std::vector<Owner>& /*forgotten*/) {}
 
 }  // namespace solvanta::win32

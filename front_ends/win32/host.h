@@ -1,22 +1,18 @@
 #pragma once
 
-#include <memory>
-#include <vector>
+#include <deque>
 
-#include "front_ends/win32/form_window.h"
-#include "front_ends/win32/message_box.h"
-#include "front_ends/win32/pictures.h"
 #include "front_ends/common/window_host.h"
+#include "front_ends/win32/form_window.h"
+#include "front_ends/win32/pictures.h"
 
 namespace solvanta::win32 {
 
 /// The Host on the windows of the Windows desktop.
 class Win32Host final : public WindowHost<FormWindow> {
   public:
-    Win32Host();
-    ~Win32Host() override;
+    ~Win32Host() override { clear(); }
 
-    Answer message(const std::string& text, Buttons buttons) override;
     std::string program_directory() const override;
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
@@ -29,14 +25,17 @@ class Win32Host final : public WindowHost<FormWindow> {
 
   private:
     FormWindow& create_window(Form& form) override;
-    void close_boxes() override { boxes_.close_all(); }
-    void end() override { PostQuitMessage(0); }
+    void open_box(const std::string& text, Buttons buttons) override;
+    void close_box() override;
+    void soon(Event act) override;
+    void end() override;
     void sync() override;
-    void destroy(std::vector<Owner>& forgotten) override;
-    HWND owner_of_box() const;
+    HWND owner_for_box() const;
+    void enable_all_but(HWND owner, bool enable) const;
 
-    Pictures pictures_;
-    MessageBoxes boxes_;
+    Pictures pictures_{decode_picture};
+    std::deque<Event> soon_;  // what is to be called from the event loop
+    HWND box_ = nullptr;
 };
 
 }  // namespace solvanta::win32

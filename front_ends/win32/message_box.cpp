@@ -1,7 +1,13 @@
 #include "front_ends/win32/message_box.h"
 
 #include <algorithm>
+#include <deque>
+#include <span>
+#include <vector>
 
+#include <commctrl.h>
+
+#include "front_ends/common/boxes.h"
 #include "front_ends/win32/scale.h"
 #include "front_ends/win32/window.h"
 #include "text/windows_text.h"
@@ -9,53 +15,27 @@
 namespace solvanta::win32 {
 namespace {
 
-/// Keeps the other windows of the program from taking input. The system does so for the owner of a
-/// box alone.
-class OthersDisabled {
-  public:
-    explicit OthersDisabled(HWND owner) {
-        HWND window = nullptr;
-        while ((window = FindWindowExW(nullptr, window, plain_class(), nullptr)) != nullptr) {
-            const bool ours = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
-            if (ours && window != owner && IsWindowEnabled(window)) windows_.push_back(window);
-        }
-        for (HWND other : windows_)
-            EnableWindow(other, FALSE);
-    }
-    OthersDisabled(const OthersDisabled&) = delete;
-    OthersDisabled& operator=(const OthersDisabled&) = delete;
-    ~OthersDisabled() {
-        for (HWND window : windows_)
-            EnableWindow(window, TRUE);
-    }
-
-  private:
-    std::vector<HWND> windows_;
+/// What is known of a box from before it opens until it is closed.
+struct OpenBox {
+    HWND owner;
+    HWND& box;
+    SHORT enter;  // the state of the key when it opened
 };
 
-/// A box with two buttons is always the system's for OK and Cancel, which Esc and the close box
-/// answer as well; its buttons then get the captions they should have.
-void set_captions(HWND box, Buttons buttons) {
-    const bool yes_no = buttons == Buttons::YesNo;
-    SetDlgItemTextW(box, IDOK, yes_no ? L"&Ja" : L"OK");
-    // The only button of a box may have the number of Cancel, so that Esc presses it.
-    const wchar_t* otherwise = buttons == Buttons::OkCancel ? L"Abbrechen" : L"OK";
-    SetDlgItemTextW(box, IDCANCEL, yes_no ? L"&Nein" : otherwise);
+/// Besides whether the key is down this tells one press from the next.
+SHORT enter_key() {
+    return GetKeyState(VK_RETURN);
 }
 
 /// Moves a box to the lower half of its owner, so that a picture shown with it stays in view, and
 /// wholly on the screen.
 void place_low(HWND box, HWND owner) {
-    RECT over{};
-    RECT place{};
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor);
-    GetClientRect(owner, &over);
+    RECT over = client_area(owner);
     MapWindowPoints(owner, nullptr, reinterpret_cast<POINT*>(&over), 2);
+    RECT place{};
     GetWindowRect(box, &place);
     const SIZE size = size_of(place);
-    const RECT& free = monitor.rcWork;
+    const RECT free = work_area(owner);
     const LONG left = (over.left + over.right - size.cx) / 2;
     const LONG top = over.top + size_of(over).cy * 5 / 8;
     SetWindowPos(box, nullptr,
@@ -64,77 +44,55 @@ void place_low(HWND box, HWND owner) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-bool is_dialog(HWND window) {
-    return GetClassLongPtrW(window, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG);
+/// Buttons numbered up to the last one, so that it has the number of Esc and the close box.
+std::vector<TASKDIALOG_BUTTON> numbered(std::span<const BoxButton> choices,
+                                        std::deque<std::wstring>& captions) {
+    std::vector<TASKDIALOG_BUTTON> buttons;
+    int number = IDCANCEL + static_cast<int>(choices.size());
+    for (const BoxButton& choice : choices)
+        buttons.push_back({--number, captions.emplace_back(to_utf16(choice.caption)).c_str()});
+    return buttons;
+}
+
+HRESULT CALLBACK on_notice(HWND box, UINT notice, WPARAM /*button*/, LPARAM /*more*/,
+                           LONG_PTR data) {
+    const OpenBox& open = *reinterpret_cast<const OpenBox*>(data);
+    if (notice == TDN_CREATED) {
+        open.box = box;
+        if (IsWindowVisible(open.owner) && !IsIconic(open.owner)) place_low(box, open.owner);
+    }
+    // An Enter held down since it opened the box is not meant for its button.
+    const bool held = open.enter < 0 && open.enter == enter_key();
+    return notice == TDN_BUTTON_CLICKED && held ? S_FALSE : S_OK;
 }
 
 }  // namespace
 
-/// What is known of a box from before it opens until it is closed.
-class OpenBox {
-  public:
-    OpenBox(std::vector<HWND>& open, HWND owner, Buttons buttons)
-        : open_(open), owner_(owner), buttons_(buttons), others_(owner), below_(current_) {
-        open_.reserve(open_.size() + 1);  // nothing must be thrown through the system's calls
-        current_ = this;
-        opening_ = SetWindowsHookExW(WH_CBT, on_opening, nullptr, GetCurrentThreadId());
-        messages_ = SetWindowsHookExW(WH_MSGFILTER, on_message, nullptr, GetCurrentThreadId());
-    }
-    OpenBox(const OpenBox&) = delete;
-    OpenBox& operator=(const OpenBox&) = delete;
-    ~OpenBox() {
-        UnhookWindowsHookEx(opening_);
-        UnhookWindowsHookEx(messages_);
-        std::erase(open_, box_);
-        current_ = below_;
-    }
-
-  private:
-    static LRESULT CALLBACK on_opening(int code, WPARAM window, LPARAM more) {
-        HWND box = reinterpret_cast<HWND>(window);
-        if (code == HCBT_ACTIVATE && !current_->box_ && is_dialog(box)) current_->prepare(box);
-        return CallNextHookEx(nullptr, code, window, more);
-    }
-
-    /// An Enter held down since it opened the box is not meant for its button.
-    static LRESULT CALLBACK on_message(int code, WPARAM more, LPARAM l) {
-        const MSG& message = *reinterpret_cast<const MSG*>(l);
-        const bool held_enter = code == MSGF_DIALOGBOX && message.message == WM_KEYDOWN &&
-                                message.wParam == VK_RETURN &&
-                                (HIWORD(message.lParam) & KF_REPEAT) != 0;
-        return held_enter ? 1 : CallNextHookEx(nullptr, code, more, l);
-    }
-
-    void prepare(HWND box) {
-        box_ = box;
-        open_.push_back(box);
-        set_captions(box, buttons_);
-        if (owner_ && IsWindowVisible(owner_) && !IsIconic(owner_)) place_low(box, owner_);
-    }
-
-    static inline OpenBox* current_ = nullptr;
-
-    std::vector<HWND>& open_;
-    HWND owner_;
-    Buttons buttons_;
-    OthersDisabled others_;
-    OpenBox* below_;
-    HWND box_ = nullptr;
-    HHOOK opening_ = nullptr;
-    HHOOK messages_ = nullptr;
-};
-
-Answer MessageBoxes::ask(HWND owner, const std::string& text, Buttons buttons) {
-    const OpenBox box(open_, owner, buttons);
-    const UINT type = buttons == Buttons::Ok ? MB_OK : MB_OKCANCEL;
-    const int button = MessageBoxW(owner, to_utf16(text).c_str(), L"Solvanta", type);
-    if (button != IDOK) return answer_of_closing(buttons);
-    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+Answer show_box(HWND owner, const std::string& text, Buttons buttons, HWND& box) {
+    const std::span<const BoxButton> choices = buttons_of(buttons);
+    const std::wstring content = to_utf16(text);
+    std::deque<std::wstring> captions;
+    const std::vector<TASKDIALOG_BUTTON> shown = numbered(choices, captions);
+    OpenBox open{owner, box, enter_key()};
+    TASKDIALOGCONFIG config{};
+    config.cbSize = sizeof config;
+    config.hwndParent = owner;
+    config.dwFlags = TDF_ALLOW_DIALOG_CANCELLATION | TDF_POSITION_RELATIVE_TO_WINDOW;
+    config.pszWindowTitle = L"Solvanta";
+    config.pszContent = content.c_str();
+    config.cButtons = static_cast<UINT>(shown.size());
+    config.pButtons = shown.data();
+    config.nDefaultButton = shown.front().nButtonID;
+    config.pfCallback = on_notice;
+    config.lpCallbackData = reinterpret_cast<LONG_PTR>(&open);
+    int pressed = 0;
+    TaskDialogIndirect(&config, &pressed, nullptr, nullptr);
+    box = nullptr;
+    return (pressed == config.nDefaultButton ? choices.front() : choices.back()).answer;
 }
 
-void MessageBoxes::close_all() {
-    for (HWND box : open_)
-        EndDialog(box, IDCANCEL);
+void close_box(HWND box) {
+    if (box) SendMessageW(box, TDM_CLICK_BUTTON, IDCANCEL, 0);
 }
 
 }  // namespace solvanta::win32

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include <windows.h>
 
@@ -9,18 +8,11 @@
 
 namespace solvanta::win32 {
 
-/// The system's message boxes, with German buttons whatever the system's language.
-class MessageBoxes {
-  public:
-    /// Shows a modal box over `owner` and waits; the first button is the default, Esc and
-    /// `close_all` answer like closing it.
-    Answer ask(HWND owner, const std::string& text, Buttons buttons);
+/// Shows a modal box over `owner`, which may be none, and waits until it has been closed. Meanwhile
+/// `box` is its window, for `close_box`.
+Answer show_box(HWND owner, const std::string& text, Buttons buttons, HWND& box);
 
-    /// Closes every box that is open.
-    void close_all();
-
-  private:
-    std::vector<HWND> open_;
-};
+/// Closes the box as its close box does; nothing happens without one.
+void close_box(HWND box);
 
 }  // namespace solvanta::win32

@@ -1,95 +1,156 @@
 #include "front_ends/win32/pictures.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "front_ends/win32/scale.h"
-#include "front_ends/win32/trouble.h"
+#include <initguid.h>
+#include <wincodec.h>
+#include <wrl/client.h>
+
+#include "front_ends/common/look.h"
+#include "front_ends/common/picture_bytes.h"
+#include "front_ends/win32/system_library.h"
 
 namespace solvanta::win32 {
 namespace {
 
-constexpr int plain_dpi = USER_DEFAULT_SCREEN_DPI;
+using Microsoft::WRL::ComPtr;
 
-std::string fine_file(const std::string& path) {
-    const std::size_t dot = path.find_last_of(R"(./\)");
-    const bool has_suffix = dot != std::string::npos && path[dot] == '.';
-    return has_suffix ? path.substr(0, dot) + "@2x" + path.substr(dot) : path + "@2x";
+/// The system's decoders, for the life of the program; null where there are none.
+IWICImagingFactory* decoders() {
+    static IWICImagingFactory* const factory = [] {
+        const HMODULE com = system_library(L"ole32.dll");
+        auto* const join_com = system_function<decltype(CoInitializeEx)>(com, "CoInitializeEx");
+        auto* const create = system_function<decltype(CoCreateInstance)>(com, "CoCreateInstance");
+        IWICImagingFactory* made = nullptr;
+        if (join_com && create && SUCCEEDED(join_com(nullptr, COINIT_APARTMENTTHREADED))) {
+            create(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
+        }
+        return made;
+    }();
+    return factory;
 }
 
-bool equal(SIZE one, SIZE other) {
-    return one.cx == other.cx && one.cy == other.cy;
+const GUID* format_of(const std::string& suffix) {
+    if (suffix == "bmp") return &GUID_ContainerFormatBmp;
+    if (suffix == "gif") return &GUID_ContainerFormatGif;
+    if (suffix == "jpg") return &GUID_ContainerFormatJpeg;
+    if (suffix == "png") return &GUID_ContainerFormatPng;
+    return nullptr;
 }
 
-/// The largest size, from 11 pixels down to 7, in which one line of `text` fits into `place`.
-HFONT fitting_font(HDC dc, const std::string& text, SIZE place, Fonts& fonts, int dpi) {
-    int pixels = 11;
-    for (; pixels > 7; --pixels) {
-        const SIZE size = text_size(dc, text, fonts.standard(pixels, dpi));
-        if (size.cx <= place.cx && size.cy <= place.cy) break;
+/// The first picture of a file in memory, its pixels as those of a Bitmap; null when the bytes are
+/// none in this format.
+ComPtr<IWICFormatConverter> first_picture(IWICImagingFactory& factory, std::string& bytes,
+                                          const GUID& format) {
+    ComPtr<IWICStream> stream;
+    ComPtr<IWICBitmapDecoder> decoder;
+    ComPtr<IWICBitmapFrameDecode> frame;
+    ComPtr<IWICFormatConverter> picture;
+    const bool read =
+        SUCCEEDED(factory.CreateStream(&stream)) &&
+        SUCCEEDED(stream->InitializeFromMemory(reinterpret_cast<BYTE*>(bytes.data()),
+                                               static_cast<DWORD>(bytes.size()))) &&
+        SUCCEEDED(factory.CreateDecoder(format, nullptr, &decoder)) &&
+        SUCCEEDED(decoder->Initialize(stream.Get(), WICDecodeMetadataCacheOnDemand)) &&
+        SUCCEEDED(decoder->GetFrame(0, &frame)) &&
+        SUCCEEDED(factory.CreateFormatConverter(&picture)) &&
+        SUCCEEDED(picture->Initialize(frame.Get(), GUID_WICPixelFormat32bppPBGRA,
+                                      WICBitmapDitherTypeNone, nullptr, 0,
+                                      WICBitmapPaletteTypeCustom));
+    return read ? picture : nullptr;
+}
+
+Bitmap decoded(std::string& bytes, const std::string& suffix) {
+    const GUID* const format = format_of(suffix);
+    if (!format || !decoders()) return Bitmap();
+    const ComPtr<IWICFormatConverter> picture = first_picture(*decoders(), bytes, *format);
+    UINT width = 0;
+    UINT height = 0;
+    if (!picture || FAILED(picture->GetSize(&width, &height)) ||
+        std::max(width, height) > UINT{largest_picture_side}) {
+        return Bitmap();
     }
-    return fonts.standard(pixels, dpi);
+    Bitmap bitmap({static_cast<LONG>(width), static_cast<LONG>(height)});
+    if (bitmap.empty()) return bitmap;
+    const UINT line_bytes = 4 * width;
+    const HRESULT copied = picture->CopyPixels(nullptr, line_bytes, line_bytes * height,
+                                               reinterpret_cast<BYTE*>(bitmap.line(0)));
+    return SUCCEEDED(copied) ? std::move(bitmap) : Bitmap();
+}
+
+Bitmap copy_of(std::string_view bytes, const PlainBitmap& plain) {
+    Bitmap bitmap({plain.width, plain.height});
+    if (!bitmap.empty()) copy_pixels(bytes, plain, [&](int y) { return bitmap.line(y); });
+    return bitmap;
 }
 
 }  // namespace
 
-Image::Image(Bitmap source, bool fine, int dpi) : source_(std::move(source)) {
-    if (source_.empty()) return;
-    const int source_dpi = fine ? 2 * plain_dpi : plain_dpi;
-    size_ = {std::max(1, MulDiv(source_.size().cx, dpi, source_dpi)),
-             std::max(1, MulDiv(source_.size().cy, dpi, source_dpi))};
-    opaque_ = source_.is_opaque();
+Bitmap::Bitmap(SIZE size) : size_(size) {
+    BITMAPINFO description{};
+    description.bmiHeader.biSize = sizeof description.bmiHeader;
+    description.bmiHeader.biWidth = size.cx;
+    description.bmiHeader.biHeight = -size.cy;  // the top line first
+    description.bmiHeader.biPlanes = 1;
+    description.bmiHeader.biBitCount = 32;
+    void* pixels = nullptr;
+    handle_.reset(CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
+    pixels_ = static_cast<std::uint32_t*>(pixels);
 }
 
-const Bitmap& Image::in_size(SIZE size) {
-    if (equal(size, source_.size())) return source_;
-    if (!equal(size, scaled_.size())) scaled_ = source_.scaled_to(size);
-    return scaled_;
+Image::Image(Bitmap bitmap, bool fine)
+    : bitmap_(std::move(bitmap)),
+      pixels_to_one_(fine ? 2 : 1),
+      opaque_(std::all_of(bitmap_.line(0), bitmap_.line(bitmap_.size().cy),
+                          [](std::uint32_t pixel) { return pixel >> 24U == 0xFF; })) {}
+
+SIZE Image::size(const Scale& scale) const {
+    const auto side = [&](LONG pixels) {
+        return std::max(1L,
+                        std::lround(static_cast<double>(pixels) / pixels_to_one_ * scale.pixels()));
+    };
+    return {side(bitmap_.size().cx), side(bitmap_.size().cy)};
 }
 
-void Image::paint(HDC dc, POINT corner, SIZE size, int lines) {
-    const Bitmap& bitmap = in_size(size);
-    if (bitmap.empty()) return;
-    const MemoryDc memory(CreateCompatibleDC(dc));
-    const Selection selected(memory.get(), bitmap.handle());
-    const int height = std::min<int>(lines, size.cy);
+void Image::paint(HDC dc, const RECT& area, int height) const {
+    const SIZE target = size_of(area);
+    const SIZE whole = bitmap_.size();
+    const int lines = MulDiv(whole.cy, target.cy, height);
+    HDC memory = CreateCompatibleDC(dc);
+    HGDIOBJ before = SelectObject(memory, bitmap_.handle());
     if (opaque_) {
-        BitBlt(dc, corner.x, corner.y, size.cx, height, memory.get(), 0, 0, SRCCOPY);
+        SetStretchBltMode(dc, height == whole.cy ? COLORONCOLOR : HALFTONE);
+        StretchBlt(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, whole.cx, lines,
+                   SRCCOPY);
     } else {
         const BLENDFUNCTION by_alpha{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-        GdiAlphaBlend(dc, corner.x, corner.y, size.cx, height, memory.get(), 0, 0, size.cx, height,
+        GdiAlphaBlend(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, whole.cx, lines,
                       by_alpha);
     }
+    SelectObject(memory, before);
+    DeleteDC(memory);
 }
 
-Image& Pictures::image(const Picture& picture, int dpi) {
-    const auto [entry, is_new] = images_.try_emplace({picture.load_number(), dpi});
-    if (is_new && picture.load_number() != 0) entry->second = read(picture.path(), dpi);
-    return entry->second;
+std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix, bool fine) {
+    const auto plain = suffix == "bmp" ? plain_bitmap(bytes, largest_picture_side) : std::nullopt;
+    Bitmap bitmap = plain ? copy_of(bytes, *plain) : decoded(bytes, suffix);
+    if (bitmap.empty()) return std::nullopt;
+    return Image(std::move(bitmap), fine);
 }
 
-Image Pictures::read(const std::string& path, int dpi) {
-    if (dpi > plain_dpi) {
-        Bitmap fine = reader_.read(fine_file(path), true);
-        if (!fine.empty()) return {std::move(fine), true, dpi};
-    }
-    return {reader_.read(path, false), false, dpi};
-}
-
-void Pictures::keep_only(Loads loads) {
-    std::sort(loads.begin(), loads.end());
-    std::erase_if(images_, [&](const auto& entry) {
-        return !std::binary_search(loads.begin(), loads.end(), entry.first.first);
-    });
-}
-
-void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, Fonts& fonts, int dpi) {
-    fill(dc, place, RGB(0x50, 0x50, 0x50));
+void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const Scale& scale) {
     RECT inside = place;
-    InflateRect(&inside, -scaled(1, dpi), -scaled(1, dpi));
-    fill(dc, inside, RGB(0xF6, 0xF2, 0xE4));
+    InflateRect(&inside, -scale.scaled(1), -scale.scaled(1));
+    fill(dc, place, to_color(placeholder_border));
+    fill(dc, inside, to_color(placeholder_ground));
     const std::string name = file_name(picture.path());
+    const int font_pixels = placeholder_font_pixels([&](int pixels) {
+        const SIZE size = text_size(dc, name, standard_font(pixels, scale));
+        return size.cx <= size_of(inside).cx && size.cy <= size_of(inside).cy;
+    });
     draw_text(dc, name, inside, DT_CENTER | DT_TOP | DT_SINGLELINE | DT_END_ELLIPSIS,
-              fitting_font(dc, name, size_of(inside), fonts, dpi), RGB(0, 0, 0));
+              standard_font(font_pixels, scale), to_color(placeholder_ink));
 }
 
 }  // namespace solvanta::win32

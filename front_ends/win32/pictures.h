@@ -1,61 +1,66 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <utility>
+#include <optional>
+#include <string>
 
-#include "front_ends/win32/fonts.h"
-#include "front_ends/win32/image_reader.h"
-#include "platform/elements.h"
+#include "front_ends/common/picture_store.h"
+#include "front_ends/win32/look.h"
 
 namespace solvanta::win32 {
 
-/// A picture as it is shown at one resolution.
+/// A picture in memory: 32 bits a pixel, blue, green, red and alpha in rising bytes, the colours
+/// multiplied by alpha.
+class Bitmap {
+  public:
+    /// A clear picture; empty when the system has no memory for it.
+    explicit Bitmap(SIZE size = {});
+
+    bool empty() const { return !handle_; }
+    SIZE size() const { return size_; }
+    HBITMAP handle() const { return static_cast<HBITMAP>(handle_.get()); }
+
+    /// The pixels of a line from the top; the next line follows.
+    std::uint32_t* line(int y) const { return pixels_ + static_cast<std::ptrdiff_t>(y) * size_.cx; }
+
+  private:
+    SIZE size_;
+    GdiObject handle_;
+    std::uint32_t* pixels_ = nullptr;  // owned by the handle
+};
+
+/// A picture as it is shown.
 class Image {
   public:
-    /// What can't be read.
-    Image() = default;
-
-    /// `fine` says that two pixels of the file make one where 96 dots make an inch.
-    Image(Bitmap source, bool fine, int dpi);
-
-    bool readable() const { return !source_.empty(); }
+    /// `fine` says that two of the bitmap's pixels make one.
+    Image(Bitmap bitmap, bool fine);
 
     /// Its own size in device pixels.
-    SIZE size() const { return size_; }
+    SIZE size(const Scale& scale) const;
 
-    /// Paints the picture, scaled to `size`, with its top left corner at `corner`; of its lines
-    /// only the first `lines`.
-    void paint(HDC dc, POINT corner, SIZE size, int lines);
-
-  private:
-    const Bitmap& in_size(SIZE size);
-
-    Bitmap source_;
-    Bitmap scaled_;  // the source in the size last asked for, unless that is its own
-    SIZE size_{};
-    bool opaque_ = false;
-};
-
-/// The images of the pictures on show. A file is read when its picture is first painted; the image
-/// is shared among the copies of one load, never between two loads.
-class Pictures {
-  public:
-    /// The image of `picture` at this resolution; above 96 dots per inch it comes from the
-    /// neighbour `Name@2x.ext` where there is one.
-    Image& image(const Picture& picture, int dpi);
-
-    /// Drops the images of all loads but these.
-    void keep_only(Loads loads);
+    /// Paints the picture into `area`, scaled to its width and to `height`. What reaches below
+    /// the area is left out.
+    void paint(HDC dc, const RECT& area, int height) const;
 
   private:
-    Image read(const std::string& path, int dpi);
-
-    ImageReader reader_;
-    std::map<std::pair<std::uint64_t, int>, Image> images_;  // by load and by resolution
+    Bitmap bitmap_;
+    int pixels_to_one_;
+    bool opaque_;
 };
 
-/// What stands in for a picture that can't be read: a light box bearing its file's name.
-void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, Fonts& fonts, int dpi);
+/// The images of the pictures on show, ready for painting.
+using Pictures = PictureStore<Image>;
+
+/// What `Pictures` make their images by. Files other than plain bitmaps are read by the system's
+/// own decoders, which are loaded for the first one.
+std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix, bool fine);
+
+/// Whether a screen wants the fine files.
+inline bool is_fine(const Scale& scale) {
+    return scale.pixels() > 1;
+}
+
+/// Paints what stands in for a picture that can't be read.
+void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const Scale& scale);
 
 }  // namespace solvanta::win32

@@ -16,12 +16,9 @@ class SteadyTimer {
     SteadyTimer(const Timer& timer, HWND window, UINT_PTR id);
 
     const Timer& timer() const { return timer_; }
-    UINT_PTR id() const { return id_; }
 
     /// To be called at each message; whether a tick is due. Asks for the next message.
     bool tick_is_due();
-
-    void stop() const { KillTimer(window_, id_); }
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
 #include "platform/trouble.h"
 
@@ -13,17 +14,21 @@ namespace {
 
 constexpr UINT_PTR our_key = 1;
 
+/// Hands a message about a control on to it, if it came from one.
+std::optional<LRESULT> hand_on(const Message& message, HWND control) {
+    if (!control) return std::nullopt;
+    return SendMessageW(control, handed_on + message.id, message.w, message.l);
+}
+
 }  // namespace
 
 Window::~Window() {
     ignore_messages();
-    const bool child = (GetWindowLongPtrW(handle_, GWL_STYLE) & WS_CHILD) != 0;
-    if (handle_ && !child) DestroyWindow(handle_);
+    DestroyWindow(handle_);
 }
 
 void Window::create(const wchar_t* window_class, DWORD style, DWORD extended_style, HWND parent) {
-    const bool child = (style & WS_CHILD) != 0;
-    const int place = child ? 0 : CW_USEDEFAULT;
+    const int place = parent ? 0 : CW_USEDEFAULT;
     handle_ = CreateWindowExW(extended_style, window_class, L"", style, place, place, 0, 0, parent,
                               nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!handle_) throw std::runtime_error("Fenster kann nicht angelegt werden");
@@ -31,7 +36,7 @@ void Window::create(const wchar_t* window_class, DWORD style, DWORD extended_sty
 }
 
 void Window::ignore_messages() {
-    if (handle_) RemoveWindowSubclass(handle_, procedure, our_key);
+    RemoveWindowSubclass(handle_, procedure, our_key);
 }
 
 LRESULT Window::answer_of_class(const Message& message) {
@@ -41,26 +46,47 @@ LRESULT Window::answer_of_class(const Message& message) {
 LRESULT CALLBACK Window::procedure(HWND window, UINT id, WPARAM w, LPARAM l, UINT_PTR /*key*/,
                                    DWORD_PTR self) {
     const Message message{window, id, w, l};
-    try {
-        if (id == WM_NCDESTROY) {
-            reinterpret_cast<Window*>(self)->ignore_messages();
-            reinterpret_cast<Window*>(self)->handle_ = nullptr;
-        } else if (const auto result = reinterpret_cast<Window*>(self)->answer(message)) {
-            return *result;
-        }
-    } catch (const std::exception& error) {
-        report_trouble("unerwarteter Fehler: " + std::string(error.what()));
-    } catch (...) {
-        report_trouble("unerwarteter Fehler");
+    std::optional<LRESULT> result;
+    run_safely([&] { result = reinterpret_cast<Window*>(self)->answer(message); });
+    return result ? *result : answer_of_class(message);
+}
+
+std::optional<LRESULT> PaintedWindow::answer(const Message& message) {
+    switch (message.id) {
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            paint_buffered();
+            return 0;
+        case WM_PRINTCLIENT:  // by a button with round corners, for what is behind them
+            paint(reinterpret_cast<HDC>(message.w));
+            return 0;
+        case WM_COMMAND:
+            return hand_on(message, reinterpret_cast<HWND>(message.l));
+        case WM_NOTIFY:
+            return hand_on(message, reinterpret_cast<NMHDR*>(message.l)->hwndFrom);
+        default:
+            return std::nullopt;
     }
-    return answer_of_class(message);
+}
+
+/// In memory first, so that nothing flickers.
+void PaintedWindow::paint_buffered() {
+    [[maybe_unused]] static const HRESULT prepared = BufferedPaintInit();
+    PAINTSTRUCT area{};
+    HDC screen = BeginPaint(handle(), &area);
+    HDC memory = nullptr;
+    HPAINTBUFFER buffer =
+        BeginBufferedPaint(screen, &area.rcPaint, BPBF_COMPATIBLEBITMAP, nullptr, &memory);
+    paint(buffer ? memory : screen);
+    if (buffer) EndBufferedPaint(buffer, TRUE);
+    EndPaint(handle(), &area);
 }
 
 const wchar_t* plain_class() {
     static const ATOM registered = [] {
         WNDCLASSEXW description{};
         description.cbSize = sizeof description;
-        description.style = CS_DBLCLKS;
         description.lpfnWndProc = DefWindowProcW;
         description.hInstance = GetModuleHandleW(nullptr);
         description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -70,12 +96,19 @@ const wchar_t* plain_class() {
     return MAKEINTATOM(registered);
 }
 
-std::optional<LRESULT> hand_on(const Message& message) {
-    HWND control = nullptr;
-    if (message.id == WM_COMMAND) control = reinterpret_cast<HWND>(message.l);
-    if (message.id == WM_NOTIFY) control = reinterpret_cast<NMHDR*>(message.l)->hwndFrom;
-    if (!control) return std::nullopt;
-    return SendMessageW(control, handed_on + message.id, message.w, message.l);
+RECT work_area(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+void run_safely(const std::function<void()>& act) {
+    try {
+        act();
+    } catch (const std::exception& error) {
+        report_trouble("unerwarteter Fehler: " + std::string(error.what()));
+    }
 }
 
 }  // namespace solvanta::win32

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include <windows.h>
@@ -17,9 +18,8 @@ struct Message {
 /// the control itself.
 inline constexpr UINT handed_on = WM_APP;
 
-/// One window of the system's. Its messages are handled here before its class handles them, and
-/// nothing thrown by a handler gets through to the system. A control goes with its parent, every
-/// other window with this object.
+/// One window of the system's, which goes with this object. Its messages are handled here before
+/// its class handles them, and nothing thrown by a handler gets through to the system.
 class Window {
   public:
     Window() = default;
@@ -52,10 +52,25 @@ class Window {
     HWND handle_ = nullptr;
 };
 
+/// A window that is painted here, and may be the parent of others.
+class PaintedWindow : public Window {
+  protected:
+    std::optional<LRESULT> answer(const Message& message) override;
+
+    /// Paints the client area, or what of it is to be painted.
+    virtual void paint(HDC dc) = 0;
+
+  private:
+    void paint_buffered();
+};
+
 /// The class of a window that is all ours.
 const wchar_t* plain_class();
 
-/// Hands a message about a control on to it, if it is one of those that the controls handle.
-std::optional<LRESULT> hand_on(const Message& message);
+/// The part of the window's screen that no bar of the desktop covers.
+RECT work_area(HWND window);
+
+/// Calls `act`; what is thrown there is told as trouble and goes no further.
+void run_safely(const std::function<void()>& act);
 
 }  // namespace solvanta::win32

@@ -1,6 +1,5 @@
 #include "front_ends/win32/window_parts.h"
 
-#include "front_ends/win32/scale.h"
 #include "text/windows_text.h"
 
 namespace solvanta::win32 {
@@ -19,11 +18,10 @@ bool is_shown(HWND control) {
 
 }  // namespace
 
-void sync_place(HWND control, const Element& element, int dpi) {
+void sync_place(HWND control, const Element& element, const Scale& scale) {
     // What reaches beyond the parent would be cut off, a scroll bar included.
-    RECT room{};
-    GetClientRect(GetParent(control), &room);
-    RECT place = place_of(element, dpi);
+    const RECT room = client_area(GetParent(control));
+    RECT place = to_rect(scale.place_of(element));
     IntersectRect(&place, &place, &room);
     const RECT before = place_in_parent(control);
     // A minimised window has no room, but its controls keep their places.
@@ -37,11 +35,13 @@ void sync_place(HWND control, const Element& element, int dpi) {
     }
 }
 
-void sync_text(HWND control, const std::string& text, HFONT font) {
-    if (text_of(control) != text) SetWindowTextW(control, to_utf16(text).c_str());
+bool sync_text(HWND control, const std::string& text, HFONT font) {
+    const bool changes = text_of(control) != text;
+    if (changes) SetWindowTextW(control, to_utf16(text).c_str());
     if (reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)) != font) {
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     }
+    return changes;
 }
 
 std::string text_of(HWND control) {

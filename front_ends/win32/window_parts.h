@@ -5,7 +5,6 @@
 #include <memory>
 #include <vector>
 
-#include "front_ends/win32/fonts.h"
 #include "front_ends/win32/pictures.h"
 #include "front_ends/win32/window.h"
 #include "platform/elements.h"
@@ -19,19 +18,19 @@ using Deliver = std::function<void(Event)>;
 struct WindowParts {
     Deliver deliver;
     Pictures& pictures;
-    Fonts fonts;
-    int dpi = USER_DEFAULT_SCREEN_DPI;  ///< of the screen that the window is on
-    COLORREF background = 0;            ///< of the form's client area
+    Scale scale;                      ///< of the screen that the window is on
+    std::optional<Color> background;  ///< of the form's client area
     std::vector<std::unique_ptr<Window>> controls;
     std::map<const TextBox*, HWND> text_boxes;
 };
 
 /// Puts a control where its element lies, as far as that is within its parent, and shows or hides
 /// it.
-void sync_place(HWND control, const Element& element, int dpi);
+void sync_place(HWND control, const Element& element, const Scale& scale);
 
-/// Gives a control its text and its font, if they are others than it has.
-void sync_text(HWND control, const std::string& text, HFONT font);
+/// Gives a control its text and its font, if they are others than it has; answers whether the text
+/// was another.
+bool sync_text(HWND control, const std::string& text, HFONT font);
 
 /// The text of a control.
 std::string text_of(HWND control);

@@ -9,8 +9,8 @@
 #include <windows.h>
 
 #include "front_ends/win32/host.h"
-#include "text/windows_text.h"
 #include "tests/support/real_files.h"
+#include "text/windows_text.h"
 
 namespace solvanta::test {
 namespace {
@@ -216,7 +216,7 @@ class Win32Driver final : public Driver {
 
     Color pixel(const Form& form, Point at) override {
         HWND window = window_of(form);
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         POINT place = to_device(at);
         for (HWND child = nullptr;; window = child) {
             child = ChildWindowFromPointEx(window, place, CWP_SKIPINVISIBLE);
@@ -244,16 +244,13 @@ class Win32Driver final : public Driver {
     std::optional<BoxLook> box() override {
         HWND box = find_window(is_box);
         if (!box) return std::nullopt;
-        constexpr int text_id = 0xFFFF;
-        BoxLook look{text_of(box), text_of(GetDlgItem(box, text_id)), {}};
-        const int standard = LOWORD(SendMessageW(box, DM_GETDEFID, 0, 0));
-        for (const int id : {IDOK, IDCANCEL, IDYES, IDNO}) {
-            HWND button = GetDlgItem(box, id);
-            if (!button) continue;
+        BoxLook look{text_of(box), text_of(FindWindowExW(box, nullptr, L"Static", nullptr)), {}};
+        HWND button = nullptr;
+        while ((button = FindWindowExW(box, button, L"Button", nullptr)) != nullptr) {
             std::string caption = text_of(button);
             std::erase(caption, '&');
-            look.buttons.insert(id == standard ? look.buttons.begin() : look.buttons.end(),
-                                caption);
+            const bool standard = (GetWindowLongPtrW(button, GWL_STYLE) & BS_DEFPUSHBUTTON) != 0;
+            look.buttons.insert(standard ? look.buttons.begin() : look.buttons.end(), caption);
         }
         return look;
     }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include <windows.h>
 
+#include "front_ends/win32/scale.h"
 #include "platform/elements.h"
 
 namespace solvanta::win32 {
@@ -14,15 +15,8 @@ struct GdiDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
 
-/// A font, brush, pen or bitmap that is ours to delete.
+/// A font or bitmap that is ours to delete.
 using GdiObject = std::unique_ptr<void, GdiDeleter>;
-
-struct DcDeleter {
-    void operator()(HDC dc) const { DeleteDC(dc); }
-};
-
-/// A device context in memory.
-using MemoryDc = std::unique_ptr<HDC__, DcDeleter>;
 
 /// Selects an object into a device context for a while.
 class Selection {
@@ -37,9 +31,17 @@ class Selection {
     HGDIOBJ before_;
 };
 
-inline COLORREF to_color(const Color& color) {
-    return RGB(color.red, color.green, color.blue);
-}
+COLORREF to_color(const Color& color);
+
+/// The colour of a ground; without one it is that of the system's dialogs.
+COLORREF to_ground(const std::optional<Color>& color);
+
+/// The font of an element; without a family the system's own for messages, in a size that the
+/// layout holds. Each is made once for a resolution and kept.
+HFONT to_font(const Font& font, const Scale& scale);
+
+/// The system's own font for messages, `pixels` high where 96 make an inch.
+HFONT standard_font(int pixels, const Scale& scale);
 
 /// Fills a rectangle with one colour.
 void fill(HDC dc, const RECT& rect, COLORREF color);
@@ -47,10 +49,6 @@ void fill(HDC dc, const RECT& rect, COLORREF color);
 /// Draws UTF-8 text without a background of its own. `format` is that of DrawText; an ampersand
 /// means itself.
 void draw_text(HDC dc, std::string_view text, RECT place, UINT format, HFONT font, COLORREF color);
-
-/// Answers WM_PAINT: has `paint` fill the area to be painted in memory first, so that nothing
-/// flickers.
-void paint_buffered(HWND window, const std::function<void(HDC)>& paint);
 
 /// The size of one line of UTF-8 text.
 SIZE text_size(HDC dc, std::string_view text, HFONT font);

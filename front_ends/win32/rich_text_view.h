@@ -4,10 +4,10 @@
 
 namespace solvanta::win32 {
 
-/// A read-only rich-text view.
-class RichEdit final : public Window {
+/// A read-only rich-text view. It shows nothing for what is no rich text.
+class RichTextView final : public Window {
   public:
-    RichEdit(const RichTextBox& box, WindowParts& parts, HWND parent);
+    RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent);
 
     void sync() override;
 

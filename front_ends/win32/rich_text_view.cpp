@@ -1,13 +1,11 @@
-#include "front_ends/win32/rich_edit.h"
+#include "front_ends/win32/rich_text_view.h"
 
 #include <algorithm>
 #include <string_view>
 
 #include <richedit.h>
 
-#include "front_ends/win32/scale.h"
 #include "front_ends/win32/system_library.h"
-#include "front_ends/win32/trouble.h"
 #include "text/windows_text.h"
 
 namespace solvanta::win32 {
@@ -15,11 +13,6 @@ namespace {
 
 constexpr LPARAM text_limit = LPARAM{64} << 20;
 constexpr int text_margin = 4;
-
-void load_control() {
-    static const HMODULE library = system_library(L"msftedit.dll");
-    if (!library) report_once("msftedit.dll", "formatierter Text kann nicht gezeigt werden");
-}
 
 /// Hands the next bytes of a text to the control.
 DWORD CALLBACK read_some(DWORD_PTR rest, BYTE* place, LONG wanted, LONG* got) {
@@ -29,12 +22,6 @@ DWORD CALLBACK read_some(DWORD_PTR rest, BYTE* place, LONG wanted, LONG* got) {
     bytes.remove_prefix(count);
     *got = static_cast<LONG>(count);
     return 0;
-}
-
-/// The document with the header without which the control takes no text for rich text.
-std::string with_header(const std::string& rtf) {
-    if (rtf.starts_with("{\\rtf") || !rtf.starts_with('{')) return rtf;
-    return R"({\rtf1\ansi\ansicpg1252 )" + rtf.substr(1);
 }
 
 /// The document with the groups that lie too deep joined with those around them: not every version
@@ -56,9 +43,9 @@ std::string without_deep_groups(const std::string& rtf) {
 
 }  // namespace
 
-RichEdit::RichEdit(const RichTextBox& box, WindowParts& parts, HWND parent)
+RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent)
     : box_(box), parts_(parts) {
-    load_control();
+    system_library(L"msftedit.dll");
     create(MSFTEDIT_CLASS,
            WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
                ES_READONLY | ES_NOHIDESEL,
@@ -66,14 +53,14 @@ RichEdit::RichEdit(const RichTextBox& box, WindowParts& parts, HWND parent)
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, text_limit);
 }
 
-void RichEdit::sync() {
-    sync_place(handle(), box_, parts_.dpi);
+void RichTextView::sync() {
+    sync_place(handle(), box_, parts_.scale);
     if (shown_ == box_.TextRTF) return;
     shown_ = box_.TextRTF;
     show_text();
 }
 
-std::optional<LRESULT> RichEdit::answer(const Message& message) {
+std::optional<LRESULT> RichTextView::answer(const Message& message) {
     // Tab leads on; the arrows scroll.
     if (message.id == WM_GETDLGCODE) return DLGC_WANTARROWS;
     if (message.id != WM_SIZE && message.id != WM_SETFOCUS) return std::nullopt;
@@ -83,33 +70,26 @@ std::optional<LRESULT> RichEdit::answer(const Message& message) {
     return result;
 }
 
-void RichEdit::leave_margin() {
-    RECT area{};
-    GetClientRect(handle(), &area);
-    InflateRect(&area, -scaled(text_margin, parts_.dpi), -scaled(text_margin, parts_.dpi));
+void RichTextView::leave_margin() {
+    const int margin = parts_.scale.scaled(text_margin);
+    RECT area = client_area(handle());
+    InflateRect(&area, -margin, -margin);
     SendMessageW(handle(), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&area));
 }
 
-void RichEdit::show_text() {
+void RichTextView::show_text() {
     SetWindowTextW(handle(), L"");
-    if (shown_.empty()) return;
-    const std::string document = without_deep_groups(with_header(shown_));
+    const std::string document = without_deep_groups(shown_);
     std::string_view rest = document;
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, read_some};
-    if (document.starts_with('{')) {
-        SendMessageW(handle(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
-    }
-    if (!document.starts_with('{') || stream.dwError != 0) {
-        report_once("RTF", "formatierter Text nicht lesbar");
-        SetWindowTextW(handle(), L"");
-    }
+    SendMessageW(handle(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
     // A document without fonts of its own shows in that of the box.
     if (document.find("\\fonttbl") == std::string::npos) use_font_of_box();
     SendMessageW(handle(), EM_SETSEL, 0, 0);
     SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
 }
 
-void RichEdit::use_font_of_box() {
+void RichTextView::use_font_of_box() {
     if (box_.Font.family.empty()) return;
     constexpr int twips_per_point = 20;
     CHARFORMATW format{};

@@ -1,0 +1,193 @@
+#include "front_ends/win32/canvas.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <commctrl.h>
+#include <uxtheme.h>
+#include <vssym32.h>
+#include <windowsx.h>
+
+#include "front_ends/common/look.h"
+
+namespace solvanta::win32 {
+namespace {
+
+UINT text_format(Alignment alignment) {
+    constexpr UINT format = DT_TOP | DT_WORDBREAK;
+    switch (alignment) {
+        case Alignment::Right:
+            return format | DT_RIGHT;
+        case Alignment::Centered:
+            return format | DT_CENTER;
+        case Alignment::Left:
+            break;
+    }
+    return format | DT_LEFT;
+}
+
+/// Whether a control lies there. A disabled one gets no mouse messages: they come to its parent.
+bool is_on_control(const Message& message) {
+    const POINT place{GET_X_LPARAM(message.l), GET_Y_LPARAM(message.l)};
+    HWND there = ChildWindowFromPointEx(message.window, place, CWP_SKIPINVISIBLE);
+    return there != nullptr && there != message.window;
+}
+
+}  // namespace
+
+void Canvas::sync() {
+    const PixelRect changed =
+        looks_.changes(container_, scale(),
+                       [this](const PictureElement& element) { return painted_area(element); });
+    const RECT area = to_rect(changed);
+    if (!changed.empty()) InvalidateRect(handle(), &area, FALSE);
+}
+
+/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
+PixelRect Canvas::painted_area(const PictureElement& element) const {
+    PixelRect area = scale().place_of(element);
+    const Image* const image = parts_.pictures.image(element.Picture, is_fine(scale()));
+    if (!image) return area;
+    const SIZE size = image->size(scale());
+    area.right = area.left + size.cx;
+    const int height = size.cy;
+    area.bottom = area.top + (element.CutToHeight ? std::min(area.height(), height) : height);
+    return area;
+}
+
+std::optional<LRESULT> Canvas::answer(const Message& message) {
+    switch (message.id) {
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:  // of a class that hears of them
+            return press(message);
+        case WM_LBUTTONUP:
+            return release(message);
+        case WM_CAPTURECHANGED:
+            if (std::exchange(captured_, false)) mouse_.cancel();
+            return 0;
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_XBUTTONDOWN:
+        case WM_PARENTNOTIFY:  // of a control that is pressed
+            mouse_.forget_press();
+            return std::nullopt;
+        default:
+            return PaintedWindow::answer(message);
+    }
+}
+
+POINT Canvas::place_in_twips(const Message& message) const {
+    constexpr double middle = 0.5;  // a pixel belongs to the element that paints it
+    return {scale().twips(GET_X_LPARAM(message.l) + middle),
+            scale().twips(GET_Y_LPARAM(message.l) + middle)};
+}
+
+LRESULT Canvas::press(const Message& message) {
+    if (is_on_control(message)) {
+        mouse_.forget_press();
+        return 0;
+    }
+    SetCapture(handle());
+    captured_ = true;
+    const POINT at = place_in_twips(message);
+    const DoubleClickLimits limits{GetDoubleClickTime(),
+                                   scale().twips(GetSystemMetrics(SM_CXDOUBLECLK) / 2.0),
+                                   scale().twips(GetSystemMetrics(SM_CYDOUBLECLK) / 2.0)};
+    parts_.deliver(mouse_.press({at.x, at.y, static_cast<DWORD>(GetMessageTime())}, limits));
+    return 0;
+}
+
+LRESULT Canvas::release(const Message& message) {
+    captured_ = false;
+    ReleaseCapture();
+    const POINT at = place_in_twips(message);
+    parts_.deliver(mouse_.release(at.x, at.y));
+    return 0;
+}
+
+void Canvas::paint(HDC dc) {
+    fill(dc, client_area(handle()), to_ground(parts_.background));
+    paint_elements(dc);
+}
+
+void Canvas::paint_elements(HDC dc) const {
+    for (std::size_t i = 0; i < container_.canvas.size(); ++i) {
+        const RECT area = to_rect(looks_.area(i));
+        if (IsRectEmpty(&area) || !RectVisible(dc, &area)) continue;
+        std::visit([&](const auto* element) { paint(dc, area, *element); }, container_.canvas[i]);
+    }
+}
+
+void Canvas::paint(HDC dc, const RECT& area, const PictureElement& element) const {
+    const Image* const image = parts_.pictures.image(element.Picture, is_fine(scale()));
+    if (!image) return paint_placeholder(dc, area, element.Picture, scale());
+    image->paint(dc, area, image->size(scale()).cy);
+}
+
+void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
+    fill(dc, area, to_ground(label.BackColor));
+    draw_text(dc, label.Caption, area, text_format(label.Alignment), to_font(label.Font, scale()),
+              to_color(label.ForeColor));
+}
+
+// A group box is what tells a screen reader that the elements inside belong together.
+FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
+    : Canvas(frame, parts), frame_(frame) {
+    create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | BS_GROUPBOX,
+           WS_EX_CONTROLPARENT, parent);
+}
+
+void FrameBox::sync() {
+    const bool enabled = IsWindowEnabled(handle()) != FALSE;
+    if (enabled != frame_.Enabled) EnableWindow(handle(), enabled ? FALSE : TRUE);
+    const bool changes = sync_text(handle(), frame_.Caption, to_font({}, scale()));
+    if (changes || enabled != frame_.Enabled) InvalidateRect(handle(), nullptr, FALSE);
+    sync_place(handle(), frame_, scale());
+    Canvas::sync();
+}
+
+std::optional<LRESULT> FrameBox::answer(const Message& message) {
+    switch (message.id) {
+        case WM_NCHITTEST:  // the class would let the mouse through
+            return HTCLIENT;
+        case WM_SETTEXT:  // the class would paint at once, in its own way
+        case WM_ENABLE:
+            return DefWindowProcW(message.window, message.id, message.w, message.l);
+        default:
+            return Canvas::answer(message);
+    }
+}
+
+void FrameBox::paint(HDC dc) {
+    const RECT area = client_area(handle());
+    const int margin = scale().scaled(frame_margin);
+    fill(dc, area, to_ground({}));
+    paint_border(dc);
+    const int before = SaveDC(dc);
+    IntersectClipRect(dc, margin, scale().scaled(frame_caption_height), area.right - margin,
+                      area.bottom - margin);
+    paint_elements(dc);
+    RestoreDC(dc, before);
+}
+
+void FrameBox::paint_border(HDC dc) const {
+    constexpr int caption_margin = 3;
+    const int height = scale().scaled(frame_caption_height);
+    HFONT font = to_font({}, scale());
+    RECT line = client_area(handle());
+    line.top += height / 2;
+    RECT caption{scale().scaled(frame_caption_indent), 0, 0, height};
+    caption.right =
+        caption.left + text_size(dc, frame_.Caption, font).cx + 2 * scale().scaled(caption_margin);
+    if (HTHEME theme = OpenThemeData(handle(), L"BUTTON")) {
+        DrawThemeBackground(theme, dc, BP_GROUPBOX, GBS_NORMAL, &line, nullptr);
+        CloseThemeData(theme);
+    } else {
+        DrawEdge(dc, &line, EDGE_ETCHED, BF_RECT);
+    }
+    fill(dc, caption, to_ground({}));
+    draw_text(dc, frame_.Caption, caption, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP, font,
+              GetSysColor(frame_.Enabled ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+}
+
+}  // namespace solvanta::win32
