@@ -138,10 +138,8 @@ FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
 }
 
 void FrameBox::sync() {
-    const bool enabled = IsWindowEnabled(handle()) != FALSE;
-    if (enabled != frame_.Enabled) EnableWindow(handle(), enabled ? FALSE : TRUE);
-    const bool changes = sync_text(handle(), frame_.Caption, to_font({}, scale()));
-    if (changes || enabled != frame_.Enabled) InvalidateRect(handle(), nullptr, FALSE);
+    EnableWindow(handle(), frame_.Enabled ? TRUE : FALSE);
+    sync_text(handle(), frame_.Caption, to_font({}, scale()));
     sync_place(handle(), frame_, scale());
     Canvas::sync();
 }
@@ -152,6 +150,7 @@ std::optional<LRESULT> FrameBox::answer(const Message& message) {
             return HTCLIENT;
         case WM_SETTEXT:  // the class would paint at once, in its own way
         case WM_ENABLE:
+            InvalidateRect(handle(), nullptr, FALSE);
             return DefWindowProcW(message.window, message.id, message.w, message.l);
         default:
             return Canvas::answer(message);

@@ -1,7 +1,7 @@
 #include "front_ends/win32/controls.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
 
 #include <commctrl.h>
 
@@ -16,15 +16,10 @@ constexpr wchar_t select_all = 0x01;
 
 /// The characters of control keys that a text box acts on besides: copy, erase, paste, cut and
 /// undo.
-constexpr wchar_t acting_characters[] = {0x03, 0x08, 0x16, 0x18, 0x1A};
+constexpr std::wstring_view acting_characters = L"\x03\x08\x16\x18\x1A";
 
 bool is_control_character(wchar_t character) {
     return character < L' ' || character == 0x7F;
-}
-
-bool acts(wchar_t character) {
-    return std::find(std::begin(acting_characters), std::end(acting_characters), character) !=
-           std::end(acting_characters);
 }
 
 LONG line_height(HWND edit) {
@@ -113,7 +108,8 @@ class NameEdit final : public Window {
 
     std::optional<LRESULT> take_character(wchar_t character) {
         if (character == select_all) SendMessageW(handle(), EM_SETSEL, 0, -1);
-        if (!is_control_character(character) || acts(character)) return std::nullopt;
+        const bool acts = acting_characters.find(character) != std::wstring_view::npos;
+        if (!is_control_character(character) || acts) return std::nullopt;
         return 0;
     }
 

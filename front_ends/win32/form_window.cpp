@@ -15,9 +15,12 @@ bool takes_focus(HWND window) {
            IsWindowEnabled(GetParent(window)) != FALSE;
 }
 
-/// Puts a window of that size in the middle of the screen, its corner in any case on it.
-void centre(HWND window, SIZE size) {
+/// Puts a window in the middle of the screen, its corner in any case on it.
+void centre(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
     const RECT free = work_area(window);
+    const SIZE size = size_of(place);
     const SIZE room = size_of(free);
     SetWindowPos(window, nullptr, free.left + std::max(0L, (room.cx - size.cx) / 2),
                  free.top + std::max(0L, (room.cy - size.cy) / 2), 0, 0,
@@ -32,24 +35,32 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
       parts_(std::move(parts)),
       close_box_(std::move(close_box)) {
     create(plain_class(), style, WS_EX_CONTROLPARENT, nullptr);
-    const UINT dpi = GetDpiForWindow(handle());
-    parts_.scale = scale_at(dpi);
     parts_.background = form.BackColor;
-    if (form.HasIcon) load_icons();
-    const SIZE size = outer_size(dpi);
-    SetWindowPos(handle(), nullptr, 0, 0, size.cx, size.cy,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (form.Place == OpeningPlace::Centered) centre(handle(), size);
+    fit_to(GetDpiForWindow(handle()), {}, SWP_NOMOVE);
+    if (form.Place == OpeningPlace::Centered) centre(handle());
     build_controls(form, handle(), parts_);
     // Whether the focus is marked follows the player's habits, as in every dialog.
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     for (const Timer* timer : form.timers) {
-        if (timer->Interval > 0) timers_.emplace_back(*timer, handle(), timers_.size() + 1);
+        if (timer->Interval <= 0) continue;
+        ticks_.push_back({*timer, Clock::now() + std::chrono::milliseconds(timer->Interval)});
+        tick(ticks_.size() - 1);
     }
 }
 
-void FormWindow::load_icons() {
-    const UINT dpi = GetDpiForWindow(handle());
+/// Gives the window a client area of the form's size on a screen of that resolution. The flags are
+/// those of SetWindowPos.
+void FormWindow::fit_to(UINT dpi, POINT corner, UINT flags) {
+    parts_.scale = scale_at(dpi);
+    if (form_.HasIcon) load_icons(dpi);
+    RECT rect{0, 0, scale().edge(form_.ClientWidth), scale().edge(form_.ClientHeight)};
+    AdjustWindowRectExForDpi(&rect, style, FALSE, WS_EX_CONTROLPARENT, dpi);
+    const SIZE size = size_of(rect);
+    SetWindowPos(handle(), nullptr, corner.x, corner.y, size.cx, size.cy,
+                 flags | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::load_icons(UINT dpi) {
     for (const int kind : {ICON_SMALL, ICON_BIG}) {
         const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON, dpi);
         HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_SOLVANTA),
@@ -57,14 +68,6 @@ void FormWindow::load_icons() {
         SendMessageW(handle(), WM_SETICON, static_cast<WPARAM>(kind),
                      reinterpret_cast<LPARAM>(icon));
     }
-}
-
-/// The size with a client area of the form's size.
-SIZE FormWindow::outer_size(UINT dpi) const {
-    const Scale scale = scale_at(dpi);
-    RECT rect{0, 0, scale.edge(form_.ClientWidth), scale.edge(form_.ClientHeight)};
-    AdjustWindowRectExForDpi(&rect, style, FALSE, WS_EX_CONTROLPARENT, dpi);
-    return size_of(rect);
 }
 
 void FormWindow::sync() {
@@ -124,8 +127,17 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
     }
 }
 
+/// Asks for the next timer message.
 LRESULT FormWindow::tick(std::size_t timer) {
-    if (timers_.at(timer).tick_is_due()) parts_.deliver(timers_.at(timer).timer().Tick);
+    using std::chrono::milliseconds;
+    Ticks& ticks = ticks_.at(timer);
+    const milliseconds interval(ticks.timer.Interval);
+    const Clock::time_point now = Clock::now();
+    const bool is_due = now >= ticks.due;
+    if (is_due) ticks.due += ((now - ticks.due) / interval + 1) * interval;
+    const auto wait = std::chrono::ceil<milliseconds>(ticks.due - now);
+    SetTimer(handle(), timer + 1, static_cast<UINT>(wait.count()), nullptr);
+    if (is_due) parts_.deliver(ticks.timer.Tick);
     return 0;
 }
 
@@ -166,11 +178,7 @@ void FormWindow::find_focus(HWND from) {
 
 /// The window has come to a screen of another resolution, and is to lie about `place`.
 LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
-    parts_.scale = scale_at(dpi);
-    const SIZE size = outer_size(dpi);
-    SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    if (form_.HasIcon) load_icons();
+    fit_to(dpi, {place.left, place.top}, 0);
     sync();
     InvalidateRect(handle(), nullptr, FALSE);
     return 0;

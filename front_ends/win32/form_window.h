@@ -1,10 +1,10 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
 #include "front_ends/win32/canvas.h"
-#include "front_ends/win32/steady_timer.h"
 
 namespace solvanta::win32 {
 
@@ -35,19 +35,28 @@ class FormWindow final : public Canvas {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
-    void load_icons();
+    using Clock = std::chrono::steady_clock;
+
+    /// Of a timer: due at whole intervals from the start, so that the lateness of messages does not
+    /// add up; those missed are skipped.
+    struct Ticks {
+        const Timer& timer;
+        Clock::time_point due;
+    };
+
+    void fit_to(UINT dpi, POINT corner, UINT flags);
+    void load_icons(UINT dpi);
     LRESULT tick(std::size_t timer);
     LRESULT answer_end(const Message& message);
     std::optional<LRESULT> answer_focus(const Message& message);
     LRESULT come_to_screen(UINT dpi, const RECT& place);
     LRESULT ground_of_button(HDC dc) const;
     void find_focus(HWND from);
-    SIZE outer_size(UINT dpi) const;
 
     Form& form_;
     WindowParts parts_;
     std::function<void(FormWindow&)> close_box_;
-    std::vector<SteadyTimer> timers_;
+    std::vector<Ticks> ticks_;
     HWND last_focus_ = nullptr;  // to get the focus back when the window becomes active again
 };
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <commctrl.h>
+
 #include "front_ends/win32/locale_texts.h"
 #include "front_ends/win32/message_box.h"
 #include "text/windows_text.h"
@@ -28,7 +30,7 @@ void Win32Host::open_box(const std::string& text, Buttons buttons) {
 }
 
 void Win32Host::close_box() {
-    win32::close_box(box_);
+    SendMessageW(box_, TDM_CLICK_BUTTON, IDCANCEL, 0);
 }
 
 void Win32Host::soon(Event act) {

@@ -29,17 +29,13 @@ std::wstring family_for(const std::string& family, const Scale& scale) {
 HFONT make_font(const std::wstring& family, int pixels, bool bold) {
     static std::map<std::tuple<std::wstring, int, bool>, GdiObject> fonts;
     GdiObject& font = fonts[{family, pixels, bold}];
+    // The pitch leads to a like font where the named one is missing; a negative height is that of
+    // the characters, without the space between lines.
+    const DWORD pitch =
+        family.starts_with(L"Courier") ? FIXED_PITCH | FF_MODERN : VARIABLE_PITCH | FF_SWISS;
     if (!font) {
-        LOGFONTW description{};
-        description.lfHeight = -pixels;  // of the characters, without the space between lines
-        description.lfWeight = bold ? FW_BOLD : FW_NORMAL;
-        description.lfCharSet = DEFAULT_CHARSET;
-        // Leads to a like font where the named one is missing.
-        const bool fixed_pitch = family.starts_with(L"Courier");
-        description.lfPitchAndFamily =
-            fixed_pitch ? BYTE{FIXED_PITCH | FF_MODERN} : BYTE{VARIABLE_PITCH | FF_SWISS};
-        family.copy(description.lfFaceName, LF_FACESIZE - 1);
-        font.reset(CreateFontIndirectW(&description));
+        font.reset(CreateFontW(-pixels, 0, 0, 0, bold ? FW_BOLD : FW_NORMAL, 0, 0, 0,
+                               DEFAULT_CHARSET, 0, 0, 0, pitch, family.c_str()));
     }
     return static_cast<HFONT>(font.get());
 }
@@ -71,21 +67,19 @@ void fill(HDC dc, const RECT& rect, COLORREF color) {
     FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-void draw_text(HDC dc, std::string_view text, RECT place, UINT format, HFONT font, COLORREF color) {
+RECT draw_text(HDC dc, std::string_view text, RECT place, UINT format, HFONT font, COLORREF color) {
     const std::wstring characters = to_utf16(text);
-    const Selection selected(dc, font);
+    HGDIOBJ before = SelectObject(dc, font);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, color);
     DrawTextW(dc, characters.c_str(), static_cast<int>(characters.size()), &place,
               format | DT_NOPREFIX);
+    SelectObject(dc, before);
+    return place;
 }
 
 SIZE text_size(HDC dc, std::string_view text, HFONT font) {
-    const std::wstring characters = to_utf16(text);
-    const Selection selected(dc, font);
-    SIZE size{};
-    GetTextExtentPoint32W(dc, characters.c_str(), static_cast<int>(characters.size()), &size);
-    return size;
+    return size_of(draw_text(dc, text, {}, DT_CALCRECT | DT_SINGLELINE, font, 0));
 }
 
 }  // namespace solvanta::win32

@@ -18,19 +18,6 @@ struct GdiDeleter {
 /// A font or bitmap that is ours to delete.
 using GdiObject = std::unique_ptr<void, GdiDeleter>;
 
-/// Selects an object into a device context for a while.
-class Selection {
-  public:
-    Selection(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
-    Selection(const Selection&) = delete;
-    Selection& operator=(const Selection&) = delete;
-    ~Selection() { SelectObject(dc_, before_); }
-
-  private:
-    HDC dc_;
-    HGDIOBJ before_;
-};
-
 COLORREF to_color(const Color& color);
 
 /// The colour of a ground; without one it is that of the system's dialogs.
@@ -47,8 +34,8 @@ HFONT standard_font(int pixels, const Scale& scale);
 void fill(HDC dc, const RECT& rect, COLORREF color);
 
 /// Draws UTF-8 text without a background of its own. `format` is that of DrawText; an ampersand
-/// means itself.
-void draw_text(HDC dc, std::string_view text, RECT place, UINT format, HFONT font, COLORREF color);
+/// means itself. Answers `place` as DrawText leaves it.
+RECT draw_text(HDC dc, std::string_view text, RECT place, UINT format, HFONT font, COLORREF color);
 
 /// The size of one line of UTF-8 text.
 SIZE text_size(HDC dc, std::string_view text, HFONT font);

@@ -91,8 +91,4 @@ Answer show_box(HWND owner, const std::string& text, Buttons buttons, HWND& box)
     return (pressed == config.nDefaultButton ? choices.front() : choices.back()).answer;
 }
 
-void close_box(HWND box) {
-    if (box) SendMessageW(box, TDM_CLICK_BUTTON, IDCANCEL, 0);
-}
-
 }  // namespace solvanta::win32

@@ -9,10 +9,7 @@
 namespace solvanta::win32 {
 
 /// Shows a modal box over `owner`, which may be none, and waits until it has been closed. Meanwhile
-/// `box` is its window, for `close_box`.
+/// `box` is its window.
 Answer show_box(HWND owner, const std::string& text, Buttons buttons, HWND& box);
-
-/// Closes the box as its close box does; nothing happens without one.
-void close_box(HWND box);
 
 }  // namespace solvanta::win32

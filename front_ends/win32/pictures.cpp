@@ -9,7 +9,6 @@
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/picture_bytes.h"
-#include "front_ends/win32/system_library.h"
 
 namespace solvanta::win32 {
 namespace {
@@ -19,12 +18,10 @@ using Microsoft::WRL::ComPtr;
 /// The system's decoders, for the life of the program; null where there are none.
 IWICImagingFactory* decoders() {
     static IWICImagingFactory* const factory = [] {
-        const HMODULE com = system_library(L"ole32.dll");
-        auto* const join_com = system_function<decltype(CoInitializeEx)>(com, "CoInitializeEx");
-        auto* const create = system_function<decltype(CoCreateInstance)>(com, "CoCreateInstance");
         IWICImagingFactory* made = nullptr;
-        if (join_com && create && SUCCEEDED(join_com(nullptr, COINIT_APARTMENTTHREADED))) {
-            create(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
+        if (SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {
+            CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                             IID_PPV_ARGS(&made));
         }
         return made;
     }();
@@ -61,48 +58,52 @@ ComPtr<IWICFormatConverter> first_picture(IWICImagingFactory& factory, std::stri
     return read ? picture : nullptr;
 }
 
+/// A clear picture; none when the system has no memory for it.
+Bitmap new_bitmap(LONG width, LONG height) {
+    BITMAPINFO description{};
+    description.bmiHeader.biSize = sizeof description.bmiHeader;
+    description.bmiHeader.biWidth = width;
+    description.bmiHeader.biHeight = -height;  // the top line first
+    description.bmiHeader.biPlanes = 1;
+    description.bmiHeader.biBitCount = 32;
+    void* pixels = nullptr;
+    GdiObject handle(CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
+    return {{width, height}, std::move(handle), static_cast<std::uint32_t*>(pixels)};
+}
+
 Bitmap decoded(std::string& bytes, const std::string& suffix) {
     const GUID* const format = format_of(suffix);
-    if (!format || !decoders()) return Bitmap();
+    if (!format || !decoders()) return {};
     const ComPtr<IWICFormatConverter> picture = first_picture(*decoders(), bytes, *format);
     UINT width = 0;
     UINT height = 0;
     if (!picture || FAILED(picture->GetSize(&width, &height)) ||
         std::max(width, height) > UINT{largest_picture_side}) {
-        return Bitmap();
+        return {};
     }
-    Bitmap bitmap({static_cast<LONG>(width), static_cast<LONG>(height)});
-    if (bitmap.empty()) return bitmap;
-    const UINT line_bytes = 4 * width;
-    const HRESULT copied = picture->CopyPixels(nullptr, line_bytes, line_bytes * height,
-                                               reinterpret_cast<BYTE*>(bitmap.line(0)));
-    return SUCCEEDED(copied) ? std::move(bitmap) : Bitmap();
+    Bitmap bitmap = new_bitmap(static_cast<LONG>(width), static_cast<LONG>(height));
+    const bool copied =
+        bitmap.handle && SUCCEEDED(picture->CopyPixels(nullptr, 4 * width, 4 * width * height,
+                                                       reinterpret_cast<BYTE*>(bitmap.pixels)));
+    return copied ? std::move(bitmap) : Bitmap();
 }
 
 Bitmap copy_of(std::string_view bytes, const PlainBitmap& plain) {
-    Bitmap bitmap({plain.width, plain.height});
-    if (!bitmap.empty()) copy_pixels(bytes, plain, [&](int y) { return bitmap.line(y); });
+    Bitmap bitmap = new_bitmap(plain.width, plain.height);
+    if (bitmap.handle) {
+        copy_pixels(bytes, plain,
+                    [&](int y) { return bitmap.pixels + y * std::ptrdiff_t{plain.width}; });
+    }
     return bitmap;
 }
 
 }  // namespace
 
-Bitmap::Bitmap(SIZE size) : size_(size) {
-    BITMAPINFO description{};
-    description.bmiHeader.biSize = sizeof description.bmiHeader;
-    description.bmiHeader.biWidth = size.cx;
-    description.bmiHeader.biHeight = -size.cy;  // the top line first
-    description.bmiHeader.biPlanes = 1;
-    description.bmiHeader.biBitCount = 32;
-    void* pixels = nullptr;
-    handle_.reset(CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
-    pixels_ = static_cast<std::uint32_t*>(pixels);
-}
-
 Image::Image(Bitmap bitmap, bool fine)
     : bitmap_(std::move(bitmap)),
       pixels_to_one_(fine ? 2 : 1),
-      opaque_(std::all_of(bitmap_.line(0), bitmap_.line(bitmap_.size().cy),
+      opaque_(std::all_of(bitmap_.pixels,
+                          bitmap_.pixels + std::ptrdiff_t{bitmap_.size.cx} * bitmap_.size.cy,
                           [](std::uint32_t pixel) { return pixel >> 24U == 0xFF; })) {}
 
 SIZE Image::size(const Scale& scale) const {
@@ -110,15 +111,15 @@ SIZE Image::size(const Scale& scale) const {
         return std::max(1L,
                         std::lround(static_cast<double>(pixels) / pixels_to_one_ * scale.pixels()));
     };
-    return {side(bitmap_.size().cx), side(bitmap_.size().cy)};
+    return {side(bitmap_.size.cx), side(bitmap_.size.cy)};
 }
 
 void Image::paint(HDC dc, const RECT& area, int height) const {
     const SIZE target = size_of(area);
-    const SIZE whole = bitmap_.size();
+    const SIZE whole = bitmap_.size;
     const int lines = MulDiv(whole.cy, target.cy, height);
     HDC memory = CreateCompatibleDC(dc);
-    HGDIOBJ before = SelectObject(memory, bitmap_.handle());
+    HGDIOBJ before = SelectObject(memory, bitmap_.handle.get());
     if (opaque_) {
         SetStretchBltMode(dc, height == whole.cy ? COLORONCOLOR : HALFTONE);
         StretchBlt(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, whole.cx, lines,
@@ -135,7 +136,7 @@ void Image::paint(HDC dc, const RECT& area, int height) const {
 std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix, bool fine) {
     const auto plain = suffix == "bmp" ? plain_bitmap(bytes, largest_picture_side) : std::nullopt;
     Bitmap bitmap = plain ? copy_of(bytes, *plain) : decoded(bytes, suffix);
-    if (bitmap.empty()) return std::nullopt;
+    if (!bitmap.handle) return std::nullopt;
     return Image(std::move(bitmap), fine);
 }
 

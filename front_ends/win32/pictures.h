@@ -10,23 +10,11 @@
 namespace solvanta::win32 {
 
 /// A picture in memory: 32 bits a pixel, blue, green, red and alpha in rising bytes, the colours
-/// multiplied by alpha.
-class Bitmap {
-  public:
-    /// A clear picture; empty when the system has no memory for it.
-    explicit Bitmap(SIZE size = {});
-
-    bool empty() const { return !handle_; }
-    SIZE size() const { return size_; }
-    HBITMAP handle() const { return static_cast<HBITMAP>(handle_.get()); }
-
-    /// The pixels of a line from the top; the next line follows.
-    std::uint32_t* line(int y) const { return pixels_ + static_cast<std::ptrdiff_t>(y) * size_.cx; }
-
-  private:
-    SIZE size_;
-    GdiObject handle_;
-    std::uint32_t* pixels_ = nullptr;  // owned by the handle
+/// multiplied by alpha, the top line first.
+struct Bitmap {
+    SIZE size{};
+    GdiObject handle;                 ///< without one there is no picture
+    std::uint32_t* pixels = nullptr;  ///< owned by the handle
 };
 
 /// A picture as it is shown.

@@ -5,7 +5,6 @@
 
 #include <richedit.h>
 
-#include "front_ends/win32/system_library.h"
 #include "text/windows_text.h"
 
 namespace solvanta::win32 {
@@ -45,7 +44,7 @@ std::string without_deep_groups(const std::string& rtf) {
 
 RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent)
     : box_(box), parts_(parts) {
-    system_library(L"msftedit.dll");
+    LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     create(MSFTEDIT_CLASS,
            WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
                ES_READONLY | ES_NOHIDESEL,
@@ -61,13 +60,20 @@ void RichTextView::sync() {
 }
 
 std::optional<LRESULT> RichTextView::answer(const Message& message) {
-    // Tab leads on; the arrows scroll.
-    if (message.id == WM_GETDLGCODE) return DLGC_WANTARROWS;
-    if (message.id != WM_SIZE && message.id != WM_SETFOCUS) return std::nullopt;
-    const LRESULT result = answer_of_class(message);
-    if (message.id == WM_SIZE) leave_margin();
-    if (message.id == WM_SETFOCUS) HideCaret(handle());  // nothing can be written here
-    return result;
+    switch (message.id) {
+        case WM_GETDLGCODE:  // Tab leads on; the arrows scroll
+            return DLGC_WANTARROWS;
+        case WM_SETFOCUS:
+            answer_of_class(message);
+            HideCaret(handle());  // nothing can be written here
+            return 0;
+        case WM_SIZE:
+            answer_of_class(message);
+            leave_margin();
+            return 0;
+        default:
+            return std::nullopt;
+    }
 }
 
 void RichTextView::leave_margin() {

@@ -28,9 +28,8 @@ struct WindowParts {
 /// it.
 void sync_place(HWND control, const Element& element, const Scale& scale);
 
-/// Gives a control its text and its font, if they are others than it has; answers whether the text
-/// was another.
-bool sync_text(HWND control, const std::string& text, HFONT font);
+/// Gives a control its text and its font, if they are others than it has.
+void sync_text(HWND control, const std::string& text, HFONT font);
 
 /// The text of a control.
 std::string text_of(HWND control);
