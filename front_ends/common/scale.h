@@ -44,7 +44,7 @@ class Scale {
 
     /// The twip in which a place lies.
     Twips twips(double place) const {
-        return static_cast<Twips>(std::floor(place / pixels_ * twips_per_pixel));
+        return static_cast<Twips>(std::floor(place * twips_per_pixel / pixels_));
     }
 
     friend bool operator==(const Scale&, const Scale&) = default;

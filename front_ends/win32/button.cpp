@@ -63,16 +63,20 @@ std::optional<LRESULT> Button::answer_mouse(const Message& message) {
             if (held_) push(is_under_mouse(message));
             return std::nullopt;
         case WM_LBUTTONUP:
-            if (!held_) return 0;
-            ReleaseCapture();
-            if (is_under_mouse(message)) click();
-            return 0;
+            return release(message);
         case WM_CAPTURECHANGED:
             if (std::exchange(held_, false)) push(false);
             return std::nullopt;
         default:
             return std::nullopt;
     }
+}
+
+LRESULT Button::release(const Message& message) const {
+    if (!held_) return 0;
+    ReleaseCapture();
+    if (is_under_mouse(message)) click();
+    return 0;
 }
 
 void Button::push(bool pushed) const {

@@ -19,6 +19,7 @@ class Button final : public Window {
     std::optional<LRESULT> answer_mouse(const Message& message);
     std::optional<LRESULT> press_by_enter(const Message& message) const;
     LRESULT paint_caption(const NMHDR& notice) const;
+    LRESULT release(const Message& message) const;
     void push(bool pushed) const;
     void click() const;
 

@@ -24,7 +24,7 @@ bool is_control_character(wchar_t character) {
 
 LONG line_height(HWND edit) {
     HDC dc = GetDC(edit);
-    HFONT font = reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0));
+    auto* const font = reinterpret_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0));
     const LONG height = text_size(dc, "X", font).cy;
     ReleaseDC(edit, dc);
     return height;
@@ -86,9 +86,8 @@ class NameEdit final : public Window {
             case handed_on + WM_COMMAND:
                 if (HIWORD(message.w) == EN_CHANGE) box_.Text = text_of(handle());
                 return 0;
-            default:
-                return std::nullopt;
         }
+        return std::nullopt;
     }
 
   private:

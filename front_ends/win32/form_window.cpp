@@ -86,10 +86,6 @@ void FormWindow::bring_forward() {
     SetForegroundWindow(handle());
 }
 
-void FormWindow::hide() {
-    ShowWindow(handle(), SW_HIDE);
-}
-
 bool FormWindow::focus(const TextBox& box) {
     const auto found = parts_.text_boxes.find(&box);
     if (found == parts_.text_boxes.end()) return false;
@@ -122,9 +118,8 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
             return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
         case WM_CTLCOLORBTN:
             return ground_of_button(reinterpret_cast<HDC>(message.w));
-        default:
-            return Canvas::answer(message);
     }
+    return Canvas::answer(message);
 }
 
 /// Asks for the next timer message.
@@ -180,7 +175,7 @@ void FormWindow::find_focus(HWND from) {
 LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
     fit_to(dpi, {place.left, place.top}, 0);
     sync();
-    InvalidateRect(handle(), nullptr, FALSE);
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     return 0;
 }
 

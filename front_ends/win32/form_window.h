@@ -23,7 +23,7 @@ class FormWindow final : public Canvas {
     /// Shows the window in front of the others, restored if it is minimised.
     void bring_forward();
 
-    void hide();
+    void hide() { ShowWindow(handle(), SW_HIDE); }
 
     /// Gives `box` the keyboard focus; answers whether it is one of this window's.
     bool focus(const TextBox& box);

@@ -38,10 +38,6 @@ void Win32Host::soon(Event act) {
     PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);  // there may be no other to wait for
 }
 
-void Win32Host::end() {
-    PostQuitMessage(0);
-}
-
 std::string Win32Host::program_directory() const {
     constexpr DWORD longest_path = 0x8000;
     std::wstring path(longest_path, L'\0');

@@ -28,7 +28,7 @@ class Win32Host final : public WindowHost<FormWindow> {
     void open_box(const std::string& text, Buttons buttons) override;
     void close_box() override;
     void soon(Event act) override;
-    void end() override;
+    void end() override { PostQuitMessage(0); }
     void sync() override;
     HWND owner_for_box() const;
     void enable_all_but(HWND owner, bool enable) const;

@@ -19,13 +19,8 @@ namespace {
 struct OpenBox {
     HWND owner;
     HWND& box;
-    SHORT enter;  // the state of the key when it opened
+    SHORT enter;  // of the key's state when it opened, of which each press turns a bit over
 };
-
-/// Besides whether the key is down this tells one press from the next.
-SHORT enter_key() {
-    return GetKeyState(VK_RETURN);
-}
 
 /// Moves a box to the lower half of its owner, so that a picture shown with it stays in view, and
 /// wholly on the screen.
@@ -62,8 +57,19 @@ HRESULT CALLBACK on_notice(HWND box, UINT notice, WPARAM /*button*/, LPARAM /*mo
         if (IsWindowVisible(open.owner) && !IsIconic(open.owner)) place_low(box, open.owner);
     }
     // An Enter held down since it opened the box is not meant for its button.
-    const bool held = open.enter < 0 && open.enter == enter_key();
+    const bool held = open.enter < 0 && open.enter == GetKeyState(VK_RETURN);
     return notice == TDN_BUTTON_CLICKED && held ? S_FALSE : S_OK;
+}
+
+TASKDIALOGCONFIG plain_box(HWND owner, const std::wstring& text) {
+    TASKDIALOGCONFIG config{};
+    config.cbSize = sizeof config;
+    config.hwndParent = owner;
+    config.dwFlags = TDF_ALLOW_DIALOG_CANCELLATION | TDF_POSITION_RELATIVE_TO_WINDOW;
+    config.pszWindowTitle = L"Solvanta";
+    config.pszContent = text.c_str();
+    config.pfCallback = on_notice;
+    return config;
 }
 
 }  // namespace
@@ -73,17 +79,11 @@ Answer show_box(HWND owner, const std::string& text, Buttons buttons, HWND& box)
     const std::wstring content = to_utf16(text);
     std::deque<std::wstring> captions;
     const std::vector<TASKDIALOG_BUTTON> shown = numbered(choices, captions);
-    OpenBox open{owner, box, enter_key()};
-    TASKDIALOGCONFIG config{};
-    config.cbSize = sizeof config;
-    config.hwndParent = owner;
-    config.dwFlags = TDF_ALLOW_DIALOG_CANCELLATION | TDF_POSITION_RELATIVE_TO_WINDOW;
-    config.pszWindowTitle = L"Solvanta";
-    config.pszContent = content.c_str();
+    OpenBox open{owner, box, GetKeyState(VK_RETURN)};
+    TASKDIALOGCONFIG config = plain_box(owner, content);
     config.cButtons = static_cast<UINT>(shown.size());
     config.pButtons = shown.data();
     config.nDefaultButton = shown.front().nButtonID;
-    config.pfCallback = on_notice;
     config.lpCallbackData = reinterpret_cast<LONG_PTR>(&open);
     int pressed = 0;
     TaskDialogIndirect(&config, &pressed, nullptr, nullptr);

@@ -58,7 +58,7 @@ ComPtr<IWICFormatConverter> first_picture(IWICImagingFactory& factory, std::stri
     return read ? picture : nullptr;
 }
 
-/// A clear picture; none when the system has no memory for it.
+/// A clear picture; none when it has no pixels, or the system no memory for it.
 Bitmap new_bitmap(LONG width, LONG height) {
     BITMAPINFO description{};
     description.bmiHeader.biSize = sizeof description.bmiHeader;
@@ -77,10 +77,8 @@ Bitmap decoded(std::string& bytes, const std::string& suffix) {
     const ComPtr<IWICFormatConverter> picture = first_picture(*decoders(), bytes, *format);
     UINT width = 0;
     UINT height = 0;
-    if (!picture || FAILED(picture->GetSize(&width, &height)) ||
-        std::max(width, height) > UINT{largest_picture_side}) {
-        return {};
-    }
+    if (picture) picture->GetSize(&width, &height);
+    if (std::max(width, height) > UINT{largest_picture_side}) return {};
     Bitmap bitmap = new_bitmap(static_cast<LONG>(width), static_cast<LONG>(height));
     const bool copied =
         bitmap.handle && SUCCEEDED(picture->CopyPixels(nullptr, 4 * width, 4 * width * height,
