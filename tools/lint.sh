@@ -7,13 +7,12 @@
 # clang-tidy looks at what these are configured to build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-shopt -s extglob
-folders=(!(build)/)
 
-find "${folders[@]}" -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
+find . -path ./build -prune -o '(' -name '*.cpp' -o -name '*.h' ')' -print |
+    xargs clang-format --dry-run --Werror
 cppcheck --quiet --error-exitcode=1 --language=c++ --std=c++20 --inline-suppr \
     --library=googletest --library=qt --enable=warning,performance,portability \
-    --suppress=useInitializationList -j 2 -I . "${folders[@]}"
+    --suppress=useInitializationList -j 2 -I . -i build .
 # Each source is looked at in one build. For another system clang-tidy must be told where the headers
 # are.
 for build in "$@"; do

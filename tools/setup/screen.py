@@ -107,14 +107,14 @@ def windows(folder, work, dpi):
     with open(os.path.join(own, "user.reg"), "a", encoding="ascii") as registry:
         registry.write(DPI.format(dpi))
     os.environ["WINEPREFIX"] = own
-    try:
-        # What Windows runs besides lives as long as any program does. Started anew by each it would
-        # take long, hold on to that one's output, and live by a clock set for it.
-        subprocess.run(["wineboot"], check=True, timeout=PREPARING, **QUIET)
-        with running("wine", "cmd", stdin=subprocess.PIPE, **QUIET):
+    # What Windows runs besides lives as long as any program does. Started anew by each it would take
+    # long, hold on to that one's output, and live by a clock set for it.
+    with running("wine", "cmd", stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as shell:
+        shell.stdout.readline()  # its greeting
+        try:
             yield
-    finally:
-        subprocess.run(["wineserver", "--kill"], timeout=PATIENCE, check=False, **QUIET)
+        finally:
+            subprocess.run(["wineserver", "--kill"], timeout=PATIENCE, check=False, **QUIET)
 
 
 def main():
