@@ -41,36 +41,24 @@ void expect_plays(const Case& c) {
 }
 
 TEST(Rules, SelectionAndMoves) {
+    const std::string run = "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1";
     const Case cases[] = {
         {"a column is selected and given up", "1 H5", "c1 c1", "1 H5"},
         {"the waste is selected and given up", "W H5", "waste waste", "W H5"},
-        {"an empty waste can't be selected", "1 H5", "waste", "1 H5"},
         {"the waste takes the selection over", "W P2; 1 H5", "c1 waste", "W P2; 1 H5; sel 0"},
         {"an empty waste leaves a selection", "1 H5", "c1 waste", "1 H5; sel 1"},
         {"a fitting waste card moves", "W P4 X4; 1 H5", "waste c1", "W P4; 1 H5 X4"},
-        {"the last waste card moves", "W X4; 1 H5", "waste c1", "1 H5 X4"},
         {"a refused waste card is given up", "W H4; 1 H5", "waste c1", "W H4; 1 H5; sel 1"},
-        {"the whole run moves", "1 P9 H8 X7; 2 K10", "c1 c2", "2 K10 P9 H8 X7"},
-        {"a run moves by any of its cards", "1 P9 H8 X7; 2 K10", "c1.3 c2", "2 K10 P9 H8 X7"},
-        {"a run moves onto any card of a run", "1 P9 H8; 2 XB K10", "c1.2 c2.2", "2 XB K10 P9 H8"},
+        {"runs move by any card", "10 P9 H8; 2 XB K10", "c10.2 c2.2", "2 XB K10 P9 H8"},
         {"a run is never split", "1 P9 H8; 2 X9", "c1 c2", "1 P9 H8; 2 X9; sel 2"},
-        {"a king goes on no card", "W PK; 2 H1", "waste c2", "W PK; 2 H1; sel 2"},
-        {"a king goes into an empty column", "W PK", "waste c7", "7 PK"},
-        {"a run headed by a king goes too", "1 P5 | HK XD", "c1 c2", "1 P5?; 2 HK XD"},
-        {"no other card goes there", "W PD; 1 H5 X4", "waste c3 c1 c3 c3", "W PD; 1 H5 X4; sel 1"},
-        {"an empty column can't be selected", "1 H5", "c2", "1 H5"},
-        {"the next card comes covered", "1 H2 X3 | P4; 2 H5", "c1 c2", "1 H2 | X3?; 2 H5 P4"},
-        {"a click turns it, the next selects", "1 H2 | X3?", "c1 c1", "1 H2 | X3; sel 1"},
-        {"a fitting waste card waits for it", "W H4; 1 H2 | P5?", "waste c1 c1", "1 H2 | P5 H4"},
-        {"an unfit one stays selected", "W H7; 1 H2 | P5?", "waste c1", "W H7; 1 H2 | P5; sel 0"},
-        {"a selected column waits for it", "1 H2 | P5?; 2 H4 X3", "c2 c1 c1", "1 H2 | P5 H4 X3"},
+        {"a king's run fills a column", "1 H2 P5 | HK XD", "c1 c2", "1 H2 | P5?; 2 HK XD"},
+        {"no other card does", "W PD; 1 H5 X4", "waste c3 c1 c3 c3", "W PD; 1 H5 X4; sel 1"},
+        {"a click turns a card, the next selects", "1 H2 | X3?", "c1 c1", "1 H2 | X3; sel 1"},
+        {"a selected card waits for it", "W H4; 1 H2 | P5?", "waste c1 c1", "1 H2 | P5 H4"},
         {"where no card is open one is turned", "3 H1 H2 |; 5 H6 |", "", "3 H1 | H2?; 5 H6?"},
-        {"a fitting run fits either twin", "1 P9; 2 K10; 3 K10", "c1 c3", "2 K10; 3 K10 P9"},
-        {"up to thirteen", "1 HK; 2 PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1", "c2 c1",
-         "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1"},
+        {"up to thirteen", "1 HK; 2" + run.substr(4), "c2 c1", run},
     };
     std::for_each(std::begin(cases), std::end(cases), expect_plays);
-    const std::string run = "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1";
     for (int row = 1; row <= 13; ++row)
         expect_plays({"any card of a run", run, "c1." + std::to_string(row), run + "; sel 1"});
 }
@@ -79,19 +67,16 @@ TEST(Rules, StockAndPasses) {
     // Five cards are in play: the four highest hearts and the king of spades.
     const std::string others_done = "F 13 13 13 13 9 12 13 13; ";
     const Case cases[] = {
-        {"three, the deepest on top", "S H10 HB HD HK; W PK", "stock", "S H10; W PK HK HD HB"},
+        {"three, once for a double click", "S H10 HB HD HK; W PK", "stock!",
+         "S H10; W PK HK HD HB"},
         {"one left of three", "S H10; W HB HD HK PK", "stock", "S; W HB HD HK PK H10"},
-        {"two in pass two", "D 2; S H10 HB HD; W HK PK", "stock", "D 2; S H10; W HK PK HD HB"},
-        {"one in the third", "D 1; S H10 HB; W HD HK PK", "stock stock",
-         "D 1; S; W HD HK PK HB H10"},
-        {"a turn draws nothing", "S; W H10 HB HD HK PK", "stock", "D 2; S PK HK HD HB H10"},
-        {"and keeps the order of the pass", "S; W H10 HB HD HK PK", "stock stock",
+        {"one in the third pass", "D 1; S H10 HB; W HD HK PK", "stock",
+         "D 1; S H10; W HD HK PK HB"},
+        {"a turn keeps the order", "S; W H10 HB HD HK PK", "stock stock",
          "D 2; S PK HK HD; W H10 HB"},
         {"an empty waste uses up a pass", "S; 1 PK HD; 2 HK; 3 HB; 4 H10", "stock stock",
          "D 1; S; 1 PK HD; 2 HK; 3 HB; 4 H10"},
-        {"a selection stands through a draw", "S H10 HB; W HD HK; 1 PK", "waste stock",
-         "S; W HD HK HB H10; 1 PK; sel 0"},
-        {"and means the new top card", "S HD H10 HB; W HK; 1 PK", "waste stock c1",
+        {"a selection means the new top card", "S HD H10 HB; W HK; 1 PK", "waste stock c1",
          "S; W HK HB H10; 1 PK HD"},
         {"after a turn it moves nothing", "S; W H10 HB HD HK; 1 PK", "waste stock c2",
          "D 2; S HK HD HB H10; 1 PK; sel 0"},
@@ -101,71 +86,48 @@ TEST(Rules, StockAndPasses) {
          "D 2; S HD HK HB H10; 1 PK"},
         {"or comes to life with a draw", "S; W H10 HD HK HB; 1 PK", "waste stock stock c1",
          "D 2; S HB HK; W H10; 1 PK HD"},
-        {"a column stays selected", "S; W H10 HB HD HK; 1 PK", "c1 stock stock",
-         "D 2; S HK HD; W H10 HB; 1 PK; sel 1"},
-        {"a second quick press is no click", "S H10 HB HD HK; W PK", "stock!",
-         "S H10; W PK HK HD HB"},
     };
     for (const Case& c : cases)
         expect_plays({c.name, others_done + c.before, c.played, others_done + c.after});
 }
 
 TEST(Rules, DoubleClicks) {
-    const std::string all_but_one = "S; F 13 13 13 13 13 13 13 12; ";
-    const std::string won = "S; F 13 13 13 13 13 13 13 13";
     const Case cases[] = {
         {"the first ace opens the lower foundation", "1 H1", "c1!", "F 1"},
         {"the second ace the higher one", "F 1; 1 H1", "c1!", "F 1 0 0 0 1"},
         {"at equal height the lower one grows", "F 3 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 3"},
         {"otherwise the one that fits", "F 4 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 4"},
-        {"a king completes thirteen", "F 0 12; 1 PK", "c1!", "F 0 13"},
-        {"the next suit's ace does not follow it", "F 13; 1 P1", "c1!", "F 13 1"},
-        {"each suit has its pair", "W K1 X1 P1", "waste! waste! waste!", "F 0 1 1 1"},
         {"a misfit only ends the selection", "W H9; 1 H5", "waste c1!", "W H9; 1 H5"},
-        {"a misfit on the waste too", "W H9; 1 H5", "c1 waste!", "W H9; 1 H5"},
-        {"an empty waste does nothing", "1 H5", "waste!", "1 H5"},
-        {"nor does an empty column", "1 H5", "c2!", "1 H5"},
-        {"the card below is exposed", "1 H3 P2 H1", "c1!", "F 1; 1 H3 P2"},
-        {"the next face-down card comes covered", "1 X9 H5 | H1", "c1!", "F 1; 1 X9 | H5?"},
+        {"an empty place does nothing", "1 H5", "waste! c2!", "1 H5"},
         {"a covered card is turned, then sent", "1 X9 | H1?", "c1!", "F 1; 1 X9?"},
-        {"a covered misfit is turned", "1 X9 | H7?", "c1!", "1 X9 | H7"},
         {"a strip takes it as one click", "1 H3 P2 H1", "c1.2!", "1 H3 P2 H1; sel 1"},
         {"without a click before it turns a covered card", "1 X9 | H1?", "c1!!", "1 X9 | H1"},
         {"or moves a selected king in", "1 P5 | HK; sel 1", "c2!!", "1 P5?; 2 HK"},
         {"a king moved in is tried at once", "F 12; W HK", "waste c3!", "F 13"},
         {"and stays when it does not fit", "W PK", "waste c3!", "3 PK"},
-        {"a run moved in leaves a strip there", "F 0 11; 1 HK PD", "c1 c2!", "F 0 11; 2 HK PD"},
-        {"the last card wins", all_but_one + "W XK", "waste!", won},
-        {"through a column as well", all_but_one + "W XK", "waste c1 c1! c1!", won},
-        {"a card leaves one too", "F 0 0 0 3; W X4; 1 H5", "waste c1!", "F 0 0 0 3; 1 H5 X4"},
     };
     std::for_each(std::begin(cases), std::end(cases), expect_plays);
 }
 
 TEST(Rules, ConsistencyCheckNoticesEveryFault) {
-    const std::string sound = "F 2 0 0 0 1; W H9; 1 X2 | PK HD; 2 X7 | H8?; sel 1";
     const std::string cards = "the cards are not every number twice";
     const std::string fronts = "a column's front is neither exposed nor covered";
     const std::string selection = "the selection is not one waste card or one open run";
     const std::string foundations = "a foundation does not ascend in its suit";
     const std::string flags = "the flags of a won game disagree with the table";
-    const auto none = [](GameState&) {};
     const std::string won = "S; F 13 13 13 13 13 13 13 13";
-    const struct {
-        std::string violated;
-        std::string position;
-        std::function<void(GameState&)> fault;
-    } cases[] = {
-        {"", sound, none},
-        {cards, "S H1", none},
-        {cards, sound, [](GameState& s) { s.Waste(1) = 0; }},
-        {fronts, "10 PK HD?", none},
-        {fronts, "10 PK |", none},
-        {"a run does not descend in alternating colours", "10 HD PK", none},
-        {selection, "10 X7 | H8?; sel 10", none},
-        {selection, "sel 10", none},
-        {selection, sound + "; sel 0", none},
-        {foundations, "F 0 0 0 0 0 0 0 1", none},
+    using Fault = std::function<void(GameState&)>;
+    const std::tuple<std::string, std::string, Fault> cases[] = {
+        {"", "F 2 0 0 0 1; W H9; 1 X2 | PK HD; 2 X7 | H8?; sel 1", [](GameState&) {}},
+        {cards, "S H1", [](GameState&) {}},
+        {cards, "W H9", [](GameState& s) { s.Waste(1) = 0; }},
+        {fronts, "10 PK HD?", [](GameState&) {}},
+        {fronts, "10 PK |", [](GameState&) {}},
+        {"a run does not descend in alternating colours", "10 HD PK", [](GameState&) {}},
+        {selection, "10 X7 | H8?; sel 10", [](GameState&) {}},
+        {selection, "sel 10", [](GameState&) {}},
+        {selection, "W H9; 1 H8; sel 0; sel 1", [](GameState&) {}},
+        {foundations, "F 0 0 0 0 0 0 0 1", [](GameState&) {}},
         // The suit's cards under another suit's number.
         {foundations, "F 1 1",
          [](GameState& s) { std::swap(s.FoundationCards(1), s.FoundationCards(2)); }},
@@ -173,10 +135,10 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         {flags, won, [](GameState& s) { s.GameWon = true; }},
         {flags, "S; F 13 13 13 13 13 13 13 12; 1 XK",
          [](GameState& s) { s.ClockRunning = false, s.GameWon = true; }},
-        {flags, sound, [](GameState& s) { s.WinPending = true; }},
+        {flags, "", [](GameState& s) { s.WinPending = true; }},
         {flags, won,
          [](GameState& s) { s.ClockRunning = false, s.GameWon = s.NameEntryOpen = true; }},
-        {"the clock is negative", sound, [](GameState& s) { s.Seconds = -1; }},
+        {"the clock is negative", "", [](GameState& s) { s.Seconds = -1; }},
     };
     for (const auto& [violated, position, fault] : cases) {
         GameState state = parse_position(position);

@@ -23,12 +23,10 @@ class NullHost : public Host {
             open_box = std::move(then);
             return;
         }
-        Answer answer = buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
         if (during_message) during_message();
-        if (!answers.empty()) {
-            answer = answers.front();
-            answers.pop_front();
-        }
+        if (answers.empty()) answers = {buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok};
+        const Answer answer = answers.front();
+        answers.pop_front();
         if (!has_quit) then(answer);
     }
 

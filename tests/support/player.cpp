@@ -1,6 +1,5 @@
 #include "tests/support/player.h"
 
-#include <algorithm>
 #include <sstream>
 #include <string_view>
 
@@ -12,41 +11,28 @@
 namespace solvanta::test {
 namespace {
 
-/// A table that has shown nothing before, as of `state`.
-const TableWindow& freshly_shown(GameState state) {
-    static TableWindow table;
-    const auto hide = [](TableauRow& row) {
-        for (PictureElement& slot : row)
-            slot.Visible = false;
-    };
-    std::for_each(table.Ih.begin(), table.Ih.end(), hide);
-    std::for_each(table.Iv.begin(), table.Iv.end(), hide);
-    table.zeiger.Visible = state.Selected(0);
-    RefreshTable(state, table, "/nowhere");
-    return table;
-}
-
 /// Whether they look the same; pictures loaded at start-up a fresh table lacks.
 bool same_look(const PictureElement& shown, const PictureElement& fresh) {
-    if (shown.Visible != fresh.Visible) return false;
-    if (!shown.Visible) return true;
-    const bool same_picture =
-        fresh.Picture.path().empty() || shown.Picture.path() == fresh.Picture.path();
-    return same_picture && static_cast<const Element&>(shown) == fresh &&
-           shown.CutToHeight == fresh.CutToHeight;
+    if (!shown.Visible && !fresh.Visible) return true;
+    const std::string& path = fresh.Picture.path();
+    return (path.empty() || path == shown.Picture.path()) &&
+           static_cast<const Element&>(shown) == fresh && shown.CutToHeight == fresh.CutToHeight;
 }
 
 /// Holds every picture of a dealt table, and the status line, against one shown afresh.
 void expect_shown(const Form_Main& table) {
-    const TableWindow& fresh = freshly_shown(table.state);
+    static TableWindow fresh;
+    GameState state = table.state;
+    fresh.zeiger.Visible = state.Selected(0);
+    RefreshTable(state, fresh, "/nowhere");
     for (std::size_t i = 0; i < fresh.canvas.size(); ++i) {
         auto* const* picture = std::get_if<PictureElement*>(&table.canvas[i]);
         if (!picture || same_look(**picture, *std::get<PictureElement*>(fresh.canvas[i]))) continue;
         ADD_FAILURE() << (*picture)->Picture.path() << " at " << (*picture)->Left << ", "
-                      << (*picture)->Top << " in " << print_position(table.state);
+                      << (*picture)->Top << " in " << print_position(state);
     }
     EXPECT_EQ(table.Status.Caption, fresh.Status.Caption);
-    EXPECT_EQ(table.state.GameWon, cards_outside_foundations(table.state) == 0);
+    EXPECT_EQ(state.GameWon, cards_outside_foundations(state) == 0);
 }
 
 }  // namespace
@@ -98,20 +84,19 @@ void Player::play(const std::string& words) {
 
 void Player::play_word(const std::string& word) {
     if (word == "tick") return table.Timer1.Tick();
-    const std::string place = word.substr(0, word.find('!'));
-    const bool twice = place != word;
-    const std::size_t dot = place.find('.');
-    const int row = dot == std::string::npos ? 1 : std::stoi(place.substr(dot + 1));
-    const PictureElement* element = place == "stock" ? &table.Source_Hide
-                                    : place == "waste"
-                                        ? &table.Source
-                                        : &table.Iv(row)(std::stoi(place.substr(1)) - 1);
-    ASSERT_TRUE(element->Visible) << word;
-    if (word.ends_with("!!")) return element->DblClick();
+    const bool twice = word.ends_with('!');
+    const std::size_t dot = word.find('.');
+    const int row = dot == std::string::npos ? 1 : std::stoi(word.substr(dot + 1));
+    const PictureElement& element = word.starts_with("stock") ? table.Source_Hide
+                                    : word.starts_with("waste")
+                                        ? table.Source
+                                        : table.Iv(row)(std::stoi(word.substr(1)) - 1);
+    ASSERT_TRUE(element.Visible) << word << " in " << position();
+    if (word.ends_with("!!")) return element.DblClick();
     // Left and right in turn: two words in quick succession are never taken for a double click.
     on_the_left_ = !on_the_left_;
-    const Twips x = element->Left + (on_the_left_ ? 300 : 900);
-    const Twips y = element->Top + 60;
+    const Twips x = element.Left + (on_the_left_ ? 300 : 900);
+    const Twips y = element.Top + 60;
     if (on_click) on_click(x, y, twice);
     twice ? double_click(x, y) : click(x, y);
 }

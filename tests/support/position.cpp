@@ -5,8 +5,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "scores/best_times.h"
-
 namespace solvanta::test {
 namespace {
 
@@ -14,46 +12,41 @@ const std::string suits = "HPKX";
 const std::vector<std::string> ranks{"1", "2", "3",  "4", "5", "6", "7",
                                      "8", "9", "10", "B", "D", "K"};
 
-class Parser {
-  public:
-    GameState parse(std::string_view text) {
-        clear_places(state_);
-        state_.DrawSize = 3;
-        state_.ClockRunning = true;
-        left_.fill(2);
+struct Parser {
+    explicit Parser(std::string_view text) {
+        state.DrawSize = 3;
+        state.ClockRunning = true;
+        left.fill(2);
         std::istringstream sections{std::string(text)};
-        for (std::string section; std::getline(sections, section, ';');) {
-            std::istringstream words(section);
-            std::string key;
-            if (words >> key) parse_section(key, words);
-        }
-        if (!stock_given_) fill_stock();
-        return state_;
+        for (std::string section; std::getline(sections, section, ';');)
+            parse_section(section);
+        if (!stock_given) fill_stock();
     }
 
-  private:
-    void parse_section(const std::string& key, std::istringstream& words) {
+    void parse_section(const std::string& section) {
+        std::istringstream words(section);
+        std::string key;
+        words >> key;
         if (key == "D") {
-            words >> state_.DrawSize;
+            words >> state.DrawSize;
         } else if (key == "S") {
-            stock_given_ = true;
-            state_.DeckCount = take_all(words, state_.Deck);
+            stock_given = true;
+            state.DeckCount = take_all(words, state.Deck);
         } else if (key == "W") {
-            state_.WasteCount = take_all(words, state_.Waste);
+            state.WasteCount = take_all(words, state.Waste);
         } else if (key == "F") {
             parse_foundations(words);
         } else if (key == "sel") {
-            int slot = 0;
-            words >> slot;
-            state_.Selected(slot) = true;
-        } else {
+            words >> key;
+            state.Selected(std::stoi(key)) = true;
+        } else if (!key.empty()) {
             parse_column(std::stoi(key), words);
         }
     }
 
     CardNumber take(const std::string& word) {
         for (CardNumber card = 1; card <= cards_per_deck; ++card) {
-            if (word == print_card(card) && --left_(card) >= 0) return card;
+            if (word == print_card(card) && --left(card) >= 0) return card;
         }
         throw std::invalid_argument("no card, or a third one: " + word);
     }
@@ -67,33 +60,32 @@ class Parser {
     }
 
     void parse_foundations(std::istringstream& words) {
-        for (int f = 1; f <= foundations; ++f) {
-            words >> state_.FoundationCount(f);
-            for (int level = 1; level <= state_.FoundationCount(f); ++level)
-                state_.FoundationCards(f)(level) = take(print_card((f - 1) % 4 * 13 + level));
+        for (int f = 1, count = 0; words >> count; ++f) {
+            state.FoundationCount(f) = count;
+            for (int level = 1; level <= count; ++level)
+                state.FoundationCards(f)(level) = take(print_card((f - 1) % 4 * 13 + level));
         }
     }
 
     void parse_column(int c, std::istringstream& words) {
         const std::string text = words.str();
-        auto& run = state_.FaceUp(c);
         if (text.find('|') != std::string::npos)
-            state_.FaceDownCount(c) = take_all(words, state_.FaceDown(c));
-        state_.FaceUpCount(c) = take_all(words, run);
-        std::reverse(run.begin(), run.begin() + state_.FaceUpCount(c));
-        state_.Covered(c) = text.back() == '?';
+            state.FaceDownCount(c) = take_all(words, state.FaceDown(c));
+        state.FaceUpCount(c) = take_all(words, state.FaceUp(c));
+        std::reverse(state.FaceUp(c).begin(), state.FaceUp(c).begin() + state.FaceUpCount(c));
+        state.Covered(c) = text.back() == '?';
     }
 
     void fill_stock() {
         for (CardNumber card = 1; card <= cards_per_deck; ++card) {
-            for (; left_(card) > 0; --left_(card))
-                state_.Deck(++state_.DeckCount) = card;
+            for (; left(card) > 0; --left(card))
+                state.Deck(++state.DeckCount) = card;
         }
     }
 
-    GameState state_;
-    Bounded<int, 1, cards_per_deck> left_;
-    bool stock_given_ = false;
+    GameState state;
+    Bounded<int, 1, cards_per_deck> left;
+    bool stock_given = false;
 };
 
 }  // namespace
@@ -105,35 +97,35 @@ std::string print_card(CardNumber card) {
 }
 
 GameState parse_position(std::string_view text) {
-    return Parser().parse(text);
+    return Parser(text).state;
 }
 
 std::string print_position(const GameState& state) {
-    std::string text = "D " + std::to_string(state.DrawSize);
+    std::ostringstream text;
     const auto print = [&text](const auto& cards, int count) {
         for (int i = 1; i <= count; ++i)
-            text += ' ' + print_card(cards(i));
+            text << ' ' << print_card(cards(i));
     };
-    text += "; S";
+    text << "D " << state.DrawSize << "; S";
     print(state.Deck, state.DeckCount);
-    text += "; W";
+    text << "; W";
     print(state.Waste, state.WasteCount);
-    text += "; F";
+    text << "; F";
     for (const int count : state.FoundationCount)
-        text += ' ' + std::to_string(count);
+        text << ' ' << count;
     for (int c = 1; c <= columns; ++c) {
         if (state.FaceUpCount(c) + state.FaceDownCount(c) == 0) continue;
-        text += "; " + std::to_string(c);
+        text << "; " << c;
         print(state.FaceDown(c), state.FaceDownCount(c));
-        if (state.FaceDownCount(c) > 0) text += " |";
+        text << (state.FaceDownCount(c) > 0 ? " |" : "");
         for (int r = state.FaceUpCount(c); r >= 1; --r)
-            text += ' ' + print_card(state.FaceUp(c)(r));
-        if (state.Covered(c)) text += '?';
+            text << ' ' << print_card(state.FaceUp(c)(r));
+        text << (state.Covered(c) ? "?" : "");
     }
     for (int slot = 0; slot <= columns; ++slot) {
-        if (state.Selected(slot)) text += "; sel " + std::to_string(slot);
+        if (state.Selected(slot)) text << "; sel " << slot;
     }
-    return text;
+    return text.str();
 }
 
 }  // namespace solvanta::test
