@@ -168,25 +168,27 @@ TEST(RichText, IsNothingElse) {
 // Without its limits the reader would not come to an end on these.
 TEST(RichText, KeepsItsLimits) {
     const int million = 1'000'000;
-    const std::pair<std::string, std::array<std::size_t, 3>> table[]{
-        {repeated("{", million) + "a", {1, 1, 0}},
-        {"{" + repeated("{}", million) + "a}", {1, 1, 0}},
-        {R"({\*)" + repeated("{a", million), {0, 0, 0}},
-        {"{" + repeated("\\'", million) + "a", {1, 1, 0}},
-        {R"({{\fonttbl)" + repeated("\\f123456 a;", 100'000) + "}a", {1, 1, 1024}},
-        {"{" + repeated("\\tx9\\par", 100'001), {0, 100'000, 0}},
-        {"{" + repeated("\\b a\\b0 a", 100'000), {200'000, 49, 0}},
-        {"{" + repeated("a", 3 * million), {1 << 20, 256, 0}},
-        {"{" + repeated("\n", (4 << 20) - 1) + "aa", {1, 1, 0}},
+    const std::tuple<std::string, std::size_t, std::size_t> table[]{
+        // and how many characters and paragraphs are left
+        {repeated("{", million) + "a", 1, 1},
+        {"{" + repeated("{}", million) + "a}", 1, 1},
+        {R"({\*)" + repeated("{a", million), 0, 0},
+        {"{" + repeated("\\'", million) + "a", 1, 1},
+        {R"({{\fonttbl)" + repeated("\\f123456 a;", 100'000) + "}a", 1, 1},
+        {"{" + repeated("\\tx9\\par", 100'001), 0, 100'000},
+        {"{" + repeated("\\b a\\b0 a", 100'000), 200'000, 49},
+        {"{" + repeated("a", 3 * million), 1 << 20, 256},
+        {"{" + repeated("\n", (4 << 20) - 1) + "aa", 1, 1},
     };
-    for (const auto& [rtf, expected] : table) {
-        const auto [fonts, paragraphs] = read_rtf(rtf).value();
-        std::size_t characters = 0;
-        for (const RichParagraph& paragraph : paragraphs)
+    for (const auto& [rtf, characters, paragraphs] : table) {
+        const RichDocument document = read_rtf(rtf).value();
+        std::size_t left = 0;
+        for (const RichParagraph& paragraph : document.paragraphs)
             for (const TextRun& run : paragraph.runs)
-                characters += run.text.size();
-        EXPECT_EQ((std::array{characters, paragraphs.size(), fonts.size()}), expected)
-            << rtf.substr(0, 20);
+                left += run.text.size();
+        EXPECT_EQ(left, characters) << rtf.substr(0, 20);
+        EXPECT_EQ(document.paragraphs.size(), paragraphs) << rtf.substr(0, 20);
+        EXPECT_LE(document.fonts.size(), 1024U);
     }
 }
 
@@ -197,10 +199,8 @@ TEST(Help, ReadsWholeInAnyWordProcessorsAlphabet) {
     for (const char c : rtf)
         ASSERT_TRUE(c == '\n' || c == '\r' || (c >= ' ' && c <= '~'));
     const std::string text = shown(rtf);
-    for (const std::string_view wanted : {"„neues Spiel“", "„Bestzeiten“", "„Hilfe“", "„Beenden“",
-                                          "„Löschen“", "„Ok“", "♥", "♠", "♦", "♣"}) {
+    for (const char* wanted : {"„neues Spiel“", "„Bestzeiten“", "„Beenden“", "♥", "♠", "♦", "♣"})
         EXPECT_NE(text.find(wanted), text.npos) << wanted;
-    }
     EXPECT_EQ(text.find("\uFFFD"), text.npos);
     EXPECT_EQ(text.find_first_of("{}\\"), text.npos);
 }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -77,11 +78,12 @@ TEST(Table, ShowsItsPositions) {
 
 using Elements = std::vector<const Element*>;
 
-template <typename Listed>
-Elements elements_of(const std::vector<Listed>& listed) {
+template <typename... Listed>
+Elements elements_of(const std::vector<Listed>&... lists) {
     Elements elements;
-    for (const Listed& item : listed)
-        std::visit([&elements](const Element* element) { elements.push_back(element); }, item);
+    const auto add = [&elements](const Element* element) { elements.push_back(element); };
+    (std::for_each(lists.begin(), lists.end(), [&](const auto& item) { std::visit(add, item); }),
+     ...);
     return elements;
 }
 
@@ -96,24 +98,20 @@ TEST(Layout, ListsEveryElementOnceInItsOrderAndWithinItsWindow) {
     ASSERT_EQ(canvas.size(), slots + 3);
     EXPECT_EQ(Elements(canvas.begin() + slots, canvas.end()),
               (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige}));
-    EXPECT_EQ(elements_of(table.controls),
-              (Elements{&table.Command1, &table.FrBestzeiteintrag, &table.Comm_highscore,
-                        &table.Command3, &table.Command_Beenden, &table.Scull, &table.Diddle}));
-    EXPECT_EQ(elements_of(table.FrBestzeiteintrag.canvas), (Elements{&table.Label1, &table.Platz}));
-    EXPECT_EQ(elements_of(table.FrBestzeiteintrag.controls), Elements{&table.InName});
+    const Frame& frame = table.FrBestzeiteintrag;
+    EXPECT_EQ(
+        elements_of(table.controls, frame.canvas, frame.controls, list.controls, help.controls),
+        (Elements{&table.Command1, &frame, &table.Comm_highscore, &table.Command3,
+                  &table.Command_Beenden, &table.Scull, &table.Diddle, &table.Label1, &table.Platz,
+                  &table.InName, &list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore,
+                  &help.RichTextBox1}));
     EXPECT_TRUE(table.Status.BackColor == table.BackColor &&
                 table.Zeitanzeige.BackColor == table.BackColor);
     EXPECT_FALSE(table.Label1.BackColor || table.Platz.BackColor);
     EXPECT_EQ(table.timers, std::vector{const_cast<Timer*>(&table.Timer1)});
     EXPECT_EQ(table.Timer1.Interval, 1000);
-    EXPECT_EQ(elements_of(list.controls),
-              (Elements{&list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore}));
-    EXPECT_EQ(elements_of(help.controls), Elements{&help.RichTextBox1});
     for (const Form* form : std::initializer_list<const Form*>{&table, &list, &help}) {
-        Elements elements = elements_of(form->canvas);
-        for (const Element* control : elements_of(form->controls))
-            elements.push_back(control);
-        for (const Element* element : elements) {
+        for (const Element* element : elements_of(form->canvas, form->controls)) {
             EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
             // The help's view reaches a pixel beyond its window.
             EXPECT_LE(element->Left + element->Width, form->ClientWidth + twips_per_pixel);

@@ -1,0 +1,240 @@
+#include <cstdlib>
+#include <deque>
+#include <sstream>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "front_ends/common/mouse.h"
+#include "front_ends/common/picture_bytes.h"
+#include "front_ends/common/window_host.h"
+#include "front_ends/web/page_layout.h"
+
+namespace solvanta::test {
+namespace {
+
+using namespace std::string_literals;
+
+/// Pictures 100 twips wide beside one another, from the left: `a` with both handlers, `b` without a
+/// double click, `c` that goes at a click and bares `d` below it; `a` is overlapped on its right by
+/// `z`, which takes no mouse. Clicks are noted in small letters, double clicks in capitals.
+struct Row : Form {
+    Row() {
+        for (const auto& [name, left] :
+             {std::pair('a', 0), {'b', 100}, {'d', 200}, {'c', 200}, {'z', 50}}) {
+            PictureElement& element = elements.emplace_back();
+            static_cast<Element&>(element) = {left, 0, 100, 100};
+            element.Click = [this, name = name, &element] {
+                log += name;
+                element.Visible = name != 'c';
+            };
+            element.DblClick = [this, name = name] { log += char(name - 'a' + 'A'); };
+            canvas.emplace_back(&element);
+        }
+        elements[4].Click = elements[1].DblClick = nullptr;
+    }
+
+    std::deque<PictureElement> elements;
+    std::string log;
+};
+
+// +x presses at x, -x releases there, ~ stands for 100 ms, f for a press elsewhere, ! for what
+// takes the mouse away.
+TEST(Mouse, MakesClicksAndDoubleClicksOfPresses) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"+10 -90 -10", "a"},
+        {"+10 -110 -10", ""},
+        {"+350 -10", ""},
+        {"+10 -10 ~~~~ +10 -10", "aA"},
+        {"+10 -10 ~~~~~ +10 -10", "aa"},
+        {"+10 -10 ~ +10 -10 ~ +10 -10 ~ +10 -10", "aAaA"},
+        {"+10 -10 ~ +18 -18", "aA"},
+        {"+10 -10 ~ +19 -19", "aa"},
+        {"+19 -19 ~ +10 -10", "aa"},
+        {"+150 -150 ~ +150 -150 ~ +150 -150", "bb"},
+        {"+95 -95 ~ +103 -103", "a"},
+        {"+250 -250 ~ +250 -250", "cD"},
+        {"+10 -10 f ~ +10 f -10", "aa"},
+        {"+10 ! -10 ~ +10 -10", "a"},
+    };
+    for (const auto& [steps, log] : cases) {
+        Row row;
+        Mouse mouse(row);
+        std::uint32_t now = 0xFFFFFF80;  // the clock begins anew during a game
+        std::istringstream words(steps);
+        for (std::string word; words >> word;) {
+            const int at = std::atoi(word.c_str() + 1);
+            Event event;
+            if (word[0] == '+') event = mouse.press({at, 99, now}, {500, 8, 8});
+            if (word[0] == '-') event = mouse.release(at, 99);
+            if (word[0] == '~') now += 100 * std::uint32_t(word.size());
+            if (word[0] == 'f') mouse.forget_press();
+            if (word[0] == '!') mouse.cancel();
+            if (event) event();
+        }
+        EXPECT_EQ(row.log, log) << steps;
+    }
+    Row row;
+    EXPECT_FALSE(Mouse(row).element_at(10, 100));
+}
+
+/// A bitmap's header for two lines of three pixels, whose own count of bytes is wrong.
+std::string bitmap(char bits, char compression, char pixel_bytes) {
+    const std::string sides =
+        "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s;
+    return sides + bits + "\0"s + compression + "\0\0\0"s + pixel_bytes + std::string(19, '\0');
+}
+
+TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
+    const std::string gif_header = "GIF89a\1\0\1\0\x80\0\0\xFF\xFF\xFF\0\0\0"s;
+    const std::pair<const char*, std::string> cases[] = {
+        {"bmp", bitmap(32, 0, 0) + std::string(24, 'x')},
+        {"bmp", bitmap(1, 0, 0) + std::string(8, 'x')},  // padded lines
+        {"bmp", bitmap(8, 1, 9) + std::string(9, 'x')},  // run lengths
+        {"bmp",                                          // the old header
+         "BM\0\0\0\0\0\0\0\0\x1A\0\0\0\x0C\0\0\0\x03\0\x02\0\x01\0\x18\0"s + std::string(24, 'x')},
+        {"gif",  // extensions
+         gif_header + "!\xF9\4\1\0\0\0\0!\xFE\2ab\1c\0,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0"s},
+        {"gif",  // colours of the picture's own
+         "GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\x81"s + std::string(12, 'x') + "\2\2\x44\1\0"s},
+        {"jpg",  // end mark in a thumbnail and in pixels
+         "\xFF\xD8\xFF\xE1\1\2\xFF\xD9"s + std::string(254, 'z') +
+             "\xFF\xFF\xDA\0\x03xab\xFF\0\xD9\xFF\xD0y\xFF\xD9"s},
+    };
+    for (const auto& [suffix, bytes] : cases) {
+        EXPECT_TRUE(is_whole_picture(bytes + "\0\0 and more"s, suffix)) << bytes;
+        for (std::size_t length = 0; length <= bytes.size(); ++length) {
+            EXPECT_EQ(is_whole_picture(bytes.substr(0, length), suffix), length == bytes.size())
+                << length << " bytes of " << bytes;
+        }
+    }
+    EXPECT_FALSE(is_whole_picture(gif_header + ";"s, "gif"));
+    std::string vast = bitmap(0, 0, 0);
+    vast[20] = 1;  // 65,536 pixels and more to a line
+    EXPECT_FALSE(is_whole_picture(vast, "bmp"));
+    EXPECT_TRUE(is_whole_picture("", "png"));
+}
+
+TEST(PictureBytes, NeedNoDecoderInAPlainBitmap) {
+    std::string plain = bitmap(24, 0, 0) + std::string(24, 'x');
+    plain.replace(22, 4, "\2\0\0\0"s);
+    const auto found = plain_bitmap(plain, 3);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(std::tuple(found->width, found->height, found->start, found->line_bytes),
+              std::tuple(3, 2, 54U, 12U));
+    EXPECT_FALSE(plain_bitmap(plain, 2)) << "too wide";
+    EXPECT_FALSE(plain_bitmap(plain.substr(0, plain.size() - 1), 3)) << "cut short";
+    // Another kind of file or header, no sides, the top line first, planes, 32 bits, compressed.
+    const std::pair<std::size_t, char> others[] = {{1, 'm'}, {14, 12}, {18, 0},  {22, 0},
+                                                   {25, -1}, {26, 2},  {28, 32}, {30, 1}};
+    for (const auto& [place, byte] : others) {
+        std::string bytes = plain + std::string(100, 'x');
+        bytes[place] = byte;
+        EXPECT_FALSE(plain_bitmap(bytes, 100)) << "byte " << place;
+    }
+}
+
+std::string log;  // of what the windows are asked to do
+
+/// A window that does nothing but tell of it.
+struct LoggedWindow {
+    explicit LoggedWindow(Form& form) : shown(form) {}
+    LoggedWindow(const LoggedWindow&) = delete;
+    LoggedWindow& operator=(const LoggedWindow&) = delete;
+    ~LoggedWindow() { log += "gone "; }
+    Form& form() const { return shown; }
+    void sync() {}
+    void bring_forward() { log += "front "; }
+    void hide() { log += "hidden "; }
+    bool focus(const TextBox&) { return true; }
+    void let_go() { log += "let go "; }
+
+    Form& shown;
+};
+
+struct LoggedHost final : WindowHost<LoggedWindow> {
+    LoggedWindow& create_window(Form& form) override {
+        return add(std::make_unique<LoggedWindow>(form));
+    }
+    void open_box(const std::string& text, Buttons) override { log += text; }
+    void close_box() override { log += "box closed "; }
+    void soon(Event act) override { acts.push_back(std::move(act)); }
+    void end() override { log += "end "; }
+    std::string program_directory() const override { return {}; }
+    LocalTime local_time() const override { return {}; }
+    LocaleTexts locale_texts() const override { return {}; }
+    using WindowHost::answer;
+    using WindowHost::close;
+    using WindowHost::window_of;
+
+    /// Lets come what is due soon, and tells what has been logged since.
+    std::string told() {
+        for (std::size_t i = 0; i < acts.size(); ++i)
+            acts[i]();
+        acts.clear();
+        return std::exchange(log, "");
+    }
+
+    std::vector<Event> acts;
+};
+
+TEST(WindowHost, KeepsItsWindowsAndItsBoxUntilTheEnd) {
+    log.clear();
+    LoggedHost host;
+    struct : Form {
+    } form;
+    host.show(form);
+    host.show(form);
+    host.hide(form);
+    EXPECT_EQ(host.told(), "front front hidden ");
+    form.Saving = [] { log += "saved "; };
+    form.Closed = [&] { log += "closed ", form.Closed = nullptr; };
+    host.save();
+    host.close(*host.window_of(form));
+    EXPECT_EQ(log, "saved let go closed ");
+    EXPECT_EQ(host.told(), "saved let go closed gone ");
+
+    host.ask("first? ", Buttons::YesNo, [&](Answer) {
+        log += "answered ";
+        host.ask("second? ", Buttons::Ok, [](Answer) { log += "never "; });
+    });
+    host.answer(Answer::Yes);
+    EXPECT_EQ(host.told(), "first? answered second? ");
+    host.show(form);
+    host.quit();
+    host.quit();
+    host.answer(Answer::Ok);
+    host.ask("late? ", Buttons::Ok, [](Answer) {});
+    host.deliver([] { log += "late "; });
+    host.show(form);
+    EXPECT_EQ(host.told(), "front box closed let go end gone ");
+}
+
+TEST(PageLayout, FitsTheTableIntoEveryPage) {
+    constexpr web::Size table{822, 520};
+    constexpr double cards_height = 488;
+    const std::tuple<web::Size, bool, bool, bool> cases[] = {
+        // and whether it is touched, compact, with its buttons at the side
+        {{360, 740}, true, true, false},    {{740, 360}, true, true, true},
+        {{820, 1180}, true, true, false},   {{1180, 820}, true, true, false},
+        {{1280, 800}, false, false, false}, {{3840, 2160}, true, false, false},
+        {{500, 500}, false, true, false},
+    };
+    for (const auto& [page, touched, compact, sideways] : cases) {
+        const web::Layout layout = web::layout_for(page, table, cards_height, touched, 2);
+        EXPECT_EQ(layout.compact, compact) << page.width;
+        EXPECT_EQ(layout.sideways, sideways) << page.width;
+        EXPECT_LE(layout.scale * table.width + (sideways ? 132 : 0), page.width);
+        EXPECT_LE(layout.scale * (compact ? cards_height : table.height) + 30, page.height);
+        EXPECT_GE(layout.scale, 0.43);
+        EXPECT_LE(layout.scale, 2);
+    }
+    // Nothing is scaled to nothing.
+    EXPECT_GT(web::layout_for({100, 40}, table, cards_height, false, 2).scale, 0);
+}
+
+}  // namespace
+}  // namespace solvanta::test
