@@ -10,7 +10,6 @@
 #include "scores/best_times_format.h"
 #include "scores/list_text.h"
 #include "tests/support/memory_files.h"
-#include "tests/support/real_files.h"
 #include "text/windows_1252.h"
 
 namespace solvanta::test {
@@ -178,23 +177,6 @@ TEST(BestTimesFile, NeverTouchesWhatIsTooLong) {
     EXPECT_FALSE(file.write(state));
 }
 
-TEST_F(RealFiles, AreReadAndWrittenWhole) {
-    FileCalls& calls = system_file_calls();
-    EXPECT_EQ(calls.open(list_path_), std::errc::no_such_file_or_directory);
-    BestTimesFile file(list_path_, system_files());
-    GameState state;
-    EXPECT_FALSE(file.read(state));  // there is none yet
-    GameState installed = parsed(installed_file);
-    EXPECT_FALSE(file.write(installed));
-    EXPECT_EQ(content(list_), installed_file);
-    EXPECT_FALSE(file.read(state));
-    EXPECT_EQ(format_best_times(state), installed_file);
-    for (const std::string text : {"short", "a longer text"}) {
-        EXPECT_FALSE(calls.open(list_path_) || calls.write(text) || calls.cut() || calls.close());
-        EXPECT_EQ(content(list_), text);
-    }
-}
-
 TEST(BestTimesFile, IsToldFromOtherFiles) {
     const std::string list = rewritten("100,\"J\xf6rg, der \x94\",\"3. Jan 2026 9:05\"\r\n");
     std::string with_unix_ends = list;
@@ -256,11 +238,6 @@ TEST(BestTimes, ListLinesKeepTheirColumns) {
             "Spiele 12 Gewonnen: 5 [41.67%]  Seit Spielstart 32 Gewonnen: 1 [3.13%]"};
         EXPECT_EQ(list_lines(state, "."), expected);
     }
-}
-
-TEST(BestTimes, DocumentEscapesWhatRichTextWouldRead) {
-    EXPECT_EQ(list_document({"a\\b{c}\xFC\t", "", "z"}),
-              "{\\rtf1\\ansi\\ansicpg1252 {a\\\\b\\{c\\}\\'fc\\'09}{\r\n\\par }{}{\r\n\\par }{z}}");
 }
 
 }  // namespace

@@ -2,11 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
-
-#include <gtest/gtest.h>
 
 namespace solvanta::test {
 
@@ -32,19 +29,6 @@ struct RealFolder {
         std::filesystem::temp_directory_path() /
         (u8"Süße Łódź ♥" +
          std::filesystem::path(std::to_string(std::random_device{}())).u8string());
-};
-
-/// A list in such a folder.
-class RealFiles : public testing::Test {
-  protected:
-    static std::string content(const std::filesystem::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    RealFolder folder_;
-    std::filesystem::path list_ = folder_.path / "highscore.scr";
-    std::string list_path_ = folder_.path_of("highscore.scr");
 };
 
 }  // namespace solvanta::test
