@@ -112,6 +112,7 @@ TEST(Rules, DoubleClicks) {
 TEST(Rules, ConsistencyCheckNoticesEveryFault) {
     const std::string cards = "the cards are not every number twice";
     const std::string fronts = "a column's front is neither exposed nor covered";
+    const std::string runs = "a run does not descend in alternating colours";
     const std::string selection = "the selection is not one waste card or one open run";
     const std::string foundations = "a foundation does not ascend in its suit";
     const std::string flags = "the flags of a won game disagree with the table";
@@ -121,10 +122,11 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         {"", "F 2 0 0 0 1; W H9; 1 X2 | PK HD; 2 X7 | H8?; sel 1", [](GameState&) {}},
         {cards, "S H1", [](GameState&) {}},
         {cards, "W H9", [](GameState& s) { s.Waste(1) = 0; }},
-        {fronts, "10 PK HD?", [](GameState&) {}},
+        {fronts, "1 PK HD?", [](GameState&) {}},
         {fronts, "10 PK |", [](GameState&) {}},
-        {"a run does not descend in alternating colours", "10 HD PK", [](GameState&) {}},
-        {selection, "10 X7 | H8?; sel 10", [](GameState&) {}},
+        {runs, "1 HD PK", [](GameState&) {}},
+        {runs, "10 HD PK", [](GameState&) {}},
+        {selection, "1 X7 | H8?; sel 1", [](GameState&) {}},
         {selection, "sel 10", [](GameState&) {}},
         {selection, "W H9; 1 H8; sel 0; sel 1", [](GameState&) {}},
         {foundations, "F 0 0 0 0 0 0 0 1", [](GameState&) {}},

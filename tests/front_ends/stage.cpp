@@ -1,7 +1,5 @@
 #include "tests/front_ends/stage.h"
 
-#include <algorithm>
-
 namespace solvanta::test {
 namespace {
 
@@ -14,15 +12,15 @@ constexpr double pixels(Twips twips) {
 Rectangle place_of(const Form& form, const Element& element) {
     Rectangle place{
         {pixels(element.Left), pixels(element.Top)}, pixels(element.Width), pixels(element.Height)};
-    const auto is_it = [&](const Control& held) {
-        return std::visit([&](const Element* inside) { return inside == &element; }, held);
-    };
     for (const Control& control : form.controls) {
         const auto* const* frame = std::get_if<Frame*>(&control);
-        if (!frame || std::none_of((*frame)->controls.begin(), (*frame)->controls.end(), is_it))
-            continue;
-        place.corner.x += pixels((*frame)->Left);
-        place.corner.y += pixels((*frame)->Top);
+        if (!frame) continue;
+        for (const Control& held : (*frame)->controls) {
+            if (std::visit([](const Element* inside) { return inside; }, held) != &element)
+                continue;
+            place.corner.x += pixels((*frame)->Left);
+            place.corner.y += pixels((*frame)->Top);
+        }
     }
     return place;
 }
@@ -100,10 +98,13 @@ void FrontEnd::when_box_opens(std::function<void()> act, int after_ms) {
     });
 }
 
-void FrontEnd::expect_color(const Form& form, double x, double y, Color color) {
-    const Color seen = driver().pixel(form, {x, y});
-    EXPECT_EQ(seen, color) << "at " << x << ", " << y << ": " << int{seen.red} << ' '
-                           << int{seen.green} << ' ' << int{seen.blue};
+void FrontEnd::expect_colors(const Form& form,
+                             const std::vector<std::tuple<double, double, Color>>& colors) {
+    for (const auto& [x, y, color] : colors) {
+        const Color seen = driver().pixel(form, {x, y});
+        EXPECT_EQ(seen, color) << "at " << x << ", " << y << ": " << int{seen.red} << ' '
+                               << int{seen.green} << ' ' << int{seen.blue};
+    }
 }
 
 }  // namespace solvanta::test

@@ -64,7 +64,9 @@ class FrontEnd : public testing::Test {
     /// Has `act` called once a message box is open, at least `after_ms` later.
     void when_box_opens(std::function<void()> act, int after_ms = 30);
 
-    void expect_color(const Form& form, double x, double y, Color color);
+    /// Holds the pixels at some places, x and y, against their colours.
+    void expect_colors(const Form& form,
+                       const std::vector<std::tuple<double, double, Color>>& colors);
 
   private:
     std::unique_ptr<Driver> driver_ = make_driver();
