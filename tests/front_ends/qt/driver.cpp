@@ -36,12 +36,12 @@ QWidget& window_of(const Form& form) {
 /// The toolkit's control that shows `element`, found by its place.
 QWidget& control_of(const Form& form, const Element& element) {
     QWidget& window = window_of(form);
-    const Rectangle place = place_of(form, element);
-    const QPoint corner(qRound(place.corner.x), qRound(place.corner.y));
+    const Point corner = place_of(form, element).corner;
     for (auto* widget : window.findChildren<QWidget*>()) {
         const bool may_be = widget->inherits("QLineEdit") || widget->inherits("QTextEdit") ||
                             widget->inherits("QAbstractButton");
-        if (may_be && widget->mapTo(&window, QPoint()) == corner) return *widget;
+        const QPoint place = widget->mapTo(&window, QPoint());
+        if (may_be && place == QPoint(qRound(corner.x), qRound(corner.y))) return *widget;
     }
     throw std::runtime_error("no such control");
 }
@@ -73,10 +73,7 @@ class QtDriver final : public Driver {
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        auto* const timer = new QTimer(&context_);
-        timer->setSingleShot(true);
-        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
-        timer->start(milliseconds);
+        QTimer::singleShot(milliseconds, &context_, std::move(act));
     }
 
     /// As the window system does: with the time, from which Qt itself makes double clicks.
@@ -126,18 +123,14 @@ class QtDriver final : public Driver {
         QApplication::processEvents();
         const QPaintDevice* painted = window_of(form).backingStore()->paintDevice();
         const auto& image = dynamic_cast<const QImage&>(*painted);
-        const double ratio = image.devicePixelRatio();
-        const QColor color = image.pixelColor(static_cast<int>(std::floor(at.x * ratio)),
-                                              static_cast<int>(std::floor(at.y * ratio)));
-        return {static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
-                static_cast<std::uint8_t>(color.blue())};
+        const QPointF place = QPointF(at.x, at.y) * image.devicePixelRatio();
+        const QRgb color = image.pixel(int(std::floor(place.x())), int(std::floor(place.y())));
+        return {std::uint8_t(qRed(color)), std::uint8_t(qGreen(color)), std::uint8_t(qBlue(color))};
     }
 
     ControlLook control(const Form& form, const Element& element) override {
         QWidget& widget = control_of(form, element);
-        ControlLook look;
-        look.shown = widget.isVisible();
-        look.focused = widget.hasFocus();
+        ControlLook look{widget.isVisible(), widget.hasFocus(), false, 0, {}};
         if (auto* edit = qobject_cast<QLineEdit*>(&widget)) look.text = edit->text().toStdString();
         if (auto* view = qobject_cast<QTextEdit*>(&widget)) {
             look.scrollable = view->verticalScrollBar()->isVisible();
@@ -155,11 +148,10 @@ class QtDriver final : public Driver {
         const QMessageBox* box = open_box();
         if (!box) return std::nullopt;
         BoxLook look{box->windowTitle().toStdString(), box->text().toStdString(), {}};
-        const QAbstractButton* standard = box->defaultButton();
         for (const QAbstractButton* button : box->buttons()) {
-            const std::string caption = button->text().remove('&').toStdString();
-            const bool first = button == standard;
-            look.buttons.insert(first ? look.buttons.begin() : look.buttons.end(), caption);
+            const bool first = button == box->defaultButton();
+            look.buttons.insert(first ? look.buttons.begin() : look.buttons.end(),
+                                button->text().remove('&').toStdString());
         }
         return look;
     }

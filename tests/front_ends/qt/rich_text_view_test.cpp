@@ -52,8 +52,7 @@ TEST(RichTextView, LeavesOutWhatIsTooHigh) {
         shown.setTextWidth(600);
         show_rich_text({{}, std::vector(100'000, part)}, shown);
         const double height = shown.documentLayout()->documentSize().height();
-        EXPECT_GT(height, 1'000'000);
-        EXPECT_LT(height, 5'000'000);
+        EXPECT_TRUE(height > 1'000'000 && height < 5'000'000) << height;
     }
 }
 
