@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "scores/best_times_format.h"
+#include "tests/support/golden_game.h"
 #include "tests/support/player.h"
 #include "tests/support/position.h"
 #include "view/pictures.h"
 
 namespace solvanta::test {
 namespace {
+
+using namespace std::string_literals;
 
 class Program : public testing::Test {
   protected:
@@ -213,18 +216,93 @@ TEST_F(Program, ClearsListAndCountersWhenConfirmed) {
 }
 
 TEST_F(Program, ReadsTheHelpAgainAtEachClick) {
-    for (const std::string content : {"{\\rtf1 eins}", "kein RTF", "{\\rtf1 zwei}", ""}) {
+    const std::string too_long = "{\\rtf1" + std::string(4 << 20, '.');
+    for (const std::string& content :
+         {"{\\rtf1 eins}"s, "kein RTF"s, "{\\rtf1 zwei}"s, too_long, ""s}) {
         player.files.files[program_file("/nowhere", "Help.rtf")] = content;
         if (content.empty()) player.files.files.clear();
         Form* const before = shown<Form2>("Hilfe");
         table.Command3.Click();
         auto* const help = shown<Form2>("Hilfe");
         ASSERT_TRUE(help && (!before || help == before));
-        EXPECT_EQ(help->RichTextBox1.TextRTF, content.starts_with('{') ? content : "");
+        const bool is_shown = content.starts_with('{') && content != too_long;
+        EXPECT_EQ(help->RichTextBox1.TextRTF, is_shown ? content : "");
     }
     player.host.close(*shown<Form2>("Hilfe"));
     table.Command3.Click();
     EXPECT_TRUE(shown<Form2>("Hilfe"));
+}
+
+/// Each event is followed by the checks of the player: the record's invariants, and every element
+/// held against the record.
+TEST(RandomPlay, KeepsRecordAndTableInOrder) {
+    constexpr unsigned games = 100;
+    unsigned foundation_cards = 0;
+    unsigned third_passes = 0;
+    for (unsigned game = 0; game < games; ++game) {
+        Player player(game);
+        player.deal();
+        const RandomSource random = random_from_seed(1000 + game);
+        const auto below = [&](int limit) { return static_cast<int>(random() * limit); };
+        for (int event = 0; event < 1000 && !HasFailure(); ++event) {
+            if (below(20) == 0) player.play("stock waste!");
+            const Twips x = below(player.table.ClientWidth);
+            const Twips y = below(player.table.ClientHeight);
+            below(3) == 0 ? player.double_click(x, y) : player.click(x, y);
+        }
+        ASSERT_FALSE(HasFailure()) << "game " << game << ", " << player.position();
+        foundation_cards += 104U - unsigned(cards_outside_foundations(player.table.state));
+        third_passes += player.table.state.DrawSize == 1 ? 1 : 0;
+    }
+    // The play must have reached what it is meant to exercise.
+    EXPECT_GT(foundation_cards, 4 * games);
+    EXPECT_GT(third_passes, games / 2);
+}
+
+TEST(GoldenGame, IsDealtAndWonAsEver) {
+    const GoldenGame game;
+    Player player(game.seed);
+    player.deal();
+    player.play(game.words);
+    EXPECT_EQ(player.position(), "D 2; S; W; F 13 13 13 13 13 13 13 13");
+    EXPECT_TRUE(player.table.state.NameEntryOpen);
+}
+
+TEST(Deal, StartsTheClockAndForgetsTheGameBefore) {
+    Player player;
+    const std::string& clock = player.table.Zeitanzeige.Caption;
+    player.host.answers = {Answer::No};
+    player.deal();
+    player.play("tick");
+    EXPECT_FALSE(game_dealt(player.table.state));
+    EXPECT_EQ(clock, "");
+
+    player.deal();
+    const std::string first = player.position();
+    for (int i = 0; i < 75; ++i)
+        player.play("tick");
+    EXPECT_EQ(clock, "1:15");
+    player.host.answers = {Answer::No};
+    player.host.during_message = [&] { player.play("tick"); };
+    player.deal();
+    EXPECT_EQ(player.position(), first);
+    EXPECT_EQ(clock, "1:16");
+
+    // Whatever a game leaves behind, the next is dealt like the second one of a fresh program.
+    player.set_up("D 1; F 1 2 0 0 0 1; W H9 XK; 1 X2 | P4?; 2 K2 | K9; sel 2");
+    player.table.state.ClockRunning = false;
+    player.deal();
+    Player fresh(2);
+    fresh.deal();
+    EXPECT_EQ(player.position(), fresh.position());
+    EXPECT_NE(player.position(), first);
+    EXPECT_EQ(clock, "0:00");
+    player.play("tick");
+    EXPECT_EQ(clock, "0:01");
+    EXPECT_EQ(player.table.state.GamesPlayed, 2);
+    EXPECT_EQ(player.table.state.PlayedSinceStart, 2);
+    EXPECT_EQ(player.host.messages,
+              std::vector(4, NullHost::Message("Neues Spiel?", Buttons::YesNo)));
 }
 
 }  // namespace

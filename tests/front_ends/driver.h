@@ -120,6 +120,20 @@ struct Rectangle {
 };
 
 /// Where an element of `form`, or of a frame in it, lies in the window.
-Rectangle place_of(const Form& form, const Element& element);
+inline Rectangle place_of(const Form& form, const Element& element) {
+    Twips left = element.Left;
+    Twips top = element.Top;
+    for (const Control& control : form.controls) {
+        const auto* const* frame = std::get_if<Frame*>(&control);
+        if (!frame) continue;
+        for (const Control& held : (*frame)->controls) {
+            if (std::visit([](const Element* one) { return one; }, held) != &element) continue;
+            left += (*frame)->Left;
+            top += (*frame)->Top;
+        }
+    }
+    constexpr double unit = twips_per_pixel;
+    return {{left / unit, top / unit}, element.Width / unit, element.Height / unit};
+}
 
 }  // namespace solvanta::test

@@ -4,6 +4,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -18,12 +21,27 @@ inline constexpr Color black{0, 0, 0};
 
 /// A small form: 300 x 200 pixels in red, with a button at its lower edge.
 struct TestForm : Form {
-    explicit TestForm(const std::string& caption = "Probe");
+    explicit TestForm(const std::string& caption = "Probe") {
+        Caption = caption;
+        ClientWidth = 300 * twips_per_pixel;
+        ClientHeight = 200 * twips_per_pixel;
+        BackColor = red;
+        place(button, 0, 180, 80, 17);
+        controls = {&button};
+    }
 
-    PictureElement& add_picture(int left, int top, int width, int height);
+    PictureElement& add_picture(int left, int top, int width, int height) {
+        PictureElement& element = pictures.emplace_back();
+        place(element, left, top, width, height);
+        canvas.emplace_back(&element);
+        return element;
+    }
 
     /// Puts an element somewhere; everything in pixels.
-    static void place(Element& element, int left, int top, int width, int height);
+    static void place(Element& element, int left, int top, int width, int height) {
+        constexpr Twips unit = twips_per_pixel;
+        element = {left * unit, top * unit, width * unit, height * unit};
+    }
 
     CommandButton button;
     std::deque<PictureElement> pictures;
@@ -31,7 +49,14 @@ struct TestForm : Form {
 
 /// A small form with a hidden frame that asks for a name.
 struct EntryForm : TestForm {
-    EntryForm();
+    EntryForm() {
+        place(frame, 20, 20, 260, 100);
+        frame.Caption = "Eintrag";
+        frame.Visible = frame.Enabled = false;
+        place(box, 20, 30, 200, 28);
+        frame.controls = {&box};
+        controls = {&button, &frame};
+    }
 
     Frame frame;
     TextBox box;
@@ -44,29 +69,61 @@ class FrontEnd : public testing::Test {
     Driver& driver() { return *driver_; }
 
     /// Ends this Host and takes a new one; for the next case of a table.
-    void start_anew();
+    void start_anew() {
+        driver_.reset();
+        driver_ = make_driver();
+    }
 
     /// Shows the form and waits until it is to be seen in front.
-    void show(Form& form);
+    void show(Form& form) {
+        host().show(form);
+        ASSERT_TRUE(wait_until([&] {
+            const auto look = driver().window(form.Caption);
+            return look && look->active;
+        })) << form.Caption;
+    }
 
     /// Waits up to five seconds for `condition`; answers whether it came true.
-    bool wait_until(const std::function<bool()>& condition);
+    bool wait_until(const std::function<bool()>& condition) {
+        driver().settle();
+        for (int waited = 0; waited < 5000 && !condition(); waited += 20)
+            driver().wait(20);
+        return condition();
+    }
 
     /// Clicks a control in its middle.
-    void click(const Form& form, const Element& control);
+    void click(const Form& form, const Element& control) {
+        driver().rest();
+        tap(form, place_of(form, control).centre());
+        driver().settle();
+    }
 
     /// Presses and releases the left button at once.
-    void tap(const Form& form, Point at);
+    void tap(const Form& form, Point at) {
+        driver().mouse(form, at, MouseButton::Left, true);
+        driver().mouse(form, at, MouseButton::Left, false);
+    }
 
     /// Presses and releases a key and lets that take effect.
-    void press_key(Key key, Modifier modifier = Modifier::None);
+    void press_key(Key key, Modifier modifier = Modifier::None) {
+        driver().key(key, modifier);
+        driver().settle();
+    }
 
-    /// Has `act` called once a message box is open, at least `after_ms` later.
-    void when_box_opens(std::function<void()> act, int after_ms = 30);
+    /// Has `act` called once a message box is open.
+    void when_box_opens(const std::function<void()>& act) {
+        driver().later(30, [this, act] { driver().box() ? act() : when_box_opens(act); });
+    }
 
     /// Holds the pixels at some places, x and y, against their colours.
     void expect_colors(const Form& form,
-                       const std::vector<std::tuple<double, double, Color>>& colors);
+                       const std::vector<std::tuple<double, double, Color>>& colors) {
+        for (const auto& [x, y, color] : colors) {
+            const Color seen = driver().pixel(form, {x, y});
+            EXPECT_EQ(seen, color) << "at " << x << ", " << y << ": " << int{seen.red} << ' '
+                                   << int{seen.green} << ' ' << int{seen.blue};
+        }
+    }
 
   private:
     std::unique_ptr<Driver> driver_ = make_driver();
