@@ -4,13 +4,11 @@
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "front_ends/common/mouse.h"
 #include "front_ends/common/picture_bytes.h"
-#include "front_ends/common/window_host.h"
 #include "front_ends/web/page_layout.h"
 
 namespace solvanta::test {
@@ -135,82 +133,6 @@ TEST(PictureBytes, NeedNoDecoderInAPlainBitmap) {
         bytes[place] = byte;
         EXPECT_FALSE(plain_bitmap(bytes, 100)) << "byte " << place;
     }
-}
-
-std::string log;  // of what the windows are asked to do
-
-/// A window that does nothing but tell of it.
-struct LoggedWindow {
-    explicit LoggedWindow(Form& form) : shown(form) {}
-    LoggedWindow(const LoggedWindow&) = delete;
-    LoggedWindow& operator=(const LoggedWindow&) = delete;
-    ~LoggedWindow() { log += "gone "; }
-    Form& form() const { return shown; }
-    void sync() {}
-    void bring_forward() { log += "front "; }
-    void hide() { log += "hidden "; }
-    bool focus(const TextBox&) { return true; }
-    void let_go() { log += "let go "; }
-
-    Form& shown;
-};
-
-struct LoggedHost final : WindowHost<LoggedWindow> {
-    LoggedWindow& create_window(Form& form) override {
-        return add(std::make_unique<LoggedWindow>(form));
-    }
-    void open_box(const std::string& text, Buttons) override { log += text; }
-    void close_box() override { log += "box closed "; }
-    void soon(Event act) override { acts.push_back(std::move(act)); }
-    void end() override { log += "end "; }
-    std::string program_directory() const override { return {}; }
-    LocalTime local_time() const override { return {}; }
-    LocaleTexts locale_texts() const override { return {}; }
-    using WindowHost::answer;
-    using WindowHost::close;
-    using WindowHost::window_of;
-
-    /// Lets come what is due soon, and tells what has been logged since.
-    std::string told() {
-        for (std::size_t i = 0; i < acts.size(); ++i)
-            acts[i]();
-        acts.clear();
-        return std::exchange(log, "");
-    }
-
-    std::vector<Event> acts;
-};
-
-TEST(WindowHost, KeepsItsWindowsAndItsBoxUntilTheEnd) {
-    log.clear();
-    LoggedHost host;
-    struct : Form {
-    } form;
-    host.show(form);
-    host.show(form);
-    host.hide(form);
-    EXPECT_EQ(host.told(), "front front hidden ");
-    form.Saving = [] { log += "saved "; };
-    form.Closed = [&] { log += "closed ", form.Closed = nullptr; };
-    host.save();
-    host.close(*host.window_of(form));
-    EXPECT_EQ(log, "saved let go closed ");
-    EXPECT_EQ(host.told(), "saved let go closed gone ");
-
-    host.ask("first? ", Buttons::YesNo, [&](Answer) {
-        log += "answered ";
-        host.ask("second? ", Buttons::Ok, [](Answer) { log += "never "; });
-    });
-    host.answer(Answer::Yes);
-    EXPECT_EQ(host.told(), "first? answered second? ");
-    host.show(form);
-    host.quit();
-    host.quit();
-    host.answer(Answer::Ok);
-    host.ask("late? ", Buttons::Ok, [](Answer) {});
-    host.deliver([] { log += "late "; });
-    host.show(form);
-    EXPECT_EQ(host.told(), "front box closed let go end gone ");
 }
 
 TEST(PageLayout, FitsTheTableIntoEveryPage) {

@@ -195,19 +195,15 @@ TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
 TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
     auto& pile = table.Stapel;
     auto& card = table.Iv(1);
-    PictureElement& stock = table.Source_Hide;
-    PictureElement& waste = table.Source;
     const std::tuple<PictureElement&, Direction, PictureElement*> cases[] = {
-        {pile(0), Left, nullptr},   {pile(0), Up, nullptr},    {pile(0), Right, &pile(1)},
-        {pile(7), Right, &stock},   {stock, Right, &waste},    {waste, Left, &stock},
-        {waste, Right, nullptr},    {pile(2), Down, &card(2)}, {card(2), Up, &pile(2)},
-        {card(0), Right, &card(1)}, {card(9), Left, &card(8)}, {card(9), Down, nullptr},
-        {waste, Down, &card(9)},
+        {pile(0), Left, nullptr},       {pile(0), Up, nullptr},
+        {card(0), Right, &card(1)},     {card(9), Left, &card(8)},
+        {card(9), Down, nullptr},       {table.Source, Right, nullptr},
+        {pile(2), Down, &card(2)},      {card(2), Up, &pile(2)},
+        {table.Source, Down, &card(9)}, {pile(7), Right, &table.Source_Hide},
     };
-    for (const auto& [from, direction, to] : cases) {
-        EXPECT_EQ(next_place(table, from, direction), to)
-            << from.spoken_name() << ' ' << static_cast<int>(direction);
-    }
+    for (const auto& [from, direction, to] : cases)
+        EXPECT_EQ(next_place(table, from, direction), to) << from.spoken_name() << int(direction);
 }
 
 TEST_F(DealtTable, IsWalkedOnNearWhereAPlaceWas) {

@@ -134,12 +134,15 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         TestForm other("Hilfe");
         std::string log;
         form.Saving = [&] { log += "saving "; };
+        const auto ask = [&] {
+            host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { log += "answered "; });
+        };
+        form.button.Click = ask;
         form.Closed = [&] {
             log += "closed ", host().quit();
-            host().show(other);  // too late
-        };
-        form.button.Click = [&] {
-            host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { log += "answered "; });
+            host().quit();  // all of this is too late
+            host().show(other);
+            ask();
         };
         show(form);
         show(other);
