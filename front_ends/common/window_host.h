@@ -53,7 +53,7 @@ class WindowHost : public Host {
     /// Runs an event, if there is one, and then brings the windows in line; nothing after `quit`.
     void deliver(Event event) {
         if (quitting_) return;
-        if (event) event();
+        if (event) std::exchange(event, nullptr)();
         if (!quitting_) sync();
     }
 
