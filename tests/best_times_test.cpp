@@ -115,7 +115,7 @@ struct TroubledList {
             state.GamesPlayed = played = 0;
             entries.clear();
         } else {
-            const int seconds = event == 's' ? 80 : 60 + number * 17 % 40;
+            const int seconds = event == 's' ? 80 : 60 + number * 23 % 40;
             const std::string name = std::to_string(number);
             const int place = place_for(state, seconds);
             if (place != no_place) insert_entry(state, place, seconds, name, name);

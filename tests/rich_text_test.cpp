@@ -186,8 +186,8 @@ TEST(RichText, KeepsItsLimits) {
         for (const RichParagraph& paragraph : document.paragraphs)
             for (const TextRun& run : paragraph.runs)
                 left += run.text.size();
-        EXPECT_EQ(left, characters) << rtf.substr(0, 20);
-        EXPECT_EQ(document.paragraphs.size(), paragraphs) << rtf.substr(0, 20);
+        EXPECT_EQ(std::pair(left, document.paragraphs.size()), std::pair(characters, paragraphs))
+            << rtf.substr(0, 20);
         EXPECT_LE(document.fonts.size(), 1024U);
     }
 }

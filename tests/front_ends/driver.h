@@ -46,12 +46,10 @@ struct ControlLook {
     std::string text;         ///< of a box, lines parted by '\n'
 };
 
-/// What the checks need of a window system besides its Host: a hand on mouse and keyboard, and
-/// eyes. A front end joins the checks with a driver of its own, of which every check makes a new
-/// one. Windows are named by their forms or, where the form may be gone, by their captions.
-///
-/// Input takes effect at the latest during `settle`. `settle`, `wait` and `run` are for the checks
-/// themselves, not for what they have called by `later`: that may run inside a message box.
+/// A hand on mouse and keyboard, and eyes: what the checks need of a window system besides its
+/// Host. Every check makes a new one. Windows are named by their forms or, where the form may be
+/// gone, by their captions. Input takes effect at the latest during `settle`. `settle`, `wait` and
+/// `run` are not for what the checks have called by `later`: that may run inside a message box.
 class Driver {
   public:
     Driver() = default;

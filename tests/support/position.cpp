@@ -1,6 +1,7 @@
 #include "tests/support/position.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 #include <vector>
@@ -27,21 +28,15 @@ struct Parser {
         std::istringstream words(section);
         std::string key;
         words >> key;
-        if (key == "D") {
-            words >> state.DrawSize;
-        } else if (key == "S") {
-            stock_given = true;
-            state.DeckCount = take_all(words, state.Deck);
-        } else if (key == "W") {
-            state.WasteCount = take_all(words, state.Waste);
-        } else if (key == "F") {
-            parse_foundations(words);
-        } else if (key == "sel") {
-            words >> key;
-            state.Selected(std::stoi(key)) = true;
-        } else if (!key.empty()) {
-            parse_column(std::stoi(key), words);
-        }
+        if (key == "D") words >> state.DrawSize;
+        if (key == "S") state.DeckCount = take_all(words, state.Deck);
+        if (key == "W") state.WasteCount = take_all(words, state.Waste);
+        if (key == "F") parse_foundations(words);
+        if (const int column = std::atoi(key.c_str())) parse_column(column, words);
+        stock_given |= key == "S";
+        if (key != "sel") return;
+        words >> key;
+        state.Selected(std::stoi(key)) = true;
     }
 
     CardNumber take(const std::string& word) {

@@ -47,19 +47,20 @@ std::map<std::string, Image> faces(const std::string& scale) {
 }
 
 TEST(ShippedPictures, AreAllThereInTheirFormats) {
-    std::vector<std::tuple<std::string, std::string, int, int, unsigned>> formats{
-        {"Leer", ".bmp", 72, 96, 24},         {"Back_ganz", ".bmp", 72, 96, 24},
-        {"Back_verdeckt", ".bmp", 72, 8, 24}, {"zeiger", ".bmp", 45, 24, 32},
-        {"diddle", ".jpg", 228, 242, 0},      {"skull", ".gif", 188, 140, 0}};
+    std::map<std::string, std::tuple<std::string, int, int, unsigned>> formats{
+        {"Leer", {".bmp", 72, 96, 24}},         {"Back_ganz", {".bmp", 72, 96, 24}},
+        {"Back_verdeckt", {".bmp", 72, 8, 24}}, {"zeiger", {".bmp", 45, 24, 32}},
+        {"diddle", {".jpg", 228, 242, 0}},      {"skull", {".gif", 188, 140, 0}}};
     for (const auto& face : faces(""))
-        formats.emplace_back(face.first, ".bmp", 72, 96, 24);
-    for (const auto& [stem, ending, width, height, bits] : formats) {
+        formats[face.first] = {".bmp", 72, 96, 24};
+    for (const auto& [stem, format] : formats) {
         for (const int scale : {1, 2}) {
+            const auto& [ending, width, height, bits] = format;
             const std::string name = stem + (scale == 2 ? "@2x" : "") + ending;
             const Image image = load(name);
             EXPECT_TRUE(image.width == width * scale && image.height == height * scale) << name;
-            if (bits == 0) continue;
-            EXPECT_EQ(read_bmp_header(read_file(shipped / name)).bits_per_pixel, bits) << name;
+            const Bytes bytes = read_file(shipped / name);
+            EXPECT_TRUE(bits == 0 || read_bmp_header(bytes).bits_per_pixel == bits) << name;
         }
     }
 }
@@ -100,24 +101,25 @@ TEST(ShippedPictures, StandOnTheTableAsIfTheyWereOfIt) {
 // How many pixels of the indexes clearly differ.
 int strip_difference(const Image& first, const Image& second) {
     int pixels = 0;
-    for (int y = 0; y < index_rows; ++y) {
-        for (int x = 0; x < index_columns; ++x)
-            pixels += std::abs(grey_of(first.at(x, y)) - grey_of(second.at(x, y))) > 64 ? 1 : 0;
+    for (int place = 0; place < index_rows * index_columns; ++place) {
+        const auto grey = [&](const Image& face) {
+            return grey_of(face.at(place % index_columns, place / index_columns));
+        };
+        pixels += std::abs(grey(first) - grey(second)) > 64 ? 1 : 0;
     }
     return pixels;
 }
 
 TEST(ShippedPictures, StripsTellTheirCardsInGrey) {
     const auto all = faces("");
-    for (auto one = all.begin(); one != all.end(); ++one) {
-        for (auto other = std::next(one); other != all.end(); ++other) {
-            EXPECT_GE(strip_difference(one->second, other->second), 15)
-                << one->first << " and " << other->first;
-        }
+    for (const auto& [name, face] : all) {
+        for (const auto& [other_name, other] : all)
+            EXPECT_TRUE(name == other_name || strip_difference(face, other) >= 15)
+                << name << " and " << other_name;
         for (int x = 4; x < index_columns; ++x) {
             for (const int y : {1, 2, index_rows, index_rows + 1}) {
-                EXPECT_LT(contrast_ratio(one->second.at(x, y), paper_of(one->second)), 1.2)
-                    << one->first << ": the index is cut at " << x << "," << y;
+                EXPECT_LT(contrast_ratio(face.at(x, y), paper_of(face)), 1.2)
+                    << name << ": the index is cut at " << x << "," << y;
             }
         }
     }
