@@ -140,7 +140,7 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         form.button.Click = ask;
         form.Closed = [&] {
             log += "closed ", host().quit();
-            host().quit();  // all of this is too late
+            driver().save_desktop();  // all of this is too late
             host().show(other);
             ask();
         };
