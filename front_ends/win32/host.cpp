@@ -30,7 +30,7 @@ void Win32Host::open_box(const std::string& text, Buttons buttons) {
 }
 
 void Win32Host::close_box() {
-    SendMessageW(box_, TDM_CLICK_BUTTON, IDCANCEL, 0);
+    SendMessageW(std::exchange(box_, nullptr), TDM_CLICK_BUTTON, IDCANCEL, 0);
 }
 
 void Win32Host::soon(Event act) {
@@ -74,6 +74,13 @@ void Win32Host::handle(MSG& message) {
         soon_.pop_front();
         run_safely(act);
     }
+}
+
+bool Win32Host::come_forward() {
+    if (is_quitting() || windows().empty()) return false;
+    windows().front()->bring_forward();
+    if (box_) SetForegroundWindow(box_);
+    return true;
 }
 
 HWND Win32Host::owner_for_box() const {

@@ -23,6 +23,10 @@ class Win32Host final : public WindowHost<FormWindow> {
     /// Handles one message that came from the system's queue.
     void handle(MSG& message);
 
+    /// Shows the window shown first in front, restored if it is minimised, and the box before it
+    /// that is open; answers whether there is one.
+    bool come_forward();
+
   private:
     FormWindow& create_window(Form& form) override;
     void open_box(const std::string& text, Buttons buttons) override;
