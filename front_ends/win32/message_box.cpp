@@ -56,8 +56,9 @@ HRESULT CALLBACK on_notice(HWND box, UINT notice, WPARAM /*button*/, LPARAM /*mo
         open.box = box;
         if (IsWindowVisible(open.owner) && !IsIconic(open.owner)) place_low(box, open.owner);
     }
-    // An Enter held down since it opened the box is not meant for its button.
-    const bool held = open.enter < 0 && open.enter == GetKeyState(VK_RETURN);
+    // An Enter held down since it opened the box is not meant for its button, but the program's own
+    // press of one is.
+    const bool held = open.box && open.enter < 0 && open.enter == GetKeyState(VK_RETURN);
     return notice == TDN_BUTTON_CLICKED && held ? S_FALSE : S_OK;
 }
 
