@@ -123,7 +123,8 @@ struct RichTextBox : Element {
     solvanta::Font Font;
 };
 
-/// Ticks are due every `Interval` milliseconds of a steady clock for the life of the form.
+/// Ticks are due every `Interval` milliseconds of a steady clock for the life of the form. Those
+/// missed while the machine is awake are made up for, those that it sleeps through are not.
 struct Timer {
     int Interval = 0;
     Event Tick;

@@ -10,6 +10,14 @@ namespace {
 
 constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 
+/// How long the machine has been running, without what it slept.
+Ticks::Time time_awake() {
+    constexpr ULONGLONG per_millisecond = 10'000;
+    ULONGLONG time = 0;
+    QueryUnbiasedInterruptTime(&time);
+    return Ticks::Time(time / per_millisecond);
+}
+
 bool takes_focus(HWND window) {
     return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE &&
            IsWindowEnabled(GetParent(window)) != FALSE;
@@ -43,7 +51,7 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     for (const Timer* timer : form.timers) {
         if (timer->Interval <= 0) continue;
-        ticks_.push_back({*timer, Clock::now() + std::chrono::milliseconds(timer->Interval)});
+        ticks_.emplace_back(timer, Ticks(Ticks::Time(timer->Interval), time_awake()));
         tick(ticks_.size() - 1);
     }
 }
@@ -124,15 +132,11 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
 
 /// Asks for the next timer message.
 LRESULT FormWindow::tick(std::size_t timer) {
-    using std::chrono::milliseconds;
-    Ticks& ticks = ticks_.at(timer);
-    const milliseconds interval(ticks.timer.Interval);
-    const Clock::time_point now = Clock::now();
-    const bool is_due = now >= ticks.due;
-    if (is_due) ticks.due += ((now - ticks.due) / interval + 1) * interval;
-    const auto wait = std::chrono::ceil<milliseconds>(ticks.due - now);
-    SetTimer(handle(), timer + 1, static_cast<UINT>(wait.count()), nullptr);
-    if (is_due) parts_.deliver(ticks.timer.Tick);
+    auto& [element, ticks] = ticks_.at(timer);
+    const Ticks::Time now = time_awake();
+    const bool is_due = ticks.take(now);
+    SetTimer(handle(), timer + 1, static_cast<UINT>(ticks.until_next(now).count()), nullptr);
+    if (is_due) parts_.deliver(element->Tick);
     return 0;
 }
 

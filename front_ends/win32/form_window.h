@@ -1,9 +1,10 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
+#include <utility>
 #include <vector>
 
+#include "front_ends/common/ticks.h"
 #include "front_ends/win32/canvas.h"
 
 namespace solvanta::win32 {
@@ -35,15 +36,6 @@ class FormWindow final : public Canvas {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
-    using Clock = std::chrono::steady_clock;
-
-    /// Of a timer: due at whole intervals from the start, so that the lateness of messages does not
-    /// add up; those missed are skipped.
-    struct Ticks {
-        const Timer& timer;
-        Clock::time_point due;
-    };
-
     void fit_to(UINT dpi, POINT corner, UINT flags);
     void load_icons(UINT dpi);
     LRESULT tick(std::size_t timer);
@@ -56,7 +48,7 @@ class FormWindow final : public Canvas {
     Form& form_;
     WindowParts parts_;
     std::function<void(FormWindow&)> close_box_;
-    std::vector<Ticks> ticks_;
+    std::vector<std::pair<const Timer*, Ticks>> ticks_;
     HWND last_focus_ = nullptr;  // to get the focus back when the window becomes active again
 };
 
