@@ -40,6 +40,18 @@ std::string without_deep_groups(const std::string& rtf) {
     return flat;
 }
 
+/// What a key scrolls; with Shift it selects.
+std::optional<WPARAM> scroll_of(WPARAM key) {
+    constexpr WPARAM scrolls[][2] = {{VK_UP, SB_LINEUP},    {VK_DOWN, SB_LINEDOWN},
+                                     {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN},
+                                     {VK_HOME, SB_TOP},     {VK_END, SB_BOTTOM}};
+    if (GetKeyState(VK_SHIFT) < 0) return std::nullopt;
+    for (const auto& [known, scroll] : scrolls) {
+        if (known == key) return scroll;
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent)
@@ -54,15 +66,22 @@ RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND pare
 
 void RichTextView::sync() {
     sync_place(handle(), box_, parts_.scale);
-    if (shown_ == box_.TextRTF) return;
-    shown_ = box_.TextRTF;
-    show_text();
+    const bool changed = shown_ != box_.TextRTF;
+    if (changed) {
+        shown_ = box_.TextRTF;
+        show_text();
+    }
+    // What the player has made of it by the wheel lasts until the window is opened anew.
+    const bool opens = IsWindowVisible(GetAncestor(handle(), GA_ROOT)) == FALSE;
+    if (changed || opens || zoomed_for_ != parts_.scale) zoom();
 }
 
 std::optional<LRESULT> RichTextView::answer(const Message& message) {
     switch (message.id) {
         case WM_GETDLGCODE:  // Tab leads on; the arrows scroll
             return DLGC_WANTARROWS;
+        case WM_KEYDOWN:
+            return scroll(message);
         case WM_SETFOCUS:
             answer_of_class(message);
             HideCaret(handle());  // nothing can be written here
@@ -74,6 +93,20 @@ std::optional<LRESULT> RichTextView::answer(const Message& message) {
         default:
             return std::nullopt;
     }
+}
+
+/// The class would move a caret that is not to be seen, and scroll only for its sake.
+std::optional<LRESULT> RichTextView::scroll(const Message& message) {
+    const std::optional<WPARAM> scroll = scroll_of(message.w);
+    if (!scroll) return std::nullopt;
+    return SendMessageW(handle(), WM_VSCROLL, *scroll, 0);
+}
+
+/// The class makes pixels of points by the system's resolution, whatever that of its screen is.
+void RichTextView::zoom() {
+    zoomed_for_ = parts_.scale;
+    const auto dpi = static_cast<WPARAM>(parts_.scale.scaled(USER_DEFAULT_SCREEN_DPI));
+    SendMessageW(handle(), EM_SETZOOM, dpi, GetDpiForSystem());
 }
 
 void RichTextView::leave_margin() {

@@ -15,6 +15,8 @@ class RichTextView final : public Window {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
+    std::optional<LRESULT> scroll(const Message& message);
+    void zoom();
     void leave_margin();
     void show_text();
     void use_font_of_box();
@@ -22,6 +24,7 @@ class RichTextView final : public Window {
     const RichTextBox& box_;
     WindowParts& parts_;
     std::string shown_;
+    Scale zoomed_for_;
 };
 
 }  // namespace solvanta::win32
