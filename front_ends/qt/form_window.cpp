@@ -3,12 +3,22 @@
 #include <QCloseEvent>
 #include <QScreen>
 
+#include "front_ends/common/ticks.h"
 #include "front_ends/qt/canvas.h"
 #include "front_ends/qt/controls.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/scale.h"
 
 namespace solvanta::qt {
+namespace {
+
+/// The system's steady clock stands still while the machine sleeps.
+Ticks::Time time_awake() {
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<Ticks::Time>(time);
+}
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box)
     : form_(form), parts_(std::move(parts)), close_box_(std::move(close_box)) {
@@ -24,19 +34,24 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     build_controls(form, *canvas, parts_);
     sync();
     if (form.Place == OpeningPlace::Centered) centre();
-    for (Timer* timer : form.timers)
+    for (const Timer* timer : form.timers)
         start(*timer);
 }
 
-void FormWindow::start(Timer& timer) {
+void FormWindow::start(const Timer& timer) {
     if (timer.Interval <= 0) return;
-    auto* ticks = new QTimer(this);
-    // A precise timer counts from when a tick was due, not from when it came, and skips what a
-    // sleeping machine has missed.
-    ticks->setTimerType(Qt::PreciseTimer);
-    connect(ticks, &QTimer::timeout, this, [this, &timer] { parts_.deliver(timer.Tick); });
-    ticks->start(timer.Interval);
-    timers_.push_back(ticks);
+    auto* const alarm = new QTimer(this);
+    alarm->setTimerType(Qt::PreciseTimer);
+    alarm->setSingleShot(true);
+    const auto tick = [this, alarm, &timer,
+                       ticks = Ticks(Ticks::Time(timer.Interval), time_awake())]() mutable {
+        const bool is_due = ticks.take(time_awake());
+        alarm->start(ticks.until_next(time_awake()));
+        if (is_due) parts_.deliver(timer.Tick);
+    };
+    connect(alarm, &QTimer::timeout, this, tick);
+    alarm->start(timer.Interval);
+    timers_.push_back(alarm);
 }
 
 void FormWindow::centre() {

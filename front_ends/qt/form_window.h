@@ -35,7 +35,7 @@ class FormWindow final : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    void start(Timer& timer);
+    void start(const Timer& timer);
     void centre();
 
     Form& form_;
