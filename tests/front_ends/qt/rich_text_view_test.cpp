@@ -39,7 +39,7 @@ TEST(RichTextView, GivesTheDocumentItsLook) {
                                        {44, QTextOption::CenterTab},
                                        {64, QTextOption::RightTab}}));
     EXPECT_EQ(shown.defaultTextOption().tabStopDistance(), 48);
-    EXPECT_TRUE(shown.lastBlock().charFormat().fontFixedPitch());
+    EXPECT_TRUE(shown.begin().charFormat().fontFixedPitch());
 }
 
 // Higher documents would never be laid out.
