@@ -182,8 +182,9 @@ const Page = {
   },
 
   // What the browser stores is text: a character for each byte. Answers 0, or 1 when the storage
-  // is full, 2 when it is forbidden.
+  // is full, 2 when it is forbidden or the page has lost its turn to another.
   page_store: function(name, bytes, length) {
+    if (Module.mayNotStore) return 2;
     let text = '';
     for (let i = 0; i < length; ++i) text += String.fromCharCode(HEAPU8[bytes + i]);
     try {

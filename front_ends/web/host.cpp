@@ -9,7 +9,8 @@ WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
         lay_out();
         deliver(nullptr);
     });
-    page_.listen("pagehide", [this](const PageEvent&) { save(); });
+    for (const char* going : {"pagehide", "saving"})
+        page_.listen(going, [this](const PageEvent&) { save(); });
     // A key held down since it ended or opened something is not meant for the button it meets.
     page_.listen("keydown", [](PageEvent& event) {
         event.taken_over = event.repeated && event.key == "Enter";

@@ -77,7 +77,7 @@ class Visit {
     }
   }
 
-  async win() {
+  async win(enter) {
     await this.shot('start');
     assert.equal(await stored(this.page), null, 'the start wrote the list');
     await this.deal();
@@ -89,7 +89,7 @@ class Visit {
     await name.waitFor();
     await this.page.keyboard.type('Jörg Süß');
     await this.shot('won');
-    await this.page.keyboard.press('Enter');
+    await enter(this.page);
     await name.waitFor({ state: 'hidden' });
     assert.match(await stored(this.page),
       /^\d+,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/);
@@ -105,6 +105,19 @@ class Visit {
     await this.page.context().close();
     assert.deepEqual(this.troubles, []);
   }
+}
+
+// Another page takes over, which completes the entry, and then this one takes over again.
+async function playElsewhere(page) {
+  const other = await page.context().newPage();
+  for (const [there, here] of [[other, page], [page, other]]) {
+    await there.goto(server.address);
+    await there.getByText('Solvanta läuft schon in einem anderen Fenster').waitFor();
+    await there.getByText('Hier weiterspielen').click();
+    await here.getByText('Hier weiterspielen').waitFor();
+    await there.getByText('neues Spiel').waitFor();
+  }
+  await other.close();
 }
 
 // The list goes to a file and comes back, byte for byte; a file that is none changes nothing.
@@ -174,14 +187,14 @@ async function playOffline(visit) {
 }
 
 const large = await Visit.begin('large', { width: 1280, height: 800 });
-await large.win();
+await large.win((page) => page.keyboard.press('Enter'));
 await moveList(large);
 await playByKeyboard(large);
 await playOffline(large);
 await large.end();
 
 const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true });
-await phone.win();
+await phone.win(playElsewhere);
 await phone.hit('Hilfe');
 await phone.shot('help');
 await phone.end();
