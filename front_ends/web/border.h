@@ -35,6 +35,7 @@ int page_touched();
 void page_soon(int listener);
 void page_start_ticks(int listener, int interval);
 void page_stop_ticks(int listener);
+void page_draws(int fine);
 void page_fetch(const char* url, int listener);
 void page_load_file(int listener);
 void page_save_file(const char* name, const char* bytes, std::size_t length);

@@ -139,7 +139,7 @@ const Page = {
 
   page_start_ticks: function(listener, interval) {
     if (!page.ticker) {
-      page.ticker = new Worker('ticker.js');
+      page.ticker = new Worker(locateFile('ticker.js'));
       page.ticker.onmessage = ({ data }) => {
         page.tell(data, {});
         page.ticker.postMessage({ heard: data });
@@ -152,12 +152,17 @@ const Page = {
     page.ticker.postMessage({ stop: listener });
   },
 
+  // Tells the page which pictures it is to load.
+  page_draws: function(fine) {
+    if (Module.draws) Module.draws(fine !== 0);
+  },
+
   // Reads a file of the page's own server; the listener gets no bytes when it can't be read.
   page_fetch: function(url, listener) {
-    fetch(UTF8ToString(url))
-      .then((answer) => (answer.ok ? answer.arrayBuffer() : null))
+    const plainly = (path) => fetch(path).then((answer) => (answer.ok ? answer.arrayBuffer() : null));
+    (Module.load || plainly)(UTF8ToString(url))
       .catch(() => null)
-      .then((buffer) => page.tell(listener, {}, buffer && new Uint8Array(buffer)));
+      .then((bytes) => page.tell(listener, {}, bytes && new Uint8Array(bytes)));
   },
 
   page_load_file: function(listener) {

@@ -112,7 +112,7 @@ void FormWindow::scale(double scale) {
 }
 
 void FormWindow::sync() {
-    parts_.fine = page_ratio() * parts_.scale.pixels() > 1.001;
+    parts_.fine = is_fine();
     caption_.text(form_.Caption);
     canvas_.sync();
     for (const auto& bring_in_line : parts_.syncs)

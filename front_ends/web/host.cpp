@@ -100,6 +100,7 @@ void WebHost::lay_out() {
                 ? layout.scale
                 : scale_beside(page, window->client_size(), layout.compact ? 1 : layout.scale));
     }
+    page_draws(table.is_fine() ? 1 : 0);
 }
 
 }  // namespace solvanta::web

@@ -19,9 +19,12 @@ struct Format {
 constexpr Format formats[] = {
     {"bmp", "BM", "image/bmp"}, {"gif", "GIF8", "image/gif"}, {"jpg", "\xFF\xD8", "image/jpeg"}};
 
-/// The address of the picture that `bytes` hold in the format the suffix names; empty when they
-/// don't.
+/// The address of the picture that `bytes` hold in the format the suffix names, or in the one that
+/// the build packs all pictures in; empty when they don't.
 std::string url_of(const std::string& bytes, const std::string& suffix) {
+    if (bytes.starts_with("RIFF")) {
+        return taken(page_picture_url(bytes.data(), bytes.size(), "image/webp"));
+    }
     const auto* format = std::find_if(std::begin(formats), std::end(formats),
                                       [&](const Format& one) { return one.suffix == suffix; });
     const bool shown = format != std::end(formats) && bytes.size() <= largest_picture_file &&
@@ -31,26 +34,37 @@ std::string url_of(const std::string& bytes, const std::string& suffix) {
 
 }  // namespace
 
-Image* Pictures::image(const std::string& path, bool fine) {
-    const std::string file = fine ? fine_file(path) : path;
-    const auto [entry, is_new] = images_.try_emplace(file);
-    if (is_new) {
-        fetch(file, [=, this](const PageEvent& event) { arrive(file, fine, event.bytes); });
+Image& Pictures::ask(const Picture& picture, bool fine) {
+    const std::string file = fine ? fine_file(picture.path()) : picture.path();
+    Image& image = images_[file];
+    image.file = file;
+    image.fine = fine;
+    if (image.asked_by >= picture.load_number()) return image;
+    image.asked_by = picture.load_number();
+    if (image.url.empty() && !std::exchange(image.coming, true)) {
+        fetch(file, [&image, this](const PageEvent& event) { arrive(image, event.bytes); });
     }
-    std::optional<Image>& image = entry->second;
-    if (fine && image && image->url.empty()) return this->image(path, false);
-    return image ? &*image : nullptr;
+    return image;
 }
 
-void Pictures::arrive(const std::string& file, bool fine, const std::optional<std::string>& bytes) {
-    const Image image{file, bytes ? url_of(*bytes, suffix_of(file)) : "", fine};
-    if (image.url.empty() && (bytes || !fine)) report_picture(file, !bytes);
-    images_[file] = image;
+const Image& Pictures::image(const Picture& picture, bool fine) {
+    const Image& wanted = ask(picture, fine);
+    if (!wanted.url.empty()) return wanted;
+    const auto other = images_.find(fine ? picture.path() : fine_file(picture.path()));
+    const bool is_there = other != images_.end() && !other->second.url.empty();
+    if (is_there) return other->second;
+    return wanted.coming ? wanted : ask(picture, !fine);
+}
+
+void Pictures::arrive(Image& image, const std::optional<std::string>& bytes) {
+    image.coming = false;
+    if (bytes) image.url = url_of(*bytes, suffix_of(image.file));
+    if (image.url.empty() && (bytes || !image.fine)) report_picture(image.file, !bytes);
     changed_();
 }
 
-void Pictures::give_up(Image& image) {
-    image.url.clear();
+void Pictures::give_up(const Image& image) {
+    images_.at(image.file).url.clear();
     report_picture(image.file, false);
     changed_();
 }
@@ -65,25 +79,21 @@ PictureView::PictureView(const Node& parent, const char* class_name, Pictures& p
         picture_.attribute(name, value);
     }
     picture_.listen("error", [this](const PageEvent&) {
-        if (!image_) return;
-        shown_ = {};
-        pictures_.give_up(*image_);
+        if (image_ && image_->url == url_ && !url_.empty()) pictures_.give_up(*image_);
     });
     display(nullptr);
 }
 
 void PictureView::show(const Picture& picture, bool fine) {
-    const std::pair wanted{picture.load_number(), fine};
-    if (wanted == shown_) return;
-    Image* const image = wanted.first == 0 ? nullptr : pictures_.image(picture.path(), fine);
-    if (wanted.first != 0 && !image) return;
-    shown_ = wanted;
-    display(image);
+    const bool empty = picture.load_number() == 0;
+    const Image* const image = empty ? nullptr : &pictures_.image(picture, fine);
+    if (image != image_ || (image && image->url != url_)) display(image);
 }
 
-void PictureView::display(Image* image) {
+void PictureView::display(const Image* image) {
     image_ = image;
-    const bool readable = image != nullptr && !image->url.empty();
+    url_ = image ? image->url : "";
+    const bool readable = !url_.empty();
     picture_.attribute_if("hidden", !readable);
     placeholder_.attribute_if("hidden", image == nullptr || readable);
     if (readable) {

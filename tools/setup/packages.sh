@@ -10,7 +10,7 @@ packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_archives="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
-packages_web="cmake emscripten ninja-build node-acorn nodejs"
+packages_web="cmake emscripten ninja-build node-acorn nodejs webp"
 packages_web_test="chromium fonts-liberation googletest"
 # Node.js may have come with npm in it, and then lets no other in.
 command -v npm >/dev/null || packages_web_test="$packages_web_test npm"

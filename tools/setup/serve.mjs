@@ -4,6 +4,7 @@
 //
 // COMMAND, if there is one, is run with the address.
 import { spawn } from 'node:child_process';
+import { existsSync } from 'node:fs';
 import { readFile } from 'node:fs/promises';
 import { createServer } from 'node:http';
 import path from 'node:path';
@@ -15,18 +16,23 @@ const types = {
   '.wasm': 'application/wasm', '.webmanifest': 'application/manifest+json',
 };
 
-// Answers where the page is, and how to end. `loaded` names each file served, with its size.
-export async function serve(folder) {
+// Answers where the page is, and how to end. `loaded` names each file sent, with its size on the
+// way; it is what the folder has compressed where the browser takes that.
+export async function serve(folder, { compressed = true } = {}) {
   const loaded = [];
   const server = createServer(async (request, response) => {
     try {
       const { pathname } = new URL(request.url, 'http://localhost');
       const name = path.posix.normalize(decodeURIComponent(pathname)).replace(/\/$/, '/index.html');
-      const bytes = await readFile(path.join(folder, name));
+      const file = path.join(folder, name);
+      const packed = compressed && /\bbr\b/.test(request.headers['accept-encoding']) &&
+        existsSync(`${file}.br`);
+      const bytes = await readFile(packed ? `${file}.br` : file);
       loaded.push({ name, size: bytes.length });
       response.writeHead(200, {
         'cache-control': 'no-cache',
         'content-type': types[path.extname(name)] ?? 'application/octet-stream',
+        ...(packed && { 'content-encoding': 'br' }),
       }).end(bytes);
     } catch {
       response.writeHead(404).end();

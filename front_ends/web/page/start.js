@@ -1,26 +1,139 @@
-// What the page does by itself before and beside the program: it starts it, and sees to it that one
-// page of the game plays at a time.
+// What the page does by itself before and beside the program: it loads it and its pictures, tells
+// how that goes, and sees to it that one page of the game plays at a time.
 'use strict';
 
-const show = (id, on) => { document.getElementById(id).hidden = !on; };
+// By name, with size and tag: under an address with its tag a file is of this version.
+const files = @files@;
+const address = (name) => (files[name] ? `${name}?${files[name].tag}` : name);
+const byId = (id) => document.getElementById(id);
+const show = (id, on) => { byId(id).hidden = !on; };
+
+// Loading
+
+const refused = 'Der Server gibt das Spiel zurzeit nicht heraus.';
+const broken = 'Das Spiel ist beschädigt angekommen.';
+const dropped = 'Die Verbindung ist abgebrochen.';
+const loading = { 'Solvanta.wasm': 0 };  // by file, how much is there
+
+// The first trouble ends the start with a sentence.
+function give(sentence, again = true) {
+  if (!byId('unable').hidden) return;
+  show('loading', false);
+  show('unable', true);
+  byId('reason').textContent = sentence;
+  show('try-again', again);
+}
+
+function tellProgress() {
+  const kilobytes = (sizes) => Math.round(sizes.reduce((sum, size) => sum + size, 0) / 1000);
+  const names = Object.keys(loading);
+  byId('progress').textContent = `${kilobytes(names.map((name) => loading[name]))} von ` +
+    `${kilobytes(names.map((name) => files[name].size))} KB`;
+}
+
+// The bytes of a file; fails with the sentence that tells why.
+async function bytesOf(name) {
+  const answer = await fetch(address(name)).catch(() => { throw dropped; });
+  if (!answer.ok) throw refused;
+  const parts = [];
+  const reader = answer.body.getReader();
+  const next = () => reader.read().catch(() => { throw dropped; });
+  for (let part = await next(); !part.done; part = await next()) {
+    parts.push(part.value);
+    if (name in loading) {
+      loading[name] += part.value.length;
+      tellProgress();
+    }
+  }
+  const bytes = new Uint8Array(await new Blob(parts).arrayBuffer());
+  if (files[name] && bytes.length !== files[name].size) throw broken;
+  return bytes;
+}
+
+// Pictures come packed: a line of names and sizes, and then their bytes.
+function unpack(bytes) {
+  let at = bytes.indexOf(10) + 1;
+  const sizes = JSON.parse(new TextDecoder().decode(bytes.subarray(0, at)));
+  return new Map(sizes.map(([name, size]) => [name, bytes.subarray(at, at += size)]));
+}
+
+const packs = {};
+
+function pack(name) {
+  packs[name] = packs[name] || bytesOf(name).then(unpack);
+  packs[name].catch(() => { delete packs[name]; });
+  return packs[name];
+}
+
+const packFor = (fine) => (fine ? 'pictures@2x.pack' : 'pictures.pack');
+let drawn = '';  // the pack of the pictures that the program draws
+let begun = false;
 
 var Module = {
   noInitialRun: true,
   print: (text) => console.log(text),
   printErr: (text) => console.error(text),
-};
-const loaded = new Promise((done) => { Module.onRuntimeInitialized = done; });
+  locateFile: address,
 
-// Whatever goes wrong before there is a window keeps the game from starting.
-for (const trouble of ['error', 'unhandledrejection']) {
-  addEventListener(trouble, () => {
-    if (!document.querySelector('.window')) show('unable', true);
-  }, true);
+  instantiateWasm(imports, receive) {
+    bytesOf('Solvanta.wasm').then((bytes) => WebAssembly.instantiate(bytes, imports)
+      .catch(() => { throw broken; })).then(({ instance }) => receive(instance)).catch(give);
+    return {};
+  },
+
+  // Reads a file that the program names.
+  async load(path) {
+    const name = path.replace(/^\.\//, '');
+    if (!/\.(bmp|gif|jpg)$/.test(name)) return bytesOf(name);
+    return (await pack(packFor(name.includes('@2x')))).get(name);
+  },
+
+  // The program draws such pictures from now on.
+  draws(fine) {
+    drawn = packFor(fine);
+    if (begun) return keepCopy();
+    loading[drawn] = loading[drawn] || 0;
+    return pack(drawn).then(begin, give);
+  },
+};
+const ready = new Promise((done) => { Module.onRuntimeInitialized = done; });
+
+// The table can be played, with all its pictures.
+function begin() {
+  if (begun || !(drawn in packs)) return;
+  begun = true;
+  show('loading', false);
+  show('links', true);
+  byId('windows').inert = false;
+  document.querySelector('.client button').focus({ preventScroll: true });
+  keepCopy();
 }
+
+// For playing without a network.
+async function keepCopy() {
+  if (!navigator.serviceWorker) return;
+  try {
+    await navigator.serviceWorker.register('service-worker.js');
+    (await navigator.serviceWorker.ready).active.postMessage(drawn);
+  } catch (error) {
+    console.info(`Solvanta: ohne Netz nicht spielbar (${error.message})`);
+  }
+}
+
+// A program that does not come, or is none.
+addEventListener('error', ({ target, filename = '' }) => {
+  const source = target.src || filename;
+  if (!source.startsWith(new URL('Solvanta.js', document.baseURI).href)) return;
+  if (!document.querySelector('.window')) {
+    bytesOf('Solvanta.js').then(() => give(broken), give);
+  }
+}, true);
 
 for (const button of document.querySelectorAll('.again')) {
   button.addEventListener('click', () => location.reload());
 }
+
+// Turns
 
 // The page that has the lock plays. It lets go of it when it goes, or when another asks for it, and
 // starts anew: by then another may have written the list.
@@ -47,9 +160,11 @@ function take(options) {
 
 async function mayPlay() {
   if (!channel || await take({ ifAvailable: true })) return;
+  show('loading', false);
   show('elsewhere', true);
-  await new Promise((pressed) => { document.getElementById('play-here').onclick = pressed; });
+  await new Promise((pressed) => { byId('play-here').onclick = pressed; });
   show('elsewhere', false);
+  show('loading', true);
   channel.postMessage('give');
   if (!await take({ signal: AbortSignal.timeout(3000) })) await take({ steal: true });
 }
@@ -76,22 +191,14 @@ function shareTurns() {
 
 document.addEventListener('visibilitychange', () => { if (document.hidden) savePending(); });
 
-Promise.all([loaded, mayPlay()]).then(() => {
+if (location.protocol === 'file:') {
+  give('Als Datei geöffnet spielt die Seite nicht: Ein Webserver muss sie ausliefern.', false);
+} else if (!window.WebAssembly || !window.HTMLDialogElement) {
+  give('Dieser Browser ist zu alt für das Spiel.', false);
+}
+
+Promise.all([ready, mayPlay()]).then(() => {
   callMain();
   if (channel) shareTurns();
 });
 
-if ('serviceWorker' in navigator) {
-  addEventListener('load', async () => {
-    try {
-      await navigator.serviceWorker.register('service-worker.js');
-      const { active } = await navigator.serviceWorker.ready;
-      // The pictures that this screen needs, once there is nothing better to do.
-      const keep = () => active.postMessage({ fine: devicePixelRatio > 1 });
-      if ('requestIdleCallback' in window) requestIdleCallback(keep, { timeout: 10000 });
-      else setTimeout(keep, 3000);
-    } catch (error) {
-      console.info(`Solvanta: ohne Netz nicht spielbar (${error.message})`);
-    }
-  });
-}

@@ -7,7 +7,8 @@
 // moment of the golden game, so that the cards are those the clicks are meant for.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { mkdirSync, readFileSync } from 'node:fs';
+import { createHash } from 'node:crypto';
+import { cpSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { startBrowser } from './browser.mjs';
 import { serve } from './serve.mjs';
@@ -161,16 +162,16 @@ async function playByKeyboard(visit) {
   assert.doesNotMatch(await here(), /, ausgewählt$/);
 }
 
+// Waits until the copy holds a file.
+async function kept(page, name) {
+  const isKept = (wanted) => caches.match(wanted).then(Boolean);
+  while (!await page.evaluate(isKept, name)) await page.waitForTimeout(100);
+}
+
 // Without a network it starts as well, and can be ended and started again.
 async function playOffline(visit) {
   const { page } = visit;
-  await page.evaluate(async () => {
-    const wanted = ['Herz_K.bmp', 'Solvanta.wasm', 'Help.rtf'];
-    const kept = async (name) => (await caches.match(name)) !== undefined;
-    while (!(await Promise.all(wanted.map(kept))).every(Boolean)) {
-      await new Promise((done) => { setTimeout(done, 100); });
-    }
-  });
+  await kept(page, 'version.json');
   await page.context().setOffline(true);
   await page.reload();
   await visit.deal();
@@ -186,12 +187,70 @@ async function playOffline(visit) {
   await page.getByText('neues Spiel').waitFor();
 }
 
+// Whatever keeps a file from coming is told in a sentence of its own, and can be tried again.
+async function loadBadly() {
+  const html = { contentType: 'text/html', body: '<h1>Anmeldung</h1>' };
+  const page = await (await browser.newContext({ serviceWorkers: 'block' })).newPage();
+  for (const [file, answer, sentence] of [
+    ['Solvanta.wasm', null, 'Die Verbindung ist abgebrochen.'],
+    ['Solvanta.wasm', { status: 503 }, 'Der Server gibt das Spiel zurzeit nicht heraus.'],
+    ['Solvanta.wasm', html, 'Das Spiel ist beschädigt angekommen.'],
+    ['Solvanta.js', null, 'Die Verbindung ist abgebrochen.'],
+    ['Solvanta.js', html, 'Das Spiel ist beschädigt angekommen.'],
+    ['pictures*.pack', { status: 404 }, 'Der Server gibt das Spiel zurzeit nicht heraus.'],
+  ]) {
+    await page.route(`**/${file}?*`, (route) => (answer ? route.fulfill(answer) : route.abort()));
+    await page.goto(server.address);
+    await page.getByText(sentence).waitFor();
+    await page.unroute(`**/${file}?*`);
+    await page.getByText('Nochmal versuchen').last().click();
+    await page.getByText('neues Spiel').click();
+    await page.getByText('Neues Spiel?').waitFor();
+  }
+  await page.context().close();
+}
+
+// The first visit loads each file once, and little. A newer version is taken whole or not at all:
+// its page is first another than its list says.
+async function playVersions() {
+  const copy = path.join(output, 'served');
+  cpSync(folder, copy, { recursive: true });
+  const own = await serve(copy, { compressed: false });
+  const page = await (await browser.newContext()).newPage();
+  await page.goto(own.address);
+  await kept(page, 'version.json');
+  const names = own.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
+  assert.equal(new Set(names).size, names.length, `loaded twice: ${names}`);
+  assert.ok(own.loaded.reduce((sum, { size }) => sum + size, 0) < 600000);
+
+  const list = JSON.parse(readFileSync(path.join(copy, 'version.json')));
+  const newer = readFileSync(path.join(copy, 'index.html'), 'utf8').replace('<title>', '<title>Neu: ');
+  const hash = `sha256-${createHash('sha256').update(newer).digest('base64')}`;
+  list['./'] = { hash, tag: 'neu' };
+  writeFileSync(path.join(copy, 'version.json'), JSON.stringify(list));
+  for (const [html, title] of [['<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
+    writeFileSync(path.join(copy, 'index.html'), html);
+    own.loaded.length = 0;
+    await page.reload();
+    while (own.loaded.at(-1)?.name !== '/index.html') await page.waitForTimeout(100);
+    if (html === newer) await kept(page, './?neu');
+    await page.reload();
+    await page.getByText('neues Spiel').click();
+    assert.equal(await page.title(), title);
+  }
+  await page.context().close();
+  await own.end();
+}
+
 const large = await Visit.begin('large', { width: 1280, height: 800 });
 await large.win((page) => page.keyboard.press('Enter'));
 await moveList(large);
 await playByKeyboard(large);
 await playOffline(large);
 await large.end();
+
+await loadBadly();
+await playVersions();
 
 const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true });
 await phone.win(playElsewhere);
