@@ -1,6 +1,7 @@
 #include "scores/best_times.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -39,11 +40,14 @@ void count_up(std::int32_t& counter, std::int32_t by) {
 }
 
 std::string entry_stamp(const LocalTime& moment, const LocaleTexts& texts) {
+    constexpr std::array german{"Jan", "Feb", "M\xe4r", "Apr", "Mai", "Jun",
+                                "Jul", "Aug", "Sep",    "Okt", "Nov", "Dez"};
     const auto month = static_cast<std::size_t>(moment.month - 1);
-    std::string stamp = std::to_string(moment.day) + ". " + texts.month_abbreviations.at(month);
+    std::string stamp = std::to_string(moment.day) + ". ";
+    stamp += to_list_text(texts.month_abbreviations.at(month), german.at(month));
     stamp += ' ' + std::to_string(moment.year) + ' ' + std::to_string(moment.hour);
-    stamp += texts.time_separator + (moment.minute < 10 ? "0" : "") + std::to_string(moment.minute);
-    return to_list_text(stamp);
+    stamp += to_list_text(texts.time_separator, ":") + (moment.minute < 10 ? "0" : "");
+    return stamp + std::to_string(moment.minute);
 }
 
 }  // namespace solvanta

@@ -26,7 +26,7 @@ void insert_entry(GameState& state, int place, std::int32_t seconds, std::string
 void count_up(std::int32_t& counter, std::int32_t by = 1);
 
 /// The moment of an entry as the list shows it, "d. mmm yyyy h:mm" with the locale's abbreviated
-/// month and time separator, in Windows-1252.
+/// month and time separator, in Windows-1252; with the German ones where that lacks a character.
 std::string entry_stamp(const LocalTime& moment, const LocaleTexts& texts);
 
 }  // namespace solvanta

@@ -116,13 +116,16 @@ void parse_best_times(std::string_view bytes, GameState& state) {
 }
 
 bool is_best_times_file(std::string_view bytes) {
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    constexpr int shortest = 11;  // lines: places 1 to 10 and the counters
     GameState state;
     parse_best_times(bytes, state);
     std::string written = format_best_times(state);
-    std::string given(bytes);
+    std::string given(bytes.substr(bytes.starts_with(byte_order_mark) ? 3 : 0));
     std::erase(written, '\r');
     std::erase(given, '\r');
-    return written == given;
+    if (!given.ends_with('\n')) given += '\n';
+    return written.starts_with(given) && std::count(given.begin(), given.end(), '\n') >= shortest;
 }
 
 }  // namespace solvanta

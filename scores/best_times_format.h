@@ -17,8 +17,9 @@ std::string format_best_times(const GameState& state);
 /// do missing fields of the last one; numbers are clamped to 32 bits, and what is no number is 0.
 void parse_best_times(std::string_view bytes, GameState& state);
 
-/// Whether `bytes` are a best-times file as a program of ours writes it; its line ends may have
-/// been changed on the way here.
+/// Whether `bytes` are a best-times file as a program of ours writes it, or its first 11 lines or
+/// more; its line ends may have been changed on the way here, the last one lost, a byte order mark
+/// put before.
 bool is_best_times_file(std::string_view bytes);
 
 }  // namespace solvanta

@@ -39,7 +39,7 @@ std::string place_line(const GameState& state, int place) {
 
 std::string statistics(std::int32_t played, std::int32_t won, std::string_view decimal_separator) {
     return std::to_string(played) + " Gewonnen: " + std::to_string(won) + " [" +
-           to_list_text(percentage(won, played, decimal_separator)) + "]";
+           percentage(won, played, to_list_text(decimal_separator, ",")) + "]";
 }
 
 void append_escaped(std::string& document, char character) {

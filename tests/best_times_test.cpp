@@ -181,12 +181,25 @@ TEST(BestTimesFile, IsToldFromOtherFiles) {
     const std::string list = rewritten("100,\"J\xf6rg, der \x94\",\"3. Jan 2026 9:05\"\r\n");
     std::string with_unix_ends = list;
     std::erase(with_unix_ends, '\r');
-    EXPECT_TRUE(is_best_times_file(list) && is_best_times_file(with_unix_ends));
-    for (const std::string& other :
-         {""s, "Ein Brief.\n"s, list.substr(1), list + "0", list + list,
-          list.substr(0, list.size() - 2), std::string(2'000'000, ' ')}) {
+    const std::string without_end = list.substr(0, list.size() - 2);
+    const std::string eleven_lines = list.substr(0, list.find("0,0\r\n") + 5);
+    for (const std::string& taken :
+         {list, with_unix_ends, without_end, eleven_lines, "\xEF\xBB\xBF" + list})
+        EXPECT_TRUE(is_best_times_file(taken)) << taken.size();
+    for (const std::string& other : {""s, "Ein Brief.\n"s, list.substr(1), list + "0", list + list,
+                                     list.substr(0, list.size() - 3), eleven_lines.substr(0, 50),
+                                     std::string(2'000'000, ' ')}) {
         EXPECT_FALSE(is_best_times_file(other)) << other.substr(0, 40);
     }
+}
+
+TEST(BestTimes, AreStampedInGermanWhereTheirCharactersLackOthers) {
+    LocaleTexts texts{{"янв.", "Mär", "март"}, "˸", "٫"};
+    EXPECT_EQ(entry_stamp({2026, 1, 3, 9, 5}, texts), "3. Jan 2026 9:05");
+    EXPECT_EQ(entry_stamp({2026, 3, 3, 19, 15}, texts), "3. M\xe4r 2026 19:15");
+    texts.time_separator = ".";
+    EXPECT_EQ(entry_stamp({2026, 2, 3, 9, 5}, texts), "3. M\xe4r 2026 9.05");
+    EXPECT_NE(list_lines({}, texts.decimal_separator).back().find("0,00%"), std::string::npos);
 }
 
 TEST(BestTimes, NamesBecomeOneByteACharacter) {

@@ -75,4 +75,9 @@ std::string to_list_text(std::string_view utf8) {
     return text;
 }
 
+std::string to_list_text(std::string_view utf8, std::string_view otherwise) {
+    std::string text = to_list_text(utf8);
+    return text.find('?') == std::string::npos ? text : std::string(otherwise);
+}
+
 }  // namespace solvanta

@@ -14,6 +14,9 @@ inline constexpr char closing_quote = '\x94';
 /// closing typographic one.
 std::string to_list_text(std::string_view utf8);
 
+/// The same; where the code page lacks a character it is `otherwise`.
+std::string to_list_text(std::string_view utf8, std::string_view otherwise);
+
 /// The Unicode character of a Windows-1252 byte; the five bytes without one stand for the control
 /// characters of the same number.
 char16_t from_windows_1252(unsigned char byte);
