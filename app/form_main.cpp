@@ -259,7 +259,9 @@ void Form_Main::read_Highscore() {
 
 bool Form_Main::take_Highscore(std::string_view bytes) {
     complete_win();
-    return !best_times_file_.take(bytes, state);
+    const bool taken = !best_times_file_.take(bytes, state);
+    if (form_highscore_) fill_list();
+    return taken;
 }
 
 void Form_Main::Comm_highscore_Click() {
@@ -267,12 +269,16 @@ void Form_Main::Comm_highscore_Click() {
         form_highscore_ = std::make_unique<Form_Highscore>(*this, host_);
         form_highscore_->Closed = [this] { form_highscore_.reset(); };
     }
+    fill_list();
+    host_.show(*form_highscore_);
+}
+
+void Form_Main::fill_list() {
     std::vector<std::string> lines = list_lines(state, host_.locale_texts().decimal_separator);
     if (best_times_file_.is_behind()) {
         lines.push_back(to_list_text("Die Bestzeiten können zurzeit nicht gespeichert werden."));
     }
     form_highscore_->RTB1.TextRTF = list_document(lines);
-    host_.show(*form_highscore_);
 }
 
 void Form_Main::Command3_Click() {

@@ -44,7 +44,8 @@ class Form_Main : public TableWindow {
     void Comm_highscore_Click();
 
     /// Puts the list of another best-times file, its bytes, in the place of the player's own, after
-    /// completing a pending win. On a failure nothing changes; answers whether it could be stored.
+    /// completing a pending win; an open best-times window shows it. On a failure nothing changes;
+    /// answers whether it could be stored.
     bool take_Highscore(std::string_view bytes);
 
     /// Asks in a message box and calls `act` when its first button has been pressed or, where there
@@ -83,6 +84,8 @@ class Form_Main : public TableWindow {
     void Timer1_Timer();
     void InName_KeyDown(int KeyCode);
 
+    /// Puts the list and its statistics into the best-times window.
+    void fill_list();
     void begin_win();
     void open_name_entry(int place);
     /// Shows and enables the name-entry frame, or hides and disables it.
