@@ -46,8 +46,8 @@ void fetch(const std::string& path, Listener fetched) {
     page_fetch(path.c_str(), listen_once(std::move(fetched)));
 }
 
-void choose_file(Listener chosen) {
-    page_load_file(listen_once(std::move(chosen)));
+void choose_file(std::size_t limit, Listener chosen) {
+    page_load_file(listen_once(std::move(chosen)), limit);
 }
 
 }  // namespace solvanta::web

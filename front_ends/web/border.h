@@ -24,6 +24,7 @@ double page_number(int node, const char* property);
 void page_call(int node, const char* method);
 void page_focus(int node);
 void page_focus_first(int node);
+void page_keep_focus();
 int page_has_focus(int node);
 void page_listen(int node, const char* type, int listener);
 double page_event(const char* name);
@@ -37,7 +38,7 @@ void page_start_ticks(int listener, int interval);
 void page_stop_ticks(int listener);
 void page_draws(int fine);
 void page_fetch(const char* url, int listener);
-void page_load_file(int listener);
+void page_load_file(int listener, std::size_t limit);
 void page_save_file(const char* name, const char* bytes, std::size_t length);
 char* page_picture_url(const char* bytes, std::size_t length, const char* type);
 int page_store(const char* name, const char* bytes, std::size_t length);
@@ -92,7 +93,8 @@ void soon(std::function<void()> act);
 /// when it can't be read.
 void fetch(const std::string& path, Listener fetched);
 
-/// Lets the player choose a file of their own and reads it. Nothing is called when they don't.
-void choose_file(Listener chosen);
+/// Lets the player choose a file of their own and reads it, but of one longer than `limit` bytes no
+/// more than shows that. The listener gets no bytes when they don't, or it can't be read.
+void choose_file(std::size_t limit, Listener chosen);
 
 }  // namespace solvanta::web

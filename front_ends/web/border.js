@@ -8,6 +8,8 @@ const Page = {
     last: 0,
     event: null,
     ticker: null,
+    ticks: {},  // intervals by listener
+    focused: [],  // what has had the keyboard's focus, the latest last
 
     add: function(node) {
       page.nodes[++page.last] = node;
@@ -27,6 +29,42 @@ const Page = {
       page.event = event;
       if (_web_event(listener, place, bytes ? bytes.length : 0)) event.preventDefault();
       _free(place);
+    },
+
+    startTicker: function() {
+      try {
+        page.ticker = new Worker(locateFile('ticker.js'));
+      } catch (error) {
+        return page.tickPlainly();
+      }
+      page.ticker.onerror = page.tickPlainly;
+      page.ticker.onmessage = ({ data }) => {
+        page.tell(data, {});
+        page.ticker.postMessage({ heard: data });
+      };
+    },
+
+    // Ticks of the page itself, where no worker can start.
+    tickPlainly: function() {
+      const timers = {};
+      page.ticker = {
+        postMessage: ({ start, interval, stop }) => {
+          if (start) timers[start] = setInterval(() => page.tell(start, {}), interval);
+          clearInterval(timers[stop]);
+        },
+      };
+      for (const id in page.ticks) {
+        page.ticker.postMessage({ start: Number(id), interval: page.ticks[id] });
+      }
+    },
+
+    // The player's language, where the browser knows it.
+    language: function() {
+      try {
+        return Intl.getCanonicalLocales(navigator.language)[0];
+      } catch (error) {
+        return 'de';
+      }
     },
 
     blob: function(bytes, length, type) {
@@ -98,6 +136,18 @@ const Page = {
     if (first) first.focus({ preventScroll: true });
   },
 
+  // What has the focus; when that has gone, what had it before and is still there.
+  page_keep_focus: function() {
+    const usable = (node) => node.isConnected && node.getClientRects().length > 0 && !node.disabled;
+    const now = document.activeElement;
+    if (now && now !== document.body) {
+      page.focused = page.focused.filter((one) => one !== now && one.isConnected).concat(now);
+    } else {
+      const last = page.focused.filter(usable).pop();
+      if (last) last.focus({ preventScroll: true });
+    }
+  },
+
   page_has_focus: function(node) {
     return page.nodes[node] === document.activeElement;
   },
@@ -138,17 +188,13 @@ const Page = {
   },
 
   page_start_ticks: function(listener, interval) {
-    if (!page.ticker) {
-      page.ticker = new Worker(locateFile('ticker.js'));
-      page.ticker.onmessage = ({ data }) => {
-        page.tell(data, {});
-        page.ticker.postMessage({ heard: data });
-      };
-    }
+    if (!page.ticker) page.startTicker();
+    page.ticks[listener] = interval;
     page.ticker.postMessage({ start: listener, interval });
   },
 
   page_stop_ticks: function(listener) {
+    delete page.ticks[listener];
     page.ticker.postMessage({ stop: listener });
   },
 
@@ -165,12 +211,15 @@ const Page = {
       .then((bytes) => page.tell(listener, {}, bytes && new Uint8Array(bytes)));
   },
 
-  page_load_file: function(listener) {
+  // Of a longer file it reads one byte more than `limit`.
+  page_load_file: function(listener, limit) {
     const input = document.createElement('input');
     input.type = 'file';
     input.accept = '.scr';
-    input.onchange = () => input.files[0].arrayBuffer().then(
-      (buffer) => page.tell(listener, {}, new Uint8Array(buffer)));
+    input.onchange = () => input.files[0].slice(0, limit + 1).arrayBuffer().then(
+      (buffer) => page.tell(listener, {}, new Uint8Array(buffer)),
+      () => page.tell(listener, {}));
+    input.oncancel = () => page.tell(listener, {});
     input.click();
   },
 
@@ -194,6 +243,7 @@ const Page = {
     for (let i = 0; i < length; ++i) text += String.fromCharCode(HEAPU8[bytes + i]);
     try {
       localStorage.setItem(page.key(name), text);
+      if (Module.stored) Module.stored(text);
       return 0;
     } catch (error) {
       return error.name === 'QuotaExceededError' ? 1 : 2;
@@ -222,7 +272,7 @@ const Page = {
 
   // The locale's texts: months 0 to 11, 12 the time separator, 13 the decimal separator.
   page_locale_text: function(what) {
-    const language = navigator.language;
+    const language = page.language();
     const moment = new Date(2001, what % 12, 1, 10, 30);
     if (what < 12) {
       const name = moment.toLocaleDateString(language, { month: 'short' });

@@ -51,8 +51,9 @@ void listen_to(const Node& input, TextBox& box, WindowParts& parts) {
     input.listen("input", [&box, handle = input.handle()](const PageEvent&) {
         box.Text = taken(page_value(handle));
     });
-    input.listen("keydown", [&](const PageEvent& event) {
+    input.listen("keydown", [&](PageEvent& event) {
         if (event.composing) return;
+        event.taken_over = event.key == "Enter";  // or it would press what gets the focus next
         parts.deliver([&] {
             if (box.KeyDown) box.KeyDown(event.key == "Enter" ? key_enter : 0);
         });

@@ -36,6 +36,7 @@ std::error_code WebFiles::read(const std::string& path, std::size_t limit, std::
         bytes = *help_;
         fetch_help();
     } else if (const std::error_code error = read_stored(path, bytes)) {
+        tell_whether_kept(error == std::errc::no_such_file_or_directory);
         return error;
     }
     if (bytes.size() <= limit) return {};
@@ -45,9 +46,15 @@ std::error_code WebFiles::read(const std::string& path, std::size_t limit, std::
 
 std::error_code WebFiles::replace(const std::string& path, std::string_view bytes) {
     const int trouble = page_store(path.c_str(), bytes.data(), bytes.size());
+    tell_whether_kept(trouble == 0);
     if (trouble == 0) return {};
     return std::make_error_code(trouble == 1 ? std::errc::no_space_on_device
                                              : std::errc::permission_denied);
+}
+
+void WebFiles::tell_whether_kept(bool kept) {
+    if (std::exchange(is_kept_, kept) == kept) return;
+    note_.say(kept ? "" : "Der Browser behält die Bestzeiten nur, solange diese Seite offen ist.");
 }
 
 }  // namespace solvanta::web

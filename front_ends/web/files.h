@@ -4,12 +4,13 @@
 #include <string>
 
 #include "files/files.h"
+#include "front_ends/web/node.h"
 
 namespace solvanta::web {
 
 /// The program's files in a browser. What it writes goes to the storage that the browser keeps for
 /// the page, byte for byte; putting a file there is one step, which the browser makes whole or not
-/// at all.
+/// at all. The page's element `note` tells the player when it won't outlast the page.
 class WebFiles final : public Files {
   public:
     /// The file at `help` is the one beside the page that can be read: it is fetched ahead, so that
@@ -21,9 +22,12 @@ class WebFiles final : public Files {
 
   private:
     void fetch_help();
+    void tell_whether_kept(bool kept);
 
     std::string help_path_;
     std::optional<std::string> help_;  // none until it has come
+    Node note_ = Node::find("note");
+    bool is_kept_ = true;
 };
 
 }  // namespace solvanta::web

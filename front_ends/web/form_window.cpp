@@ -38,7 +38,7 @@ FormWindow::FormWindow(Form& form, const Node& page, WindowParts parts, bool fix
     frame_.attribute("aria-label", form.Caption);
     build_title_bar();
     build_client();
-    if (!fixed) make_movable();
+    if (!fixed) make_free();
     for (Timer* timer : form.timers)
         start(*timer);
 }
@@ -93,7 +93,11 @@ void FormWindow::start(Timer& timer) {
     page_start_ticks(ticks_.back(), timer.Interval);
 }
 
-void FormWindow::make_movable() {
+void FormWindow::make_free() {
+    frame_.listen("keydown", [this](PageEvent& event) {
+        event.taken_over = event.key == "Escape";
+        if (event.taken_over) close_box_(*this);
+    });
     title_bar_.listen("pointerdown", [this](const PageEvent& event) {
         if (!event.is_own || !event.is_left) return;
         page_capture(title_bar_.handle());

@@ -16,8 +16,9 @@ Size page_size();
 /// The window of one form, within the page.
 class FormWindow {
   public:
-    /// A `fixed` window stands still; any other can be moved by its title bar. `close_box` is
-    /// called once the player closes the window. The form must outlive it or the call of `let_go`.
+    /// A `fixed` window stands still; any other can be moved by its title bar and closed by Escape.
+    /// `close_box` is called once the player closes the window. The form must outlive it or the
+    /// call of `let_go`.
     FormWindow(Form& form, const Node& page, WindowParts parts, bool fixed,
                std::function<void(FormWindow&)> close_box);
     FormWindow(const FormWindow&) = delete;
@@ -58,7 +59,7 @@ class FormWindow {
     void build_title_bar();
     void build_client();
     void start(Timer& timer);
-    void make_movable();
+    void make_free();
     void move_to(double left, double top);
 
     Form& form_;

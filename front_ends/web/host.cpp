@@ -17,7 +17,7 @@ WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
     });
     // A press moves the keyboard's focus to where text can be typed or marked, and nowhere else.
     page_.listen("mousedown", [](PageEvent& event) {
-        event.taken_over = page_event_within("input, .rich-text, dialog, footer") == 0;
+        event.taken_over = page_event_within("input, .rich-text, dialog button, footer") == 0;
     });
     page_.listen("contextmenu", [](PageEvent& event) {
         event.taken_over =
@@ -41,6 +41,11 @@ void WebHost::open_box(const std::string& text, Buttons buttons) {
         box_.reset();
         answer(given);
     });
+}
+
+void WebHost::sync() {
+    WindowHost::sync();
+    page_keep_focus();
 }
 
 void WebHost::end() {

@@ -34,6 +34,7 @@ class WebHost final : public WindowHost<FormWindow> {
     void close_box() override { box_.reset(); }
     void soon(Event act) override { web::soon(std::move(act)); }
     void end() override;
+    void sync() override;
     void bring_forward(FormWindow& window) override;
     void close(FormWindow& window) override;
     void lay_out();

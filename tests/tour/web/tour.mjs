@@ -25,7 +25,7 @@ const browser = await startBrowser();
 const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
 
 class Visit {
-  static async begin(name, { width, height, ratio = 1, touched = false }) {
+  static async begin(name, { width, height, ratio = 1, touched = false, hostile = false }) {
     const context = await browser.newContext({
       viewport: { width, height }, deviceScaleFactor: ratio, hasTouch: touched, isMobile: touched,
       locale: 'de-DE', timezoneId: 'UTC', acceptDownloads: true,
@@ -34,6 +34,12 @@ class Visit {
     const visit = Object.assign(new Visit(), { name, page, touched, troubles: [] });
     page.on('console', (message) => visit.troubles.push(message.text()));
     page.on('pageerror', (error) => visit.troubles.push(error.stack));
+    if (hostile) {
+      await page.addInitScript(() => {
+        Object.defineProperty(navigator, 'language', { value: 'C' });
+        delete window.Worker;
+      });
+    }
     await page.clock.setFixedTime(dealtAt * 1000);
     await page.goto(server.address);
     await page.getByText('neues Spiel').waitFor();
@@ -93,7 +99,7 @@ class Visit {
     await enter(this.page);
     await name.waitFor({ state: 'hidden' });
     assert.match(await stored(this.page),
-      /^\d+,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/);
+      /^[1-9]\d*,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/);
     await this.page.reload();
     await this.page.getByText('neues Spiel').waitFor();
     await this.hit('Bestzeiten');
@@ -141,8 +147,16 @@ async function moveList(visit) {
   await page.getByText('Diese Datei ist keine Bestzeitenliste.').waitFor();
   assert.equal(bytes.toString('latin1'), await stored(page));
   await load(Buffer.from(bytes.toString('latin1').replace('Jörg', 'Jürg'), 'latin1'));
+  await visit.hit('Abbrechen');
+  assert.equal(bytes.toString('latin1'), await stored(page));
+  await visit.hit('Bestzeiten');
+  await load(Buffer.from(bytes.toString('latin1').replace('Jörg', 'Jürg'), 'latin1'));
+  await Promise.all([page.waitForEvent('download'), visit.hit('Bisherige sichern')]);
+  await visit.hit('Ersetzen');
   await page.getByText('Die Bestzeiten sind geladen.').waitFor();
   assert.match(await stored(page), /"Jürg Süß"/);
+  await page.getByText('Jürg Süß').waitFor();
+  await visit.hit('Ok');
 }
 
 // A game played by keyboard alone as far as the first cards: the walk, a click and a double click.
@@ -160,6 +174,14 @@ async function playByKeyboard(visit) {
   await visit.shot('keyboard');
   await page.keyboard.press('d');
   assert.doesNotMatch(await here(), /, ausgewählt$/);
+  const place = await here();
+  await visit.hit('Bestzeiten');
+  await page.keyboard.press('Escape');
+  assert.equal(await here(), place);
+  await visit.hit('neues Spiel');
+  await page.getByText('Neues Spiel?').click();  // beside the buttons
+  await page.keyboard.press('Enter');
+  await page.getByLabel('Stapel, 49 Karten').waitFor();
 }
 
 // Waits until the copy holds a file.
@@ -252,7 +274,7 @@ await large.end();
 await loadBadly();
 await playVersions();
 
-const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true });
+const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true, hostile: true });
 await phone.win(playElsewhere);
 await phone.hit('Hilfe');
 await phone.shot('help');
