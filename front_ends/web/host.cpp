@@ -28,7 +28,9 @@ WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
 FormWindow& WebHost::create_window(Form& form) {
     WindowParts parts{.deliver = [this](Event event) { deliver(std::move(event)); },
                       .pictures = pictures_,
-                      .announce = [this](const std::string& text) { announcer_.say(text); }};
+                      .announce = [this](const std::string& text) { announcer_.say(text); },
+                      .syncs = {},
+                      .text_boxes = {}};
     FormWindow& window =
         add(std::make_unique<FormWindow>(form, windows_, std::move(parts), windows().empty(),
                                          [this](FormWindow& closed) { close(closed); }));
