@@ -103,15 +103,11 @@ TEST_F(Pictures, ComeFromTheFineFileWhereTheScreenIsFine) {
     form.add_picture(80, 0, 20, 10).Picture = put("broken.bmp", bitmap(20, 10, blue));
     show(form);
     const Color seen = fine ? green : blue;
-    expect_colors(form, {{1, 8, seen},
-                         {18, 8, seen},
-                         {22, 8, red},
-                         {41, 8, blue},
-                         {58, 8, blue},
-                         {62, 8, red},
-                         {81, 8, blue},
-                         {98, 8, blue},
-                         {102, 8, red}});
+    const Colors colors{
+        {1, 8, seen}, {18, 8, seen}, {22, 8, red},  {41, 8, blue}, {58, 8, blue},
+        {62, 8, red}, {81, 8, blue}, {98, 8, blue}, {102, 8, red},
+    };
+    expect_colors(form, colors);
 }
 
 TEST_F(Pictures, LieAtTheirOwnSizeInStackingOrder) {
@@ -132,18 +128,12 @@ TEST_F(Pictures, LieAtTheirOwnSizeInStackingOrder) {
     form.canvas.emplace_back(&label);
     testing::internal::CaptureStderr();
     show(form);
-    expect_colors(form, {{5, 5, blue},
-                         {18, 58, blue},
-                         {21, 58, black},
-                         {38, 58, black},
-                         {41, 50, red},
-                         {10, 61, red},
-                         {118, 14, blue},
-                         {121, 14, black},
-                         {110, 17, red},
-                         {220, 5, red},
-                         {30, 35, green},
-                         {290, 0, {0x80, 0x80, 0x80}}});
+    const Colors colors{
+        {5, 5, blue},   {18, 58, blue}, {21, 58, black}, {38, 58, black},
+        {41, 50, red},  {10, 61, red},  {118, 14, blue}, {121, 14, black},
+        {110, 17, red}, {220, 5, red},  {30, 35, green}, {290, 0, {0x80, 0x80, 0x80}},
+    };
+    expect_colors(form, colors);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");  // of bytes behind a picture's end
 }
 

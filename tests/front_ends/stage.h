@@ -19,6 +19,9 @@ inline constexpr Color green{0, 255, 0};
 inline constexpr Color blue{0, 0, 255};
 inline constexpr Color black{0, 0, 0};
 
+/// What is to be seen at some places, x and y in pixels.
+using Colors = std::vector<std::tuple<double, double, Color>>;
+
 /// A small form: 300 x 200 pixels in red, with a button at its lower edge.
 struct TestForm : Form {
     explicit TestForm(const std::string& caption = "Probe") {
@@ -115,9 +118,7 @@ class FrontEnd : public testing::Test {
         driver().later(30, [this, act] { driver().box() ? act() : when_box_opens(act); });
     }
 
-    /// Holds the pixels at some places, x and y, against their colours.
-    void expect_colors(const Form& form,
-                       const std::vector<std::tuple<double, double, Color>>& colors) {
+    void expect_colors(const Form& form, const Colors& colors) {
         for (const auto& [x, y, color] : colors) {
             const Color seen = driver().pixel(form, {x, y});
             EXPECT_EQ(seen, color) << "at " << x << ", " << y << ": " << int{seen.red} << ' '

@@ -9,36 +9,31 @@ class Boxes : public FrontEnd {};
 
 TEST_F(Boxes, AskInGermanAndAnswer) {
     using enum Answer;
-    struct Case {
-        Buttons buttons;
-        std::vector<std::string> captions;                           // the default one first
-        std::vector<std::pair<std::optional<Key>, Answer>> answers;  // no key: the close box
-    };
-    const Case cases[] = {
-        {Buttons::YesNo,
-         {"Ja", "Nein"},
-         {{Key::Enter, Yes}, {Key::Escape, No}, {Key::N, No}, {{}, No}}},
-        {Buttons::OkCancel,
-         {"OK", "Abbrechen"},
-         {{Key::Enter, Ok}, {Key::Escape, Cancel}, {{}, Cancel}}},
+    using Answers = std::vector<std::pair<std::optional<Key>, Answer>>;  // no key: the close box
+    const std::tuple<Buttons, std::vector<std::string>, Answers> cases[] = {
+        // the default button first
+        {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {Key::Escape, No}, {Key::N, No}}},
+        {Buttons::YesNo, {"Ja", "Nein"}, {{{}, No}}},
+        {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Enter, Ok}, {{}, Cancel}}},
+        {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Escape, Cancel}}},
         {Buttons::Ok, {"OK"}, {{Key::Enter, Ok}, {Key::Escape, Ok}}},
     };
     TestForm form;
     show(form);
-    for (const Case& c : cases) {
-        for (const auto& [key, answer] : c.answers) {
-            when_box_opens([&, key = key] {
+    for (const auto& [buttons, captions, answers] : cases) {
+        for (const auto& [key, answer] : answers) {
+            when_box_opens([&, key = key, &captions = captions] {
                 const BoxLook box = *driver().box();
                 EXPECT_EQ(box.title + ": " + box.text, "Solvanta: <b>Größe?</b>");
-                EXPECT_EQ(box.buttons, c.captions);
+                EXPECT_EQ(box.buttons, captions);
                 if (!key) return driver().close_box();
                 driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
             });
             std::optional<Answer> given;
-            host().ask("<b>Größe?</b>", c.buttons, [&](Answer answered) { given = answered; });
+            host().ask("<b>Größe?</b>", buttons, [&](Answer answered) { given = answered; });
             EXPECT_FALSE(given);
             ASSERT_TRUE(wait_until([&] { return given.has_value(); }));
-            EXPECT_EQ(given, answer) << c.captions.front();
+            EXPECT_EQ(given, answer) << captions.front();
             EXPECT_FALSE(driver().box());
         }
     }
