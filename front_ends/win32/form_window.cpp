@@ -18,34 +18,46 @@ Ticks::Time time_awake() {
     return Ticks::Time(time / per_millisecond);
 }
 
+/// Sent to a window by itself once it has been activated though it is disabled.
+constexpr UINT active_below_box = WM_USER;
+
 bool takes_focus(HWND window) {
     return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE &&
            IsWindowEnabled(GetParent(window)) != FALSE;
 }
 
-/// Puts a window in the middle of the screen, its corner in any case on it.
-void centre(HWND window) {
+void move_to(HWND window, POINT corner) {
+    SetWindowPos(window, nullptr, corner.x, corner.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// Puts a window in the middle of `free`, its corner in any case in it.
+void centre(HWND window, const RECT& free) {
     RECT place{};
     GetWindowRect(window, &place);
-    const RECT free = work_area(window);
     const SIZE size = size_of(place);
     const SIZE room = size_of(free);
-    SetWindowPos(window, nullptr, free.left + std::max(0L, (room.cx - size.cx) / 2),
-                 free.top + std::max(0L, (room.cy - size.cy) / 2), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    move_to(window, {free.left + std::max(0L, (room.cx - size.cx) / 2),
+                     free.top + std::max(0L, (room.cy - size.cy) / 2)});
 }
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box)
+FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box,
+                       std::function<void()> to_box)
     : Canvas(form, parts_),
       form_(form),
       parts_(std::move(parts)),
-      close_box_(std::move(close_box)) {
+      close_box_(std::move(close_box)),
+      to_box_(std::move(to_box)) {
     create(plain_class(), style, WS_EX_CONTROLPARENT, nullptr);
     parts_.background = form.BackColor;
+    const bool centred = form.Place == OpeningPlace::Centered;
+    const RECT free = work_area(centred && GetActiveWindow() ? GetActiveWindow() : handle());
+    // On its screen first, whose resolution makes its size.
+    if (centred) move_to(handle(), {free.left, free.top});
     fit_to(GetDpiForWindow(handle()), {}, SWP_NOMOVE);
-    if (form.Place == OpeningPlace::Centered) centre(handle());
+    if (centred) centre(handle(), free);
     build_controls(form, handle(), parts_);
     // Whether the focus is marked follows the player's habits, as in every dialog.
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
@@ -122,6 +134,9 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
         case WM_SIZE:
         case WM_SYSCOMMAND:
             return answer_focus(message);
+        case active_below_box:
+            to_box_();
+            return 0;
         case WM_DPICHANGED:
             return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
         case WM_CTLCOLORBTN:
@@ -154,6 +169,9 @@ LRESULT FormWindow::answer_end(const Message& message) {
 /// without a word, and restoring does not bring it back.
 std::optional<LRESULT> FormWindow::answer_focus(const Message& message) {
     HWND focused = GetFocus();
+    if (message.id == WM_ACTIVATE && message.w != WA_INACTIVE && !IsWindowEnabled(handle())) {
+        PostMessageW(handle(), active_below_box, 0, 0);
+    }
     if (message.id == WM_SETFOCUS) {
         HWND from = reinterpret_cast<HWND>(message.w);
         find_focus(IsChild(handle(), from) ? from : last_focus_);

@@ -12,9 +12,10 @@ namespace solvanta::win32 {
 /// The window of one form.
 class FormWindow final : public Canvas {
   public:
-    /// `close_box` is called once the player closes the window; the form must outlive the window
-    /// or the call of `let_go`.
-    FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box);
+    /// `close_box` is called once the player closes the window, `to_box` when it is activated while
+    /// a message box keeps it disabled; the form must outlive the window or the call of `let_go`.
+    FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box,
+               std::function<void()> to_box);
     ~FormWindow() override { let_go(); }
 
     Form& form() const { return form_; }
@@ -48,6 +49,7 @@ class FormWindow final : public Canvas {
     Form& form_;
     WindowParts parts_;
     std::function<void(FormWindow&)> close_box_;
+    std::function<void()> to_box_;
     std::vector<std::pair<const Timer*, Ticks>> ticks_;
     HWND last_focus_ = nullptr;  // to get the focus back when the window becomes active again
 };

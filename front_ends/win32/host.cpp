@@ -13,8 +13,9 @@ namespace solvanta::win32 {
 FormWindow& Win32Host::create_window(Form& form) {
     WindowParts parts{
         [this](Event event) { deliver(std::move(event)); }, pictures_, Scale(), {}, {}, {}};
-    return add(std::make_unique<FormWindow>(form, std::move(parts),
-                                            [this](FormWindow& closed) { close(closed); }));
+    return add(std::make_unique<FormWindow>(
+        form, std::move(parts), [this](FormWindow& closed) { close(closed); },
+        [this] { to_box(); }));
 }
 
 /// The system's call returns when the box has been closed, and handles messages until then.
@@ -79,8 +80,19 @@ void Win32Host::handle(MSG& message) {
 bool Win32Host::come_forward() {
     if (is_quitting() || windows().empty()) return false;
     windows().front()->bring_forward();
-    if (box_) SetForegroundWindow(box_);
+    to_box();
     return true;
+}
+
+/// Brings the box forward if one is open, with its owner out of its icon, and flashes it as the
+/// system does with the box of a disabled window that is clicked.
+void Win32Host::to_box() const {
+    if (!box_) return;
+    HWND owner = GetWindow(box_, GW_OWNER);
+    if (IsIconic(owner)) ShowWindow(owner, SW_RESTORE);
+    SetForegroundWindow(box_);
+    FLASHWINFO flash{sizeof flash, box_, FLASHW_CAPTION, 3, 0};
+    FlashWindowEx(&flash);
 }
 
 HWND Win32Host::owner_for_box() const {

@@ -34,6 +34,7 @@ class Win32Host final : public WindowHost<FormWindow> {
     void soon(Event act) override;
     void end() override { PostQuitMessage(0); }
     void sync() override;
+    void to_box() const;
     HWND owner_for_box() const;
     void enable_all_but(HWND owner, bool enable) const;
 

@@ -69,6 +69,33 @@ TEST_F(Desktop, EndsWithABoxOpenAndAKeyHeld) {
     EXPECT_EQ(log, "saving closed ");
 }
 
+// The box belongs to one window and disables all: it must come with any of them.
+TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
+    TestForm form;
+    TestForm other("Hilfe");
+    show(other);
+    show(form);
+    const auto box_is_in_front = [&] {
+        return driver().box() && GetForegroundWindow() == FindWindowW(L"#32770", L"Solvanta");
+    };
+    when_box_opens([&] {
+        SetForegroundWindow(window_of(other));
+        EXPECT_FALSE(box_is_in_front());
+        driver().later(200, [&] {
+            EXPECT_TRUE(box_is_in_front());
+            ShowWindow(window_of(form), SW_MINIMIZE);
+            SetForegroundWindow(window_of(other));
+            driver().later(200, [&] {
+                EXPECT_TRUE(box_is_in_front() && !IsIconic(window_of(form)));
+                driver().close_box();
+            });
+        });
+    });
+    bool answered = false;
+    host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { answered = true; });
+    EXPECT_TRUE(wait_until([&] { return answered; }));
+}
+
 TEST_F(Desktop, ScrollsTheTextAtEachKey) {
     TextForm form;
     show(form);
