@@ -38,6 +38,7 @@ void expect_plays(const Case& c) {
     player.play(c.played);
     EXPECT_EQ(player.position(), print_position(parse_position(c.after)));
     EXPECT_TRUE(player.host.messages.empty());
+    EXPECT_FALSE(player.table.state.GameWon);
 }
 
 TEST(Rules, SelectionAndMoves) {
@@ -105,6 +106,8 @@ TEST(Rules, DoubleClicks) {
         {"or moves a selected king in", "1 P5 | HK; sel 1", "c2!!", "1 P5?; 2 HK"},
         {"a king moved in is tried at once", "F 12; W HK", "waste c3!", "F 13"},
         {"and stays when it does not fit", "W PK", "waste c3!", "3 PK"},
+        {"no game is won while the stock has cards", "S PK; F 13 13 13 13 13 12 13 11; W XK XD",
+         "waste!", "S PK; F 13 13 13 13 13 12 13 12; W XK"},
     };
     std::for_each(std::begin(cases), std::end(cases), expect_plays);
 }
