@@ -70,10 +70,18 @@ def is_viewable(window):
     return x11.XGetWindowAttributes(display, c_ulong(window), attributes) and attributes[23] == 2
 
 
+def focused_window():
+    window, then = c_ulong(), ctypes.c_int()
+    x11.XGetInputFocus(display, byref(window), byref(then))
+    return window.value
+
+
 def front_window(caption):
     """Waits for the window of this caption to have the focus, and the program to have taken note."""
-    window = wait_for(lambda: window_named(caption, "_NET_ACTIVE_WINDOW"), caption)
-    wait_for(lambda: is_viewable(window), caption)
+    def in_front():
+        window = window_named(caption, "_NET_ACTIVE_WINDOW")
+        return window if window and is_viewable(window) and focused_window() == window else None
+    window = wait_for(in_front, caption)
     wait_for_answer(window)
     return window
 

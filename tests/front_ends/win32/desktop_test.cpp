@@ -135,7 +135,7 @@ TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
         EXPECT_NEAR(at.top, scaled(180), 1);
         EXPECT_NEAR(at.bottom, scaled(197), 1);
         EXPECT_NEAR(line_height(form), usual * now / dpi, 2) << now;
-        expect_color(form, 10.0 * now / dpi + 1, 5.0 * now / dpi, blue);
+        expect_colors(form, {{10.0 * now / dpi + 1, 5.0 * now / dpi, blue}});
     }
     SendMessageW(view_of(form), EM_SETZOOM, 3, 1);  // as by Ctrl and the wheel
     click(form, form.button);
