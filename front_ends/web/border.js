@@ -27,7 +27,8 @@ const Page = {
     tell: function(listener, event, bytes) {
       const place = bytes ? page.put(bytes) : 0;
       page.event = event;
-      if (_web_event(listener, place, bytes ? bytes.length : 0)) event.preventDefault();
+      const taken = _web_event(listener, place, bytes ? bytes.length : 0);
+      if (taken && event.cancelable) event.preventDefault();
       _free(place);
     },
 

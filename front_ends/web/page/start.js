@@ -133,6 +133,51 @@ for (const button of document.querySelectorAll('.again')) {
   button.addEventListener('click', () => location.reload());
 }
 
+// The list of best times
+
+// The browser may keep for seconds to itself what goes to its storage. So the list goes to its
+// database as well, which is flushed at once; the one with the higher number is the newer.
+const listKey = new URL('highscore.scr', document.baseURI).pathname;
+const numberKey = `${listKey} number`;
+
+function storedText(key) {
+  try {
+    return localStorage.getItem(key);
+  } catch (error) {
+    return null;
+  }
+}
+
+const database = new Promise((done, fail) => {
+  const request = indexedDB.open(`Solvanta ${listKey}`);
+  request.onupgradeneeded = () => request.result.createObjectStore('lists');
+  request.onsuccess = () => done(request.result);
+  request.onerror = fail;
+});
+database.catch(() => {});
+
+// The program has stored the list. Once there is an entry the browser is asked to keep it.
+Module.stored = (text) => {
+  const number = Number(localStorage.getItem(numberKey)) + 1;
+  localStorage.setItem(numberKey, number);
+  database.then((lists) => {
+    const writing = lists.transaction('lists', 'readwrite', { durability: 'strict' });
+    writing.objectStore('lists').put({ number, text }, 'list');
+    writing.commit();  // even if the page goes
+  }).catch(() => {});
+  if (navigator.storage && /^[1-9]/.test(text)) navigator.storage.persist().catch(() => {});
+};
+
+async function restoreList() {
+  const lists = await database;
+  const request = lists.transaction('lists').objectStore('lists').get('list');
+  await new Promise((done) => { request.onsuccess = request.onerror = done; });
+  const { number, text } = request.result || { number: 0 };
+  if (number <= Number(storedText(numberKey))) return;
+  localStorage.setItem(listKey, text);
+  localStorage.setItem(numberKey, number);
+}
+
 // Turns
 
 // The page that has the lock plays. It lets go of it when it goes, or when another asks for it, and
@@ -169,23 +214,15 @@ async function mayPlay() {
   if (!await take({ signal: AbortSignal.timeout(3000) })) await take({ steal: true });
 }
 
-function storedList() {
-  try {
-    return localStorage.getItem(new URL('highscore.scr', document.baseURI).pathname);
-  } catch (error) {
-    return null;
-  }
-}
-
 const savePending = () => dispatchEvent(new Event('saving'));
 
 // A page that is kept for the way back holds no lock. It goes on when nobody has played meanwhile.
 function shareTurns() {
   let left;
   channel.onmessage = () => { savePending(); leave(); };
-  addEventListener('pagehide', () => { left = storedList(); letGo(); });
+  addEventListener('pagehide', () => { left = storedText(listKey); letGo(); });
   addEventListener('pageshow', async ({ persisted }) => {
-    if (persisted && !(await take({ ifAvailable: true }) && storedList() === left)) leave();
+    if (persisted && !(await take({ ifAvailable: true }) && storedText(listKey) === left)) leave();
   });
 }
 
@@ -197,7 +234,10 @@ if (location.protocol === 'file:') {
   give('Dieser Browser ist zu alt für das Spiel.', false);
 }
 
-Promise.all([ready, mayPlay()]).then(() => {
+const wait = (milliseconds) => new Promise((done) => { setTimeout(done, milliseconds); });
+
+Promise.all([ready, mayPlay()]).then(async () => {
+  await Promise.race([restoreList().catch(() => {}), wait(2000)]);
   callMain();
   if (channel) shareTurns();
 });
