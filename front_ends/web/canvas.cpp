@@ -47,10 +47,10 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
     node.place(element);
     if (!element.Visible) return;
     node.turn("cut", element.CutToHeight);
-    if (element.KeyStop) {
-        const auto name = changes_.names().find(&element);
-        node.attribute("aria-label", name == changes_.names().end() ? "" : name->second);
-    }
+    const auto name = changes_.names().find(&element);
+    const bool is_named = name != changes_.names().end();
+    node.attribute("aria-hidden", is_named ? "false" : "true");
+    node.attribute("aria-label", is_named ? name->second : "");
     view.show(element.Picture, parts_.fine);
 }
 

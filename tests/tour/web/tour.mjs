@@ -9,6 +9,7 @@ import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { cpSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
+import { createRequire } from 'node:module';
 import path from 'node:path';
 import { startBrowser } from './browser.mjs';
 import { serve } from './serve.mjs';
@@ -17,6 +18,8 @@ const [folder, clicks, output] = process.argv.slice(2);
 const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
 const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n')
   .map((line) => line.split(' '));
+
+const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
 
 mkdirSync(output, { recursive: true });
 const server = await serve(folder);
@@ -46,7 +49,8 @@ class Visit {
     return visit;
   }
 
-  // A screenshot, once nothing moves.
+  // A screenshot, once nothing moves. Nothing is amiss then for those who can't see it; the colour of
+  // the clock is the game's own.
   async shot(what) {
     const file = path.join(output, `${this.name}-${what}.png`);
     let before;
@@ -56,6 +60,10 @@ class Visit {
       now = await this.page.screenshot({ path: file });
     } while (!before?.equals(now));
     console.log(file);
+    await this.page.evaluate(axe);
+    const { violations } = await this.page.evaluate(() => window.axe.run());
+    const amiss = violations.flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html}`));
+    assert.deepEqual(amiss.filter((one) => !/^color-contrast: .* rgb\(0, 128, 128\)/.test(one)), [], what);
   }
 
   async hit(label) {
