@@ -20,7 +20,8 @@ function pixmap(bitmap) {
 }
 
 const [pack, cwebp, gif2webp, ...files] = process.argv.slice(2);
-const run = (tool, options, input) => execFileSync(tool, ['-quiet', '-o', '-', ...options], { input });
+const run = (tool, options, input) =>
+  execFileSync(tool, ['-quiet', '-o', '-', ...options], { input });
 
 const makers = {
   '.bmp': (file) => run(cwebp, ['-lossless', '-z', '6', '--', '-'], pixmap(readFileSync(file))),

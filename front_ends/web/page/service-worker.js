@@ -35,7 +35,8 @@ async function look(drawn) {
     kept.includes(address(name, before[name] || {}));
   await Promise.all(Object.keys(version).filter(isWanted).map((name) => keep(name, version[name])));
   await cache.put(list, answer);
-  const used = [before, version].flatMap((one) => Object.keys(one).map((name) => address(name, one[name])));
+  const addresses = (files) => Object.keys(files).map((name) => address(name, files[name]));
+  const used = [...addresses(before), ...addresses(version)];
   await Promise.all(kept.filter((url) => url.includes('?') && !used.includes(url))
     .map((url) => cache.delete(url)));
 }
