@@ -88,7 +88,8 @@ TEST_F(Windows, AreHiddenClosedAndShownAgain) {
         EXPECT_TRUE(wait_until([&] { return ticks > 0 && driver().window("Gast"); }));
         driver().close("Gast");
         driver().settle();
-        EXPECT_FALSE(guest || driver().window("Gast"));
+        EXPECT_EQ(guest, nullptr);
+        EXPECT_FALSE(driver().window("Gast"));
         ticks = 0;
         driver().wait(30);
         EXPECT_EQ(ticks, 0);
