@@ -41,7 +41,7 @@ std::map<std::string, Image> faces(const std::string& scale) {
     for (const std::string& suit : suits) {
         for (const char* rank :
              {"_1", "_2", "_3", "_4", "_5", "_6", "_7", "_8", "_9", "_10", "_B", "_D", "_K"})
-            all[suit + rank] = load(suit + rank + scale + ".bmp");
+            all[suit + rank] = load(std::string(suit).append(rank).append(scale).append(".bmp"));
     }
     return all;
 }
@@ -56,7 +56,7 @@ TEST(ShippedPictures, AreAllThereInTheirFormats) {
     for (const auto& [stem, format] : formats) {
         for (const int scale : {1, 2}) {
             const auto& [ending, width, height, bits] = format;
-            const std::string name = stem + (scale == 2 ? "@2x" : "") + ending;
+            const std::string name = std::string(stem).append(scale == 2 ? "@2x" : "") + ending;
             const Image image = load(name);
             EXPECT_TRUE(image.width == width * scale && image.height == height * scale) << name;
             const Bytes bytes = read_file(shipped / name);
