@@ -26,6 +26,14 @@ UINT text_format(Alignment alignment) {
     return format | DT_LEFT;
 }
 
+/// The colour of a label's text: on the system's ground, which may be as dark as the text or as
+/// light, the system's own where it must be.
+COLORREF ink_of(const Label& label) {
+    const COLORREF ink = to_color(label.ForeColor);
+    const bool lost = !label.BackColor && is_dark(ink) == is_dark(to_ground({}));
+    return lost ? GetSysColor(COLOR_BTNTEXT) : ink;
+}
+
 /// Whether a control lies there. A disabled one gets no mouse messages: they come to its parent.
 bool is_on_control(const Message& message) {
     const POINT place{GET_X_LPARAM(message.l), GET_Y_LPARAM(message.l)};
@@ -127,7 +135,7 @@ void Canvas::paint(HDC dc, const RECT& area, const PictureElement& element) cons
 void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
     fill(dc, area, to_ground(label.BackColor));
     draw_text(dc, label.Caption, area, text_format(label.Alignment), to_font(label.Font, scale()),
-              to_color(label.ForeColor));
+              ink_of(label));
 }
 
 // A group box is what tells a screen reader that the elements inside belong together.

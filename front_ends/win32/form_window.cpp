@@ -81,12 +81,13 @@ void FormWindow::fit_to(UINT dpi, POINT corner, UINT flags) {
 }
 
 void FormWindow::load_icons(UINT dpi) {
-    for (const int kind : {ICON_SMALL, ICON_BIG}) {
+    for (const std::size_t kind : {std::size_t{ICON_SMALL}, std::size_t{ICON_BIG}}) {
         const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON, dpi);
+        // Shared icons would keep the size that was asked for first.
         HANDLE icon = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_SOLVANTA),
-                                 IMAGE_ICON, side, side, LR_SHARED);
-        SendMessageW(handle(), WM_SETICON, static_cast<WPARAM>(kind),
-                     reinterpret_cast<LPARAM>(icon));
+                                 IMAGE_ICON, side, side, LR_DEFAULTCOLOR);
+        SendMessageW(handle(), WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+        icons_.at(kind).reset(static_cast<HICON>(icon));
     }
 }
 
@@ -137,6 +138,8 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
         case active_below_box:
             to_box_();
             return 0;
+        case WM_SYSCOLORCHANGE:
+            return change_colors();
         case WM_DPICHANGED:
             return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
         case WM_CTLCOLORBTN:
@@ -197,6 +200,14 @@ void FormWindow::find_focus(HWND from) {
 LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
     fit_to(dpi, {place.left, place.top}, 0);
     sync();
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return 0;
+}
+
+/// The system tells only windows like this one.
+LRESULT FormWindow::change_colors() {
+    for (const auto& control : parts_.controls)
+        SendMessageW(control->handle(), WM_SYSCOLORCHANGE, 0, 0);
     RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     return 0;
 }

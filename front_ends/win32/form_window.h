@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <functional>
+#include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -8,6 +11,10 @@
 #include "front_ends/win32/canvas.h"
 
 namespace solvanta::win32 {
+
+struct IconDeleter {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
 
 /// The window of one form.
 class FormWindow final : public Canvas {
@@ -43,11 +50,13 @@ class FormWindow final : public Canvas {
     LRESULT answer_end(const Message& message);
     std::optional<LRESULT> answer_focus(const Message& message);
     LRESULT come_to_screen(UINT dpi, const RECT& place);
+    LRESULT change_colors();
     LRESULT ground_of_button(HDC dc) const;
     void find_focus(HWND from);
 
     Form& form_;
     WindowParts parts_;
+    std::array<std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>, 2> icons_;
     std::function<void(FormWindow&)> close_box_;
     std::function<void()> to_box_;
     std::vector<std::pair<const Timer*, Ticks>> ticks_;

@@ -50,6 +50,10 @@ COLORREF to_ground(const std::optional<Color>& color) {
     return color ? to_color(*color) : GetSysColor(COLOR_BTNFACE);
 }
 
+bool is_dark(COLORREF color) {
+    return 299 * GetRValue(color) + 587 * GetGValue(color) + 114 * GetBValue(color) < 128'000;
+}
+
 HFONT to_font(const Font& font, const Scale& scale) {
     if (font.family.empty()) return standard_font(standard_font_pixels, scale);
     const double pixels = font.points * USER_DEFAULT_SCREEN_DPI / 72;

@@ -23,6 +23,9 @@ COLORREF to_color(const Color& color);
 /// The colour of a ground; without one it is that of the system's dialogs.
 COLORREF to_ground(const std::optional<Color>& color);
 
+/// Whether light text is the one that can be read on it.
+bool is_dark(COLORREF color);
+
 /// The font of an element; without a family the system's own for messages, in a size that the
 /// layout holds. Each is made once for a resolution and kept.
 HFONT to_font(const Font& font, const Scale& scale);

@@ -80,6 +80,10 @@ std::optional<LRESULT> RichTextView::answer(const Message& message) {
     switch (message.id) {
         case WM_GETDLGCODE:  // Tab leads on; the arrows scroll
             return DLGC_WANTARROWS;
+        case WM_SYSCOLORCHANGE:
+            answer_of_class(message);
+            show_text();
+            return 0;
         case WM_KEYDOWN:
             return scroll(message);
         case WM_SETFOCUS:
@@ -124,8 +128,18 @@ void RichTextView::show_text() {
     SendMessageW(handle(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
     // A document without fonts of its own shows in that of the box.
     if (document.find("\\fonttbl") == std::string::npos) use_font_of_box();
+    if (is_dark(GetSysColor(COLOR_WINDOW))) use_color_of_system();
     SendMessageW(handle(), EM_SETSEL, 0, 0);
     SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
+}
+
+/// A document's colours are meant for a light ground.
+void RichTextView::use_color_of_system() {
+    CHARFORMATW format{};
+    format.cbSize = sizeof format;
+    format.dwMask = CFM_COLOR;
+    format.dwEffects = CFE_AUTOCOLOR;
+    SendMessageW(handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
 void RichTextView::use_font_of_box() {

@@ -19,6 +19,7 @@ class RichTextView final : public Window {
     void zoom();
     void leave_margin();
     void show_text();
+    void use_color_of_system();
     void use_font_of_box();
 
     const RichTextBox& box_;

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include <richedit.h>
 #include <windows.h>
 
@@ -14,6 +18,7 @@ HWND window_of(const Form& form) {
 /// A form with a label and a text that does not fit, in which the keys scroll.
 struct TextForm : TestForm {
     TextForm() : TestForm("Text") {
+        HasIcon = true;
         place(view, 10, 30, 280, 140);
         place(label, 10, 4, 100, 20);
         label.BackColor = blue;
@@ -115,6 +120,39 @@ TEST_F(Desktop, ScrollsTheTextAtEachKey) {
     EXPECT_EQ(scrolled(VK_HOME), 0);
 }
 
+/// How many pixels of a window are light, from a corner on.
+int light_pixels(HWND window, POINT corner) {
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    HDC dc = GetDC(window);
+    int light = 0;
+    for (int i = 0; i < 60 * 18; ++i)
+        light += GetGValue(GetPixel(dc, corner.x + i % 60, corner.y + i / 60)) > 128 ? 1 : 0;
+    ReleaseDC(window, dc);
+    return light;
+}
+
+TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
+    const int kinds[] = {COLOR_BTNFACE, COLOR_WINDOW, COLOR_BTNTEXT, COLOR_WINDOWTEXT};
+    const std::array<COLORREF, 4> contrast{0, 0, 0xFFFFFF, 0xFFFFFF};
+    std::array<COLORREF, 4> usual{};
+    std::transform(std::begin(kinds), std::end(kinds), usual.begin(), GetSysColor);
+    TextForm form;
+    form.label.BackColor.reset();
+    form.label.Caption = "Platz: 1";
+    form.view.TextRTF.replace(6, 0, "{\\colortbl;\\red0\\green0\\blue0;}\\cf1 ");
+    show(form);
+    for (const auto& colors : {contrast, usual}) {
+        SetSysColors(4, kinds, colors.data());
+        driver().wait(50);
+        for (const auto& [window, corner] :
+             {std::pair{window_of(form), POINT{11, 5}}, {view_of(form), POINT{5, 5}}}) {
+            const int light = light_pixels(window, corner);
+            EXPECT_TRUE(light > 10 && light < 1070) << light;
+            EXPECT_EQ(light > 540, colors == usual);
+        }
+    }
+}
+
 TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
     TextForm form;
     show(form);
@@ -135,6 +173,11 @@ TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
         EXPECT_NEAR(at.top, scaled(180), 1);
         EXPECT_NEAR(at.bottom, scaled(197), 1);
         EXPECT_NEAR(line_height(form), usual * now / dpi, 2) << now;
+        ICONINFO icon{};
+        BITMAP picture{};
+        GetIconInfo(HICON(SendMessageW(window_of(form), WM_GETICON, ICON_BIG, 0)), &icon);
+        GetObjectW(icon.hbmColor, sizeof picture, &picture);
+        EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, UINT(now)));
         expect_colors(form, {{10.0 * now / dpi + 1, 5.0 * now / dpi, blue}});
     }
     SendMessageW(view_of(form), EM_SETZOOM, 3, 1);  // as by Ctrl and the wheel
