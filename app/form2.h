@@ -11,8 +11,8 @@ namespace solvanta {
 class Form2 : public HelpWindow {
   public:
     /// Reads the help text from the file at `path` (UTF-8), replacing what was shown. When the
-    /// file can't be read, or is no rich text, the window is empty, and one line goes to standard
-    /// error.
+    /// file can't be read, or is no rich text or not the whole of one, a sentence in its place says
+    /// so, and one line goes to standard error.
     void load_help(Files& files, const std::string& path);
 };
 

@@ -31,6 +31,7 @@ void write_to_console_of_parent(std::string_view line) {
 
 void report_trouble(std::string_view text) {
     const std::string line = "Solvanta: " + std::string(text) + "\r\n";
+    OutputDebugStringW(to_utf16(line).c_str());  // a player's program has no standard error
     HANDLE standard_error = GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
     DWORD written = 0;

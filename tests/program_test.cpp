@@ -216,17 +216,25 @@ TEST_F(Program, ClearsListAndCountersWhenConfirmed) {
 }
 
 TEST_F(Program, ReadsTheHelpAgainAtEachClick) {
-    const std::string too_long = "{\\rtf1" + std::string(4 << 20, '.');
-    for (const std::string& content :
-         {"{\\rtf1 eins}"s, "kein RTF"s, "{\\rtf1 zwei}"s, too_long, ""s}) {
+    const std::pair<std::string, bool> cases[] = {
+        {"{\\rtf1 eins}", true},
+        {"kein RTF", false},
+        {"{\\rtf1 {zwei}\\}}\n", true},
+        {"{\\rtf1 drei\\}", false},
+        {"{\\rtf1 {vier}", false},
+        {"{\\rtf1" + std::string(4 << 20, '.') + "}", false},
+        {"", false},
+    };
+    for (const auto& [content, whole] : cases) {
         player.files.files[program_file("/nowhere", "Help.rtf")] = content;
         if (content.empty()) player.files.files.clear();
         Form* const before = shown<Form2>("Hilfe");
         table.Command3.Click();
         auto* const help = shown<Form2>("Hilfe");
         ASSERT_TRUE(help && (!before || help == before));
-        const bool is_shown = content.starts_with('{') && content != too_long;
-        EXPECT_EQ(help->RichTextBox1.TextRTF, is_shown ? content : "");
+        const std::string& text = help->RichTextBox1.TextRTF;
+        EXPECT_EQ(text == content, whole) << text;
+        EXPECT_EQ(text.ends_with(" fehlt oder ist besch\\'e4digt.}"), !whole) << text;
     }
     player.host.close(*shown<Form2>("Hilfe"));
     table.Command3.Click();

@@ -5,6 +5,7 @@
 #include <richedit.h>
 #include <windows.h>
 
+#include "platform/trouble.h"
 #include "tests/front_ends/stage.h"
 #include "text/windows_text.h"
 
@@ -186,6 +187,19 @@ TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
     host().hide(form);
     show(form);
     EXPECT_EQ(line_height(form), usual);
+}
+
+TEST_F(Desktop, IsToldOfTroubleByTheDebuggersStream) {
+    static int heard;
+    const auto hear = [](EXCEPTION_POINTERS* about) -> LONG {
+        const DWORD code = about->ExceptionRecord->ExceptionCode;
+        heard += code == DBG_PRINTEXCEPTION_C || code == DBG_PRINTEXCEPTION_WIDE_C ? 1 : 0;
+        return EXCEPTION_CONTINUE_SEARCH;
+    };
+    void* const handler = AddVectoredExceptionHandler(1, hear);
+    report_trouble("eine Probe");
+    RemoveVectoredExceptionHandler(handler);
+    EXPECT_GT(heard, 0);
 }
 
 }  // namespace
