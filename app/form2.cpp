@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t size_limit = std::size_t{4} << 20;
 
 constexpr const char* no_help =
-    R"({\rtf1\ansi{\fonttbl{\f0\fswiss Arial;}}\f0\fs20 )"
+    R"({\rtf1\ansi{\fonttbl{\f0\fswiss Arial;}}\f0\b0\fs20 )"
     R"(Die Hilfe kann nicht angezeigt werden: Help.rtf fehlt oder ist besch\'e4digt.})";
 
 /// Whether bytes are formatted text up to its last brace.

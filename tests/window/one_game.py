@@ -40,10 +40,10 @@ def minimise(game):
     wait_for(lambda: not is_viewable(game.table), "the icon")
 
 
-def play(command, elsewhere):
+def play(command, elsewhere, by_link):
     with Game(command) as game:
         game.open(TO_HELP, HELP)
-        start_again(command, TABLE)
+        start_again(by_link, TABLE)
         game.to_front()
         game.open(NEW_GAME, BOX)
         if not on_windows(sys.argv[1]):  # a desktop can't do this to Wine
@@ -79,7 +79,8 @@ def race(command):
 
 with tempfile.TemporaryDirectory() as work:
     directories = [copy_of_program(sys.argv[1], os.path.join(work, name)) for name in ("Solvanta", "Zweites")]
-    play(*map(program_in, directories))
+    os.symlink(directories[0], link := os.path.join(work, "Verweis"))
+    play(*map(program_in, [*directories, link]))
     rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
     for _ in range(rounds):
         race(program_in(directories[0]))
