@@ -58,7 +58,7 @@ HRESULT CALLBACK on_notice(HWND box, UINT notice, WPARAM /*button*/, LPARAM /*mo
     }
     // An Enter held down since it opened the box is not meant for its button, but the program's own
     // press of one is.
-    const bool held = open.box && open.enter < 0 && open.enter == GetKeyState(VK_RETURN);
+    const bool held = open.box != nullptr && open.enter < 0 && open.enter == GetKeyState(VK_RETURN);
     return notice == TDN_BUTTON_CLICKED && held ? S_FALSE : S_OK;
 }
 

@@ -24,7 +24,7 @@ struct TextForm : TestForm {
         place(label, 10, 4, 100, 20);
         label.BackColor = blue;
         canvas = {&label};
-        view.TextRTF = "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\fs24 ";
+        view.TextRTF = R"({\rtf1{\fonttbl{\f0 Arial;}}\fs24 )";
         for (int line = 0; line < 60; ++line)
             view.TextRTF += "Zeile\\par ";
         view.TextRTF += '}';
@@ -140,7 +140,7 @@ TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
     TextForm form;
     form.label.BackColor.reset();
     form.label.Caption = "Platz: 1";
-    form.view.TextRTF.replace(6, 0, "{\\colortbl;\\red0\\green0\\blue0;}\\cf1 ");
+    form.view.TextRTF.replace(6, 0, R"({\colortbl;\red0\green0\blue0;}\cf1 )");
     show(form);
     for (const auto& colors : {contrast, usual}) {
         SetSysColors(4, kinds, colors.data());
@@ -173,7 +173,7 @@ TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
         MapWindowPoints(nullptr, window_of(form), reinterpret_cast<POINT*>(&at), 2);
         EXPECT_NEAR(at.top, scaled(180), 1);
         EXPECT_NEAR(at.bottom, scaled(197), 1);
-        EXPECT_NEAR(line_height(form), usual * now / dpi, 2) << now;
+        EXPECT_NEAR(line_height(form), 1.0 * usual * now / dpi, 2) << now;
         ICONINFO icon{};
         BITMAP picture{};
         GetIconInfo(HICON(SendMessageW(window_of(form), WM_GETICON, ICON_BIG, 0)), &icon);
