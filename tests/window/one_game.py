@@ -10,7 +10,8 @@ import sys
 import tempfile
 
 from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window, is_viewable,
-                  on_windows, program_in, require, root, send, wait_for, window_named, windows_named_by)
+                  on_windows, program_in, require, root, send, wait_for, wait_for_answer, window_named,
+                  windows_named_by)
 
 AT_ONCE = 3
 ICONIC = 3  # the state of a minimised window
@@ -38,11 +39,13 @@ def start_again(command, caption):
 def minimise(game):
     send(root.value, 3 << 19, game.table, "WM_CHANGE_STATE", ICONIC)
     wait_for(lambda: not is_viewable(game.table), "the icon")
+    wait_for_answer(game.table)
 
 
 def play(command, elsewhere, by_link):
     with Game(command) as game:
         game.open(TO_HELP, HELP)
+        wait_in_front(HELP)
         start_again(by_link, TABLE)
         game.to_front()
         game.open(NEW_GAME, BOX)
