@@ -39,10 +39,7 @@ const Page = {
         return page.tickPlainly();
       }
       page.ticker.onerror = page.tickPlainly;
-      page.ticker.onmessage = ({ data }) => {
-        page.tell(data, {});
-        page.ticker.postMessage({ heard: data });
-      };
+      page.ticker.onmessage = ({ data }) => page.tell(data, {});
     },
 
     // Ticks of the page itself, where no worker can start.

@@ -1,6 +1,6 @@
 // Ticks on a clock of their own: a page that is not to be seen has its timers slowed down, a worker
-// does not. A timer's next tick falls due when the last one has been heard, at the next multiple of
-// its interval, so that it neither drifts nor makes up for lost time.
+// does not. Ticks are due at whole intervals from the start. Those that a busy page has missed wait
+// for it; those missed here, because the machine has slept, are left out.
 'use strict';
 
 const timers = new Map();
@@ -10,15 +10,16 @@ function wait(id) {
   if (!timer) return;
   const now = performance.now();
   timer.due += timer.interval * Math.max(1, Math.ceil((now - timer.due) / timer.interval));
-  timer.waiting = setTimeout(() => postMessage(id), timer.due - now);
+  timer.waiting = setTimeout(() => {
+    postMessage(id);
+    wait(id);
+  }, timer.due - now);
 }
 
 onmessage = ({ data }) => {
   if (data.start) {
     timers.set(data.start, { interval: data.interval, due: performance.now(), waiting: 0 });
     wait(data.start);
-  } else if (data.heard) {
-    wait(data.heard);
   } else {
     clearTimeout(timers.get(data.stop)?.waiting);
     timers.delete(data.stop);
