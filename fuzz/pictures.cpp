@@ -2,10 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <string>
 
 #include <QCoreApplication>
 
+#include "front_ends/common/picture_bytes.h"
 #include "fuzz/require.h"
 
 extern "C" int LLVMFuzzerInitialize(const int* count, char*** arguments) {
@@ -19,13 +20,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace solvanta;
     constexpr const char* formats[] = {"bmp", "gif", "jpg"};
     if (size == 0) return 0;
-    const auto* bytes = reinterpret_cast<const char*>(data + 1);
-    const QImage image =
-        qt::decode_picture(std::string_view(bytes, size - 1), formats[*data % std::size(formats)]);
-    if (image.isNull()) return 0;
-    fuzz::require(image.width() <= 4096 && image.height() <= 4096, "A picture is too large.");
-    fuzz::require(image.format() == QImage::Format_RGB32 ||
-                      image.format() == QImage::Format_ARGB32_Premultiplied,
+    std::string bytes(reinterpret_cast<const char*>(data + 1), size - 1);
+    const std::string suffix = formats[*data % std::size(formats)];
+    if (!is_whole_picture(bytes, suffix)) return 0;
+    const auto image = qt::decode_picture(bytes, suffix, false);
+    if (!image) return 0;
+    fuzz::require(image->width() <= 4096 && image->height() <= 4096, "A picture is too large.");
+    fuzz::require(image->format() == QImage::Format_RGB32 ||
+                      image->format() == QImage::Format_ARGB32_Premultiplied,
                   "A picture is not ready for painting.");
     return 0;
 }

@@ -81,9 +81,7 @@ class Play {
         return {card.Left + card.Width / 2, card.Top + card.Height / 2};
     }
 
-    void click_at(std::pair<Twips, Twips> at) {
-        hand_.click(at.first, at.second);
-    }
+    void click_at(std::pair<Twips, Twips> at) { hand_.click(at.first, at.second); }
 
     void click() { click_at(column()); }
 

@@ -171,9 +171,9 @@ class Game:
         os.killpg(self.process.pid, signal.SIGKILL)
         self.process.wait()
 
-    def terminate(self):
+    def terminate(self, by=signal.SIGTERM):
         """Ends it as a desktop that ends does; the exit status."""
-        self.process.terminate()
+        self.process.send_signal(by)
         return self.exit_status()
 
     def to_front(self):

@@ -5,7 +5,9 @@ deals, shows its help and its list, ends in order, and writes nothing but the li
     tools/setup/screen.py python3 tests/window/surroundings.py PROGRAM_DIRECTORY
 """
 import contextlib
+import itertools
 import os
+import signal
 import sys
 import tempfile
 
@@ -104,6 +106,7 @@ POSIX_CASES = [
     ("standard streams closed", {"stderr": None, "preexec_fn": close_streams}),
 ]
 
+signals = itertools.cycle((signal.SIGTERM, signal.SIGHUP, signal.SIGINT))
 
 def look(directory):
     """Everything in a directory but the list and what leads to it."""
@@ -129,7 +132,7 @@ def play(name, prepare=lambda program: None, command=program_in, written=True, q
         game.deal()
         game.open(TO_HELP, HELP)
         game.open(TO_BEST_TIMES, BEST_TIMES)
-        status = game.end() if on_windows(program) else game.terminate()
+        status = game.end() if on_windows(program) else game.terminate(next(signals))
         require(status == 0 and not (quiet and game.said()), name, "ends with", status, game.said())
     require(look(program) == before, name, "changes files:", look(program) ^ before)
     require((listed(program) != list_before) == written, name, "the list is", listed(program))
