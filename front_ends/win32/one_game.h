@@ -13,9 +13,8 @@ struct HandleDeleter {
 };
 
 /// One directory, one game: two of them would each write their own list over the other's. The lock
-/// of a program directory belongs to the game of the user's session in it and goes with its
-/// process, however that dies; nothing of it lies on the disk. Where the system gives no such lock
-/// every game may start.
+/// of a program directory belongs to the user's game in it and goes with its process, however that
+/// dies; nothing of it lies on the disk. Where the system gives no such lock every game may start.
 class OneGame {
   public:
     /// Takes the lock of `directory`. Another game that has it is asked to come forward; one that

@@ -22,12 +22,12 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
     show(form);
     for (const auto& [buttons, captions, answers] : cases) {
         for (const auto& [key, answer] : answers) {
-            when_box_opens([&, key = key, &captions = captions] {
+            when_box_opens([&, pressed = key, &shown = captions] {
                 const BoxLook box = *driver().box();
                 EXPECT_EQ(box.title + ": " + box.text, "Solvanta: <b>Größe?</b>");
-                EXPECT_EQ(box.buttons, captions);
-                if (!key) return driver().close_box();
-                driver().key(*key, key == Key::N ? Modifier::Alt : Modifier::None);
+                EXPECT_EQ(box.buttons, shown);
+                if (!pressed) return driver().close_box();
+                driver().key(*pressed, pressed == Key::N ? Modifier::Alt : Modifier::None);
             });
             std::optional<Answer> given;
             host().ask("<b>Größe?</b>", buttons, [&](Answer answered) { given = answered; });
