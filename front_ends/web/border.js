@@ -23,6 +23,9 @@ const Page = {
       return place;
     },
 
+    // A new block with a text, which ends with a zero byte.
+    putText: (text) => page.put(new TextEncoder().encode(`${text}\0`)),
+
     // Tells a listener of an event, or hands it the bytes of a file that has come.
     tell: function(listener, event, bytes) {
       const place = bytes ? page.put(bytes) : 0;
@@ -112,7 +115,7 @@ const Page = {
   },
 
   page_value: function(node) {
-    return allocateUTF8(page.nodes[node].value);
+    return page.putText(page.nodes[node].value);
   },
 
   // Of the element, or of the page itself.
@@ -161,7 +164,7 @@ const Page = {
   },
 
   page_event_key: function() {
-    return allocateUTF8(page.event.key || '');
+    return page.putText(page.event.key || '');
   },
 
   page_event_within: function(selector) {
@@ -230,7 +233,7 @@ const Page = {
   },
 
   page_picture_url: function(bytes, length, type) {
-    return allocateUTF8(page.blob(bytes, length, UTF8ToString(type)));
+    return page.putText(page.blob(bytes, length, UTF8ToString(type)));
   },
 
   // What the browser stores is text: a character for each byte. Answers 0, or 1 when the storage
@@ -274,14 +277,14 @@ const Page = {
     const moment = new Date(2001, what % 12, 1, 10, 30);
     if (what < 12) {
       const name = moment.toLocaleDateString(language, { month: 'short' });
-      return allocateUTF8(name.replace(/\.$/, ''));
+      return page.putText(name.replace(/\.$/, ''));
     }
     const time = { hour: 'numeric', minute: 'numeric', hour12: false };
     const [parts, type] = what === 12 ?
       [new Intl.DateTimeFormat(language, time).formatToParts(moment).slice(1), 'literal'] :
       [new Intl.NumberFormat(language).formatToParts(1.5), 'decimal'];
     const found = parts.find((one) => one.type === type);
-    return allocateUTF8(found ? found.value : '');
+    return page.putText(found ? found.value : '');
   },
 };
 autoAddDeps(Page, '$page');

@@ -107,20 +107,20 @@ const Hand = {
   // Width, height and whether it is in front; empty where there is no such window.
   hand_window: function(caption) {
     const section = hand.window(caption);
-    if (!section) return allocateUTF8('');
+    if (!section) return page.putText('');
     const client = section.querySelector('.client');
     const [width, height] = [client.clientWidth, client.clientHeight].map(
       (pixels) => Math.round(pixels / hand.scale(section)));
-    return allocateUTF8(`${width} ${height} ${Number(section.matches('.foremost'))}`);
+    return page.putText(`${width} ${height} ${Number(section.matches('.foremost'))}`);
   },
 
   // Whether a control is shown, has the focus, can scroll, what it is scrolled by, its text.
   hand_control: function(caption, x, y, scroll) {
     const node = hand.control(caption, x, y);
-    if (!node) return allocateUTF8('0 0 0 0');
+    if (!node) return page.putText('0 0 0 0');
     if (scroll) node.scrollTop = scroll;
     const lines = () => [...node.querySelectorAll('p')].map((one) => one.textContent).join('\n');
-    return allocateUTF8([node.getClientRects().length > 0, node === document.activeElement,
+    return page.putText([node.getClientRects().length > 0, node === document.activeElement,
       node.scrollHeight > node.clientHeight, node.scrollTop].map((one) => Math.round(one))
       .join(' ') + '\n' + (node.matches('input') ? node.value : lines()));
   },
@@ -128,9 +128,9 @@ const Hand = {
   // The title, the text and the buttons of the open box, a line each; empty without one.
   hand_box: function() {
     const box = [...document.querySelectorAll('dialog[open]')].pop();
-    if (!box) return allocateUTF8('');
+    if (!box) return page.putText('');
     const buttons = [...box.querySelectorAll('.choice')].map((one) => one.textContent);
-    return allocateUTF8([box.querySelector('.caption').textContent,
+    return page.putText([box.querySelector('.caption').textContent,
       box.querySelector('p').textContent, ...buttons].join('\n'));
   },
 
