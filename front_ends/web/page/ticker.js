@@ -1,6 +1,6 @@
 // Ticks on a clock of their own: a page that is not to be seen has its timers slowed down, a worker
-// does not. Ticks are due at whole intervals from the start. Those that a busy page has missed wait
-// for it; those missed here, because the machine has slept, are left out.
+// does not. Ticks are due at whole intervals from the start. Those that a busy page or machine has
+// missed are made up for; a pause of more than five intervals is taken for the machine's sleep.
 'use strict';
 
 const timers = new Map();
@@ -9,7 +9,8 @@ function wait(id) {
   const timer = timers.get(id);
   if (!timer) return;
   const now = performance.now();
-  timer.due += timer.interval * Math.max(1, Math.ceil((now - timer.due) / timer.interval));
+  const missed = Math.floor((now - timer.due) / timer.interval);
+  timer.due += timer.interval * (missed > 5 ? missed + 1 : 1);
   timer.waiting = setTimeout(() => {
     postMessage(id);
     wait(id);
