@@ -67,7 +67,7 @@ void BareWrite(benchmark::State& measured) {
 void BestTimesWrite(benchmark::State& measured) {
     const Folder folder;
     BestTimesFile file(folder.file("highscore.scr"), system_files());
-    const GameState state = full_list();
+    GameState state = full_list();
     for ([[maybe_unused]] auto round : measured) {
         if (file.write(state)) measured.SkipWithError("not written");
     }

@@ -30,11 +30,11 @@ std::error_code BestTimesFile::read(GameState& state) {
 }
 
 std::error_code BestTimesFile::read_again(GameState& state) {
-    GameState stored = state;
-    if (const std::error_code error = read(stored)) return error;
+    GameState from_file = state;
+    if (const std::error_code error = read(from_file)) return error;
     if (!std::exchange(wanted_, true)) return {};
-    add(stored, state);
-    state = std::move(stored);
+    add(from_file, state);
+    state = std::move(from_file);
     return {};
 }
 

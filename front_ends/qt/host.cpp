@@ -47,7 +47,13 @@ void QtHost::close_box() {
 }
 
 void QtHost::soon(Event act) {
-    QMetaObject::invokeMethod(&connections_, std::move(act), Qt::QueuedConnection);
+    auto* const timer = new QTimer(&connections_);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, &connections_, [timer, act = std::move(act)] {
+        timer->deleteLater();
+        act();
+    });
+    timer->start();
 }
 
 void QtHost::end() {

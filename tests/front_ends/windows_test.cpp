@@ -152,7 +152,9 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         driver().later(0, [&] { tap(form, place_of(form, form.button).centre()); });
         EXPECT_TRUE(driver().run());
         EXPECT_EQ(log, "saving saving closed ");
-        EXPECT_FALSE(driver().window("Probe") || driver().window("Hilfe") || driver().box());
+        EXPECT_TRUE(wait_until([&] {
+            return !driver().window("Probe") && !driver().window("Hilfe") && !driver().box();
+        }));
     }
 }
 
