@@ -6,16 +6,16 @@
 namespace solvanta {
 namespace {
 
-/// Puts what `since` holds behind what `state` holds, as if it had come after it. Among equal times
+/// Puts what `later` holds behind what `list` holds, as if it had come after it. Among equal times
 /// the list keeps the order in which the entries were made, so its own order serves.
-void add(GameState& state, const GameState& since) {
+void add(GameState& list, const GameState& later) {
     for (int p = 1; p <= best_places; ++p) {
-        const int place = place_for(state, since.BestTime(p));
-        if (since.BestTime(p) == 0 || place == no_place) continue;
-        insert_entry(state, place, since.BestTime(p), since.BestName(p), since.BestDate(p));
+        const int place = place_for(list, later.BestTime(p));
+        if (later.BestTime(p) == 0 || place == no_place) continue;
+        insert_entry(list, place, later.BestTime(p), later.BestName(p), later.BestDate(p));
     }
-    count_up(state.GamesPlayed, since.GamesPlayed);
-    count_up(state.GamesWon, since.GamesWon);
+    count_up(list.GamesPlayed, later.GamesPlayed);
+    count_up(list.GamesWon, later.GamesWon);
 }
 
 }  // namespace
