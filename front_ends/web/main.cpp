@@ -1,8 +1,10 @@
+#include <exception>
 #include <vector>
 
 #include "app/form_main.h"
 #include "front_ends/web/files.h"
 #include "front_ends/web/host.h"
+#include "platform/trouble.h"
 #include "scores/best_times_format.h"
 #include "view/pictures.h"
 
@@ -84,6 +86,10 @@ class Program {
 }  // namespace
 
 int main() {
-    static Program program;
+    try {
+        static Program program;
+    } catch (const std::exception& error) {
+        report_trouble(error.what());
+    }
     return 0;
 }

@@ -96,7 +96,7 @@ void PictureView::display(const Image* image) {
     const bool readable = !url_.empty();
     picture_.attribute_if("hidden", !readable);
     placeholder_.attribute_if("hidden", image == nullptr || readable);
-    if (readable) {
+    if (image && readable) {
         picture_.attribute("srcset", image->url + (image->fine ? " 2x" : " 1x"));
     } else if (image) {
         placeholder_.text(file_name(image->file));
