@@ -44,8 +44,8 @@ std::error_code BestTimesFile::write(GameState& state) {
 }
 
 std::error_code BestTimesFile::take(std::string_view bytes, GameState& state) {
+    if (unread_ && read_again(state)) return error_;
     GameState taken = state;
-    if (unread_ && read(taken)) return error_;
     parse_best_times(bytes, taken);
     const std::error_code error = write(taken);
     if (!error) state = std::move(taken);

@@ -180,6 +180,22 @@ TEST(BestTimesFile, NeverTouchesWhatIsTooLong) {
     EXPECT_FALSE(file.write(state));
 }
 
+TEST(BestTimesFile, KeepsWhatWasUnreadWhenAnotherListCannotBeStored) {
+    MemoryFiles files(installed_file);
+    DurableFiles durable(files);
+    BestTimesFile file(MemoryFiles::list_path, durable);
+    GameState state;
+    for (const std::string failing : {"read", "create"}) {
+        files.before = [&](const std::string& call) {
+            return std::make_error_code(call == failing ? std::errc::io_error : std::errc());
+        };
+        EXPECT_TRUE(failing == "read" ? file.read(state) : file.take("", state));
+    }
+    files.before = nullptr;
+    EXPECT_FALSE(file.write(state));
+    EXPECT_EQ(files.files.at(MemoryFiles::list_path), installed_file);
+}
+
 TEST(BestTimesFile, IsToldFromOtherFiles) {
     const std::string list = rewritten("100,\"J\xf6rg, der \x94\",\"3. Jan 2026 9:05\"\r\n");
     std::string with_unix_ends = list;

@@ -3,6 +3,7 @@
 #include "text/windows_text.h"
 
 namespace solvanta::win32 {
+
 void sync_place(HWND control, const Element& element, const Scale& scale) {
     // What reaches beyond the parent would be cut off, a scroll bar included.
     const RECT room = client_area(GetParent(control));
