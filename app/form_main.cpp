@@ -12,7 +12,7 @@
 #include "scores/list_text.h"
 #include "text/windows_1252.h"
 #include "view/pictures.h"
-#include "view/spoken_names.h"
+#include "view/spoken.h"
 #include "view/table_display.h"
 
 namespace solvanta {
@@ -24,7 +24,7 @@ Form_Main::Form_Main(Host& host, std::function<RandomSource()> seed_random, File
       directory_(host.program_directory()),
       best_times_file_(program_file(directory_, best_times_file_name), files) {
     clear_places(state);
-    name_places(state, *this);
+    let_speak(state, *this);
     connect_events();
     connect_rows();
 }

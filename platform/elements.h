@@ -76,6 +76,7 @@ struct PictureElement : Element {
     solvanta::Picture Picture;
     bool CutToHeight = false;  ///< only the top `Height` twips of the picture are shown
     bool KeyStop = false;      ///< a place to which the arrow keys lead
+    char Key = 0;              ///< clicks it from anywhere on the canvas: a digit or a capital
     Event Click;
     Event DblClick;
 
@@ -139,6 +140,12 @@ using Control = std::variant<CommandButton*, Frame*, TextBox*, PictureBox*, Rich
 struct Container {
     std::vector<Painted> canvas;    ///< from the lowest to the topmost
     std::vector<Control> controls;  ///< above the canvas, in tab order
+
+    /// Tells a screen reader what has changed on the canvas since the last call.
+    std::function<std::string()> SpokenChanges;
+
+    /// Tells what a screen reader says at a key, a capital; empty at a key of no use.
+    std::function<std::string(char key)> SpokenAnswer;
 };
 
 /// Load numbers of pictures.

@@ -4,12 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include "front_ends/common/spoken_changes.h"
 #include "front_ends/common/walk.h"
 #include "tests/support/golden_game.h"
 #include "tests/support/player.h"
 #include "view/pictures.h"
-#include "view/spoken_names.h"
+#include "view/spoken.h"
 
 namespace solvanta::test {
 namespace {
@@ -124,13 +123,34 @@ TEST(Layout, ListsEveryElementOnceInItsOrderAndWithinItsWindow) {
     }
 }
 
-TEST(SpokenNames, AreGerman) {
-    const std::pair<CardNumber, const char*> table[] = {
-        {0, ""},          {1, "Herz Ass"},   {13, "Herz König"}, {14, "Pik Ass"},
-        {24, "Pik Bube"}, {38, "Karo Dame"}, {49, "Kreuz 10"},   {53, ""},
+TEST(Table, SaysWhatHasChanged) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"1 H7 P6", "c1.2", "Pik 6, ausgewählt, Spalte 1, 2 offene bis Herz 7"},
+        {"W H7 P6", "waste", "Pik 6, ausgewählt, Ablage, 2 Karten"},
+        {"1 H7; sel 1", "c1", "Nicht mehr ausgewählt"},
+        {"1 H7; 2 H5; sel 1", "c2", "Passt nicht. Herz 5, ausgewählt, Spalte 2"},
+        {"1 H7; W H5; sel 1", "waste", "Herz 5, ausgewählt, Ablage, 1 Karte"},
+        {"1 X8 H7; 2 H2 K3 | P6 H5 X4; sel 2", "c1",
+         "Pik 6 mit 2 Karten auf Herz 7, Spalte 1. Verdeckte Karte, Spalte 2, darunter 1 "
+         "verdeckte"},
+        {"2 PK HD; sel 2", "c10", "Pik König mit 1 Karte, Spalte 10. Spalte 2, leer"},
+        {"W H8 X6; 1 H7; sel 0", "c1", "Kreuz 6 auf Herz 7, Spalte 1. Herz 8, Ablage, 1 Karte"},
+        {"W H7; 1 P8; sel 0", "c1", "Herz 7 auf Pik 8, Spalte 1. Ablage, leer"},
+        {"10 H7 | P2?", "c10", "Pik 2, Spalte 10, darunter 1 verdeckte"},
+        {"4 X3 H2 P1", "c4!", "Pik Ass, Ziel 2. Herz 2, Spalte 4, 2 offene bis Kreuz 3"},
+        {"D 1", "stock", "Kreuz König, Ablage. Stapel, 103 Karten"},
+        {"S; F 13 13 13 13 12 12 13 13; W HK PK", "stock", "Umgedreht, 2. Runde. Stapel, 2 Karten"},
+        {"S; F 13 13 13 13 13 13 13 12; 1 XK", "c1!",
+         "Kreuz König, Ziel 8. Spalte 1, leer. Gewonnen. Platz: 1"},
+        {"1 H7; 2 H5", "tick c5", ""},
     };
-    for (const auto& [card, name] : table)
-        EXPECT_EQ(spoken_card(card), name);
+    for (const auto& [position, played, said] : cases) {
+        Player player;
+        player.set_up(position);
+        player.table.SpokenChanges();
+        player.play(played);
+        EXPECT_EQ(player.table.SpokenChanges(), said) << position;
+    }
 }
 
 using enum Direction;
@@ -156,23 +176,18 @@ class DealtTable : public testing::Test {
     Form_Main& table = player.table;
 };
 
-TEST_F(DealtTable, HasANameForEachPlace) {
-    SpokenChanges changes;
-    EXPECT_EQ(changes.since_last_time(table), "");  // too much for anybody to follow
-    EXPECT_EQ(table.Source.spoken_name(), "Ablage: leerer Platz");
-    EXPECT_EQ(table.Stapel(7).spoken_name(), "Ziel 8: leerer Platz");
-    EXPECT_EQ(table.Ih(1)(0).spoken_name(), "Spalte 1: verdeckte Karte");
-    player.play("c10");
-    EXPECT_EQ(changes.since_last_time(table), "Spalte 10: Herz 4, ausgewählt");
-    player.play("stock waste");
-    EXPECT_EQ(changes.since_last_time(table),
-              "Stapel, 46 Karten. Ablage: Pik 2, ausgewählt. Spalte 10: Herz 4");
-    EXPECT_EQ(changes.since_last_time(table), "");
-    player.set_up("S H2; W H3; F 13 13 13 13 1 13 13 13; 1 H4 H5 H6 H7 H8 H9 H10 HB HD | HK?");
-    EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 1 Karte");
-    EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1: verdeckte Karte");
+TEST_F(DealtTable, TellsItsPlacesAndItsWhole) {
+    EXPECT_TRUE(table.SpokenChanges().ends_with(". Herz 4, Spalte 10. Stapel, 49 Karten"));
     player.play("stock");
-    EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, leerer Platz");
+    EXPECT_EQ(table.SpokenAnswer('Z'),
+              "Zeit 0:00. 1.Runde: 3 Karten heben. Stapel, 46 Karten. Ablage, 3 Karten. Noch 104 "
+              "Karten abzulegen");
+    player.set_up("S; W XK; F 13 13 13 13 12 13 13 11; 1 HK XD; sel 1");
+    const std::string whole = table.SpokenAnswer('T');
+    EXPECT_TRUE(whole.starts_with("Spalte 1, ausgewählt, Kreuz Dame, Herz König. Spalte 2, leer."));
+    EXPECT_TRUE(whole.ends_with(". Kreuz Bube, Ziel 8")) << whole;
+    EXPECT_EQ(table.Iv(2)(0).spoken_name(), "Herz König, Spalte 1, unter 1 Karte");
+    EXPECT_EQ(table.SpokenAnswer('X'), "");
 }
 
 TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
@@ -182,14 +197,14 @@ TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
             auto* const* element = std::get_if<PictureElement*>(&item);
             if (!element || *element == &table.zeiger || !(*element)->Visible) continue;
             if (is_place(**element)) places.insert(*element);
-            ASSERT_NE((*element)->spoken_name(), "");
             ASSERT_TRUE(!(*element)->Click || is_place(**element));
         }
         ASSERT_EQ(reached(), places) << player.position();
+        ASSERT_NE(table.SpokenChanges(), "") << player.position();
     };
     player.play(game.words);
-    EXPECT_EQ(table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
-    EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1: leerer Platz");
+    EXPECT_EQ(table.Stapel(0).spoken_name(), "Herz König, Ziel 1");
+    EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1, leer");
 }
 
 TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
@@ -211,8 +226,7 @@ TEST_F(DealtTable, IsWalkedOnNearWhereAPlaceWas) {
     gone.Top += 2 * face_up_step;
     gone.Visible = false;
     EXPECT_EQ(nearest_place(table, gone), &table.Iv(1)(4));
-    const Form_Main& empty = Player(1).table;
-    EXPECT_EQ(nearest_place(empty, gone), nullptr);
+    EXPECT_EQ(nearest_place({}, gone), nullptr);
 }
 
 }  // namespace

@@ -213,16 +213,17 @@ void TableWindow::place_rows() {
     }
 }
 
-void TableWindow::add_key_stop(PictureElement& element) {
+void TableWindow::add_key_stop(PictureElement& element, char key) {
     element.KeyStop = true;
+    element.Key = key;
     canvas.emplace_back(&element);
 }
 
 void TableWindow::list_elements() {
     for (PictureElement& element : Stapel)
         add_key_stop(element);
-    add_key_stop(Source_Hide);
-    add_key_stop(Source);
+    add_key_stop(Source_Hide, 'S');
+    add_key_stop(Source, 'A');
     for (TableauRow& row : Ih) {
         for (PictureElement& element : row)
             canvas.emplace_back(&element);
@@ -231,6 +232,8 @@ void TableWindow::list_elements() {
         for (PictureElement& element : row)
             add_key_stop(element);
     }
+    for (int i = 0; i <= 9; ++i)
+        Iv(1)(i).Key = "1234567890"[i];
     canvas.insert(canvas.end(), {&zeiger, &Status, &Zeitanzeige});
 
     FrBestzeiteintrag.canvas = {&Label1, &Platz};

@@ -47,7 +47,7 @@ struct TableWindow : Form {
   private:
     void place_elements();
     void place_rows();
-    void add_key_stop(PictureElement& element);
+    void add_key_stop(PictureElement& element, char key = 0);
     void list_elements();
 };
 

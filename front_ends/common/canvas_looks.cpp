@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "front_ends/common/look.h"
+
 namespace solvanta {
 namespace {
 
@@ -26,8 +28,10 @@ CanvasLooks::Look CanvasLooks::look(const Painted& item, const Scale& scale,
 }
 
 PixelRect CanvasLooks::changes(const Container& container, const Scale& scale,
-                               const PictureArea& area_of) {
-    PixelRect changed;
+                               const PictureArea& area_of, const Element* ringed) {
+    const PixelRect ring = ringed ? ring_around(*ringed, scale) : PixelRect();
+    PixelRect changed = ring == ring_ ? PixelRect() : united(ring_, ring);
+    ring_ = ring;
     looks_.resize(container.canvas.size());
     auto before = looks_.begin();
     for (const Painted& item : container.canvas) {

@@ -19,11 +19,15 @@ class CanvasLooks {
 
     /// Looks at the container again; the smallest rectangle around all that looks otherwise than at
     /// the last call. One rectangle: clipped to many, pictures are slower to paint than all
-    /// between.
-    PixelRect changes(const Container& container, const Scale& scale, const PictureArea& area_of);
+    /// between. `ringed` is the place with the ring around it, or null.
+    PixelRect changes(const Container& container, const Scale& scale, const PictureArea& area_of,
+                      const Element* ringed);
 
     /// Where the element of that place in the container is painted; empty when it is not.
     const PixelRect& area(std::size_t index) const { return looks_[index].area; }
+
+    /// The ring's outer edge; empty where there is none.
+    const PixelRect& ring() const { return ring_; }
 
   private:
     struct Look {
@@ -36,6 +40,7 @@ class CanvasLooks {
     static Look look(const Painted& item, const Scale& scale, const PictureArea& area_of);
 
     std::vector<Look> looks_;
+    PixelRect ring_;
 };
 
 }  // namespace solvanta

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/elements.h"
+#include "front_ends/common/scale.h"
 
 // What looks the same in every window system that paints it. Lengths are pixels at 96 dots per
 // inch.
@@ -14,6 +14,19 @@ inline constexpr int frame_caption_indent = 9;
 
 inline constexpr int standard_font_pixels = 12;
 inline constexpr int button_font_pixels = 11;  // legible in a button 17 pixels high
+
+/// The ring around the place that has the keyboard: a white line outside of it and a black one
+/// inside, so that it stands out on every ground.
+inline constexpr int ring_line = 2;
+inline constexpr Color ring_outside{0xFF, 0xFF, 0xFF};
+inline constexpr Color ring_inside{0, 0, 0};
+
+/// The ring's outer edge.
+inline PixelRect ring_around(const Element& place, const Scale& scale) {
+    const PixelRect inner = scale.place_of(place);
+    const int line = scale.scaled(ring_line);
+    return {inner.left - line, inner.top - line, inner.right + line, inner.bottom + line};
+}
 
 /// What stands in for a picture that can't be read: a light box bearing its file's name.
 inline constexpr Color placeholder_border{0x50, 0x50, 0x50};

@@ -63,6 +63,13 @@ std::string place_name(const PictureElement& element) {
     return element.Visible && element.KeyStop ? element.spoken_name() : std::string();
 }
 
+bool has_key_stops(const Container& container) {
+    return std::any_of(container.canvas.begin(), container.canvas.end(), [](const Painted& item) {
+        auto* const* element = std::get_if<PictureElement*>(&item);
+        return element && (*element)->KeyStop;
+    });
+}
+
 PictureElement* next_place(const Container& container, const PictureElement& from,
                            Direction direction) {
     return cheapest_place(container, [&](const PictureElement& to) {

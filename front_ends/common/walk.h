@@ -18,6 +18,9 @@ inline bool is_place(const PictureElement& element) {
     return !place_name(element).empty();
 }
 
+/// Whether the arrow keys have anywhere to go in `container`, at this moment or later.
+bool has_key_stops(const Container& container);
+
 /// The next place in that direction. A place beside or in line with `from` goes before a nearer
 /// one that lies off. Null at the edge.
 PictureElement* next_place(const Container& container, const PictureElement& from,

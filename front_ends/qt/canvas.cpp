@@ -7,6 +7,8 @@
 #include <QStyleHints>
 
 #include "front_ends/common/look.h"
+#include "front_ends/common/walk.h"
+#include "front_ends/qt/keys.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/scale.h"
 
@@ -26,8 +28,10 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       container_(container),
       background_(background),
       parts_(parts),
-      mouse_(container) {
+      mouse_(container),
+      keyboard_(container, parts.deliver, parts.announce) {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    if (has_key_stops(container)) setFocusPolicy(Qt::TabFocus);
 }
 
 /// Installed on the controls: what is pressed there makes no half of a double click here.
@@ -37,12 +41,16 @@ bool Canvas::eventFilter(QObject* /*receiver*/, QEvent* event) {
 }
 
 void Canvas::sync() {
-    const PixelRect changed =
-        looks_.changes(container_, logical_scale, [this](const PictureElement& element) {
+    keyboard_.sync();
+    const bool is_ringed = keyboard_.is_in_use() && hasFocus();
+    const PixelRect changed = looks_.changes(
+        container_, logical_scale,
+        [this](const PictureElement& element) {
             const QRect area = painted_area(element).toAlignedRect();
             return PixelRect{area.left(), area.top(), area.left() + area.width(),
                              area.top() + area.height()};
-        });
+        },
+        is_ringed ? keyboard_.place() : nullptr);
     update(to_qt(changed));
 }
 
@@ -62,6 +70,19 @@ void Canvas::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), background_);
     paint_elements(painter, event->region());
+    paint_ring(painter);
+}
+
+void Canvas::paint_ring(QPainter& painter) const {
+    if (looks_.ring().empty()) return;
+    QRectF line = to_qt(looks_.ring());
+    for (const Color& color : {ring_outside, ring_inside}) {
+        constexpr double half = ring_line / 2.0;
+        painter.setPen(
+            QPen(to_color(color), ring_line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(line.adjusted(half, half, -half, -half));
+        line.adjust(ring_line, ring_line, -ring_line, -ring_line);
+    }
 }
 
 void Canvas::paint_elements(QPainter& painter, const QRegion& region) const {
@@ -96,6 +117,7 @@ QPoint Canvas::place_in_twips(const QMouseEvent& event) const {
 }
 
 void Canvas::press(const QMouseEvent& event) {
+    keyboard_.use(false);
     if (event.button() != Qt::LeftButton) return mouse_.forget_press();
     const QStyleHints& hints = *QGuiApplication::styleHints();
     const Twips reach = hints.mouseDoubleClickDistance() * twips_per_pixel;
@@ -117,6 +139,22 @@ void Canvas::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const QPoint at = place_in_twips(*event);
     parts_.deliver(mouse_.release(at.x(), at.y()));
+}
+
+void Canvas::keyPressEvent(QKeyEvent* event) {
+    if (!keyboard_.press(to_key_press(*event))) return QWidget::keyPressEvent(event);
+    sync();
+}
+
+void Canvas::focusInEvent(QFocusEvent* event) {
+    const bool by_key =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (by_key) keyboard_.use(true);
+    sync();
+}
+
+void Canvas::focusOutEvent(QFocusEvent* /*event*/) {
+    sync();
 }
 
 FrameBox::FrameBox(Frame& frame, WindowParts& parts, QWidget* parent)

@@ -4,13 +4,14 @@
 #include <QWidget>
 
 #include "front_ends/common/canvas_looks.h"
+#include "front_ends/common/keyboard.h"
 #include "front_ends/common/mouse.h"
 #include "front_ends/qt/window_parts.h"
 
 namespace solvanta::qt {
 
 /// Paints the picture elements and labels of a container and passes the left mouse button on to
-/// its Mouse. It is also the parent of the container's controls.
+/// its Mouse, keys to its Keyboard. It is also the parent of the container's controls.
 class Canvas : public QWidget {
   public:
     Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent);
@@ -23,6 +24,9 @@ class Canvas : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
     const QColor& background() const { return background_; }
@@ -33,12 +37,14 @@ class Canvas : public QWidget {
     QPoint place_in_twips(const QMouseEvent& event) const;
     QRectF painted_area(const PictureElement& element) const;
     void paint(QPainter& painter, const PictureElement& element) const;
+    void paint_ring(QPainter& painter) const;
     void paint(QPainter& painter, const Label& label) const;
 
     Container& container_;
     QColor background_;
     WindowParts& parts_;
     Mouse mouse_;
+    Keyboard keyboard_;
     CanvasLooks looks_;  // as of the last `sync`
 };
 

@@ -18,6 +18,15 @@ Ticks::Time time_awake() {
     return std::chrono::duration_cast<Ticks::Time>(time);
 }
 
+/// Behind all controls in the order of the Tab key.
+void put_last(QWidget& canvas) {
+    QWidget* last = &canvas;
+    for (QWidget* next = canvas.nextInFocusChain(); canvas.isAncestorOf(next);
+         next = next->nextInFocusChain())
+        last = next;
+    QWidget::setTabOrder(last, &canvas);
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box)
@@ -32,6 +41,7 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     canvas->setGeometry(rect());
     parts_.syncs.emplace_back([canvas] { canvas->sync(); });
     build_controls(form, *canvas, parts_);
+    put_last(*canvas);
     sync();
     if (form.Place == OpeningPlace::Centered) centre();
     for (const Timer* timer : form.timers)

@@ -66,9 +66,10 @@ struct PageEvent {
     double inside_x = page_event("offsetX");  ///< in the element that it is meant for
     double inside_y = page_event("offsetY");
     double milliseconds = page_event("timeStamp");  ///< by a steady clock
-    std::string key = taken(page_event_key());
+    std::string key = taken(page_event_key());  ///< of the row of digits the digit, even with Shift
     bool alt = page_event("altKey") != 0;
     bool modified = alt || page_event("ctrlKey") != 0 || page_event("metaKey") != 0;
+    bool shift = page_event("shiftKey") != 0;
     bool repeated = page_event("repeat") != 0;        ///< by a key held down
     bool composing = page_event("isComposing") != 0;  ///< a part of what an input method writes
     bool is_own = page_event("eventPhase") == 2;      ///< not meant for an element within

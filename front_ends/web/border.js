@@ -164,7 +164,8 @@ const Page = {
   },
 
   page_event_key: function() {
-    return page.putText(page.event.key || '');
+    const { code = '', key = '' } = page.event;
+    return page.putText(code.startsWith('Digit') ? code.at(-1) : key);
   },
 
   page_event_within: function(selector) {

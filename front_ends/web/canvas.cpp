@@ -1,14 +1,37 @@
 #include "front_ends/web/canvas.h"
 
+#include <cctype>
 #include <cstdint>
 
 #include "front_ends/common/walk.h"
 #include "front_ends/web/look.h"
 
 namespace solvanta::web {
+namespace {
+
+KeyPress to_key_press(const PageEvent& event) {
+    static const std::map<std::string, TableKey> keys{
+        {"ArrowLeft", TableKey::Left}, {"ArrowRight", TableKey::Right},  {"ArrowUp", TableKey::Up},
+        {"ArrowDown", TableKey::Down}, {"Home", TableKey::Home},         {"End", TableKey::End},
+        {"PageUp", TableKey::PageUp},  {"PageDown", TableKey::PageDown}, {"Enter", TableKey::Click},
+        {" ", TableKey::Click}};
+    const auto found = keys.find(event.key);
+    const int character = event.key.size() == 1 ? std::toupper(event.key[0]) : 0;
+    return {.key = found == keys.end() ? TableKey::Character : found->second,
+            .character = static_cast<char>(character),
+            .shift = event.shift,
+            .control = event.modified,
+            .repeated = event.repeated};
+}
+
+}  // namespace
 
 Canvas::Canvas(Container& container, Node area, WindowParts& parts)
-    : container_(container), area_(std::move(area)), parts_(parts), mouse_(container) {
+    : container_(container),
+      area_(std::move(area)),
+      parts_(parts),
+      mouse_(container),
+      keyboard_(container, parts.deliver, parts.announce) {
     for (const Painted& item : container.canvas)
         std::visit([this](auto* element) { add(*element); }, item);
     listen();
@@ -31,7 +54,6 @@ void Canvas::add(Label& label) {
 }
 
 void Canvas::sync() {
-    const std::string said = changes_.since_last_time(container_);
     for (auto& [element, view] : views_)
         bring_in_line(*element, view);
     for (const auto& [label, node] : labels_) {
@@ -39,6 +61,7 @@ void Canvas::sync() {
         node.place(*label);
     }
     sync_walk();
+    const std::string said = container_.SpokenChanges ? container_.SpokenChanges() : std::string();
     if (!said.empty()) parts_.announce(said);
 }
 
@@ -47,26 +70,26 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
     node.place(element);
     if (!element.Visible) return;
     node.turn("cut", element.CutToHeight);
-    const auto name = changes_.names().find(&element);
-    const bool is_named = name != changes_.names().end();
-    node.attribute("aria-hidden", is_named ? "false" : "true");
-    node.attribute("aria-label", is_named ? name->second : "");
+    const std::string name = place_name(element);
+    node.attribute("aria-hidden", name.empty() ? "true" : "false");
+    node.attribute("aria-label", name);
     view.show(element.Picture, parts_.fine);
 }
 
 /// When the place with the focus goes, the nearest takes it over.
 void Canvas::sync_walk() {
-    if (current_ && changes_.names().contains(current_)) return;
-    const bool had_focus = current_ != nullptr && node_of(current_).has_focus();
-    stop_at(nearest_place(container_, current_ ? *current_ : PictureElement()));
-    if (had_focus && current_) node_of(current_).focus();
+    const bool had_focus = stop_ && node_of(stop_).has_focus();
+    keyboard_.sync();
+    if (keyboard_.place() == stop_) return;
+    stop_at(keyboard_.place());
+    if (had_focus && stop_) node_of(stop_).focus();
 }
 
 /// One place at a time is a stop of the Tab key.
 void Canvas::stop_at(PictureElement* place) {
-    if (current_) node_of(current_).attribute("tabindex", "-1");
-    current_ = place;
-    if (current_) node_of(current_).attribute("tabindex", "0");
+    if (stop_) node_of(stop_).attribute("tabindex", "-1");
+    keyboard_.walk_to(stop_ = place);
+    if (stop_) node_of(stop_).attribute("tabindex", "0");
 }
 
 void Canvas::listen() {
@@ -94,30 +117,9 @@ void Canvas::press(const PageEvent& event) {
 }
 
 void Canvas::key(PageEvent& event) {
-    static const std::map<std::string, Direction> arrows{{"ArrowLeft", Direction::Left},
-                                                         {"ArrowRight", Direction::Right},
-                                                         {"ArrowUp", Direction::Up},
-                                                         {"ArrowDown", Direction::Down}};
-    if (event.modified || !current_ || !node_of(current_).has_focus()) return;
-    const bool twice = event.key == "d" || event.key == "D";
-    const auto arrow = arrows.find(event.key);
-    event.taken_over = twice || event.key == "Enter" || event.key == " " || arrow != arrows.end();
-    if (arrow != arrows.end()) {
-        const PictureElement* const next = next_place(container_, *current_, arrow->second);
-        if (next) node_of(next).focus();
-    } else if (event.taken_over && !event.repeated) {
-        click_current(twice);
-    }
-}
-
-/// What the hand on the mouse would do there, once or twice.
-void Canvas::click_current(bool twice) {
-    const Press press{current_->Left + current_->Width / 2, current_->Top + current_->Height / 2};
-    mouse_.cancel();
-    mouse_.press(press, {});
-    parts_.deliver(mouse_.release(press.x, press.y));
-    if (twice) parts_.deliver(mouse_.press(press, {}));
-    mouse_.cancel();
+    if (event.alt || !stop_ || !node_of(stop_).has_focus()) return;
+    event.taken_over = keyboard_.press(to_key_press(event));
+    if (keyboard_.place() != stop_) node_of(keyboard_.place()).focus();
 }
 
 }  // namespace solvanta::web

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "front_ends/common/keyboard.h"
 #include "front_ends/common/mouse.h"
-#include "front_ends/common/spoken_changes.h"
 #include "front_ends/web/window_parts.h"
 
 namespace solvanta::web {
@@ -29,7 +29,6 @@ class Canvas {
     void listen();
     void press(const PageEvent& event);
     void key(PageEvent& event);
-    void click_current(bool twice);
     void stop_at(PictureElement* place);
     const Node& node_of(const PictureElement* element) const { return views_.at(element).node(); }
 
@@ -39,8 +38,8 @@ class Canvas {
     Mouse mouse_;
     std::map<const PictureElement*, PictureView> views_;
     std::vector<std::pair<Label*, Node>> labels_;
-    PictureElement* current_ = nullptr;  // where the walk is
-    SpokenChanges changes_;
+    Keyboard keyboard_;
+    PictureElement* stop_ = nullptr;  // the place that is a stop of the Tab key
 };
 
 }  // namespace solvanta::web

@@ -44,9 +44,9 @@ bool is_on_control(const Message& message) {
 }  // namespace
 
 void Canvas::sync() {
-    const PixelRect changed =
-        looks_.changes(container_, scale(),
-                       [this](const PictureElement& element) { return painted_area(element); });
+    const PixelRect changed = looks_.changes(
+        container_, scale(),
+        [this](const PictureElement& element) { return painted_area(element); }, nullptr);
     const RECT area = to_rect(changed);
     if (!changed.empty()) InvalidateRect(handle(), &area, FALSE);
 }

@@ -1,0 +1,72 @@
+#include "front_ends/common/keyboard.h"
+
+#include <algorithm>
+#include <map>
+
+#include "front_ends/common/mouse.h"
+#include "front_ends/common/walk.h"
+
+namespace solvanta {
+
+bool Keyboard::press(const KeyPress& press) {
+    sync();
+    const bool used = press.key == TableKey::Character ? !press.control && press_character(press)
+                                                       : place_ && walk(press.key, press.control);
+    if (used && press.key == TableKey::Click && !press.repeated) click(*place_);
+    is_in_use_ |= used;
+    return used;
+}
+
+/// Answers whether the key is one of the walk's, as far as it leads.
+bool Keyboard::walk(TableKey key, bool far) {
+    static const std::map<TableKey, Direction> directions{
+        {TableKey::Left, Direction::Left}, {TableKey::Right, Direction::Right},
+        {TableKey::Up, Direction::Up},     {TableKey::Down, Direction::Down},
+        {TableKey::Home, Direction::Left}, {TableKey::End, Direction::Right},
+        {TableKey::PageUp, Direction::Up}, {TableKey::PageDown, Direction::Down},
+    };
+    const auto direction = directions.find(key);
+    if (direction == directions.end()) return true;
+    far |= key >= TableKey::Home;
+    do {
+        PictureElement* const next = next_place(container_, *place_, direction->second);
+        if (!next) break;
+        place_ = next;
+    } while (far);
+    return true;
+}
+
+bool Keyboard::press_character(const KeyPress& press) const {
+    const auto is_meant = [&](const Painted& item) {
+        auto* const* element = std::get_if<PictureElement*>(&item);
+        return element && (*element)->Key == press.character && is_place(**element);
+    };
+    const auto meant = std::find_if(container_.canvas.begin(), container_.canvas.end(), is_meant);
+    const bool is_walks = press.character == 'D' && place_;
+    if (!is_walks && (press.character == 0 || meant == container_.canvas.end()))
+        return answer(press.character);
+    if (press.repeated) return true;
+    is_walks ? click(*place_, true) : click(*std::get<PictureElement*>(*meant), press.shift);
+    return true;
+}
+
+bool Keyboard::answer(char key) const {
+    const std::string text = container_.SpokenAnswer ? container_.SpokenAnswer(key) : std::string();
+    if (!text.empty()) say_(text);
+    return !text.empty();
+}
+
+void Keyboard::click(const PictureElement& place, bool twice) const {
+    const Press middle{place.Left + place.Width / 2, place.Top + place.Height / 2};
+    Mouse mouse(container_);
+    mouse.press(middle, {});
+    deliver_(mouse.release(middle.x, middle.y));
+    if (twice) deliver_(mouse.press(middle, {}));
+}
+
+void Keyboard::sync() {
+    if (place_ && is_place(*place_)) return;
+    place_ = nearest_place(container_, place_ ? *place_ : PictureElement());
+}
+
+}  // namespace solvanta
