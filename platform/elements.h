@@ -82,6 +82,7 @@ struct PictureElement : Element {
 
     /// Tells what a screen reader says for it; without it, or with an empty text, that is nothing.
     std::function<std::string()> SpokenName;
+    std::function<bool()> IsSelected;  ///< tells it whether that is what the player has selected
 
     std::string spoken_name() const { return SpokenName ? SpokenName() : std::string(); }
 };

@@ -60,8 +60,8 @@ std::string pictures_at(const Form_Main& table, Twips left) {
 TEST(Table, ShowsItsPositions) {
     const std::tuple<const char*, Twips, const char*, const char*> cases[] = {
         {"1 H1 P2 | HK XD HB", 120,
-         "Leer@120 Back_verdeckt@1800 Back_verdeckt@1920 Herz_B@2520 Kreuz_D@2280/240 "
-         "Herz_K@2040/240 ",
+         "Leer@120 Back_verdeckt@1800 Back_verdeckt@1920 Herz_K@2040/240 Kreuz_D@2280/240 "
+         "Herz_B@2520 ",
          "1.Runde: 3 Karten heben"},
         {"F 0 10; 2 K1 | P5?", 1320, "Pick_10@120 Back_verdeckt@1800 Back_ganz@1920 ",
          "1.Runde: 3 Karten heben"},

@@ -212,11 +212,14 @@ void name_places(const GameState& state, TableWindow& table) {
     };
     name(table.Source_Hide, stock_name);
     name(table.Source, waste_name);
+    table.Source.IsSelected = [&state] { return state.Selected(0); };
     for (int f = 1; f <= foundations; ++f)
         name(table.Stapel(f - 1), [f](const GameState& now) { return foundation_name(now, f); });
     for (int c = 1; c <= columns; ++c) {
-        for (int r = 1; r <= cards_per_suit; ++r)
+        for (int r = 1; r <= cards_per_suit; ++r) {
             name(table.Iv(r)(c - 1), [=](const GameState& now) { return row_name(now, c, r); });
+            table.Iv(r)(c - 1).IsSelected = [&state, c] { return state.Selected(c); };
+        }
     }
 }
 

@@ -224,16 +224,12 @@ void TableWindow::list_elements() {
         add_key_stop(element);
     add_key_stop(Source_Hide, 'S');
     add_key_stop(Source, 'A');
-    for (TableauRow& row : Ih) {
-        for (PictureElement& element : row)
-            canvas.emplace_back(&element);
+    for (int i = 0; i <= 9; ++i) {
+        for (TableauRow& row : Ih)
+            canvas.emplace_back(&row(i));
+        for (int r = 13; r >= 1; --r)
+            add_key_stop(Iv(r)(i), r == 1 ? "1234567890"[i] : '\0');
     }
-    for (TableauRow& row : Iv) {
-        for (PictureElement& element : row)
-            add_key_stop(element);
-    }
-    for (int i = 0; i <= 9; ++i)
-        Iv(1)(i).Key = "1234567890"[i];
     canvas.insert(canvas.end(), {&zeiger, &Status, &Zeitanzeige});
 
     FrBestzeiteintrag.canvas = {&Label1, &Platz};

@@ -29,7 +29,7 @@ bool Keyboard::walk(TableKey key, bool far) {
     if (direction == directions.end()) return true;
     far |= key >= TableKey::Home;
     do {
-        PictureElement* const next = next_place(container_, *place_, direction->second);
+        const PictureElement* const next = next_place(container_, *place_, direction->second);
         if (!next) break;
         place_ = next;
     } while (far);
@@ -37,16 +37,14 @@ bool Keyboard::walk(TableKey key, bool far) {
 }
 
 bool Keyboard::press_character(const KeyPress& press) const {
-    const auto is_meant = [&](const Painted& item) {
-        auto* const* element = std::get_if<PictureElement*>(&item);
-        return element && (*element)->Key == press.character && is_place(**element);
-    };
-    const auto meant = std::find_if(container_.canvas.begin(), container_.canvas.end(), is_meant);
-    const bool is_walks = press.character == 'D' && place_;
-    if (!is_walks && (press.character == 0 || meant == container_.canvas.end()))
-        return answer(press.character);
-    if (press.repeated) return true;
-    is_walks ? click(*place_, true) : click(*std::get<PictureElement*>(*meant), press.shift);
+    if (press.character == 0) return false;
+    const auto places = places_of(container_);
+    const auto meant = std::find_if(places.begin(), places.end(), [&](const auto* place) {
+        return place->Key == press.character;
+    });
+    const bool at_walk = press.character == 'D' && place_;
+    if (!at_walk && meant == places.end()) return answer(press.character);
+    if (!press.repeated) at_walk ? click(*place_, true) : click(**meant, press.shift);
     return true;
 }
 

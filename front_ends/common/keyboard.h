@@ -37,8 +37,8 @@ class Keyboard {
     void click(const PictureElement& place, bool twice = false) const;
 
     /// Where the walk is; null while there are no places.
-    PictureElement* place() const { return place_; }
-    void walk_to(PictureElement* place) { place_ = place; }
+    const PictureElement* place() const { return place_; }
+    void walk_to(const PictureElement* place) { place_ = place; }
 
     /// The place goes on to the nearest one when it has gone.
     void sync();
@@ -55,7 +55,7 @@ class Keyboard {
     Container& container_;
     std::function<void(Event)> deliver_;
     std::function<void(const std::string&)> say_;
-    PictureElement* place_ = nullptr;
+    const PictureElement* place_ = nullptr;
     bool is_in_use_ = false;
 };
 

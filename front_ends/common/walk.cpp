@@ -48,11 +48,9 @@ Twips cost(const PictureElement& from, const PictureElement& to, Direction direc
 template <typename Cost>
 PictureElement* cheapest_place(const Container& container, const Cost& cost_of) {
     std::pair<Twips, PictureElement*> best{0, nullptr};
-    for (const Painted& item : container.canvas) {
-        auto* const* element = std::get_if<PictureElement*>(&item);
-        if (!element || !is_place(**element)) continue;
-        const Twips price = cost_of(**element);
-        if (price >= 0 && (!best.second || price < best.first)) best = {price, *element};
+    for (PictureElement* place : places_of(container)) {
+        const Twips price = cost_of(*place);
+        if (price >= 0 && (!best.second || price < best.first)) best = {price, place};
     }
     return best.second;
 }
@@ -61,6 +59,24 @@ PictureElement* cheapest_place(const Container& container, const Cost& cost_of) 
 
 std::string place_name(const PictureElement& element) {
     return element.Visible && element.KeyStop ? element.spoken_name() : std::string();
+}
+
+std::string words_of(const Container& container) {
+    std::string words;
+    for (const Painted& item : container.canvas) {
+        if (auto* const* label = std::get_if<Label*>(&item))
+            words += (words.empty() ? "" : " ") + (*label)->Caption;
+    }
+    return words;
+}
+
+std::vector<PictureElement*> places_of(const Container& container) {
+    std::vector<PictureElement*> places;
+    for (const Painted& item : container.canvas) {
+        auto* const* element = std::get_if<PictureElement*>(&item);
+        if (element && is_place(**element)) places.push_back(*element);
+    }
+    return places;
 }
 
 bool has_key_stops(const Container& container) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/elements.h"
 
@@ -17,6 +18,12 @@ std::string place_name(const PictureElement& element);
 inline bool is_place(const PictureElement& element) {
     return !place_name(element).empty();
 }
+
+/// The captions of a container's labels: what tells its text box to those who listen.
+std::string words_of(const Container& container);
+
+/// The places of `container` in its order.
+std::vector<PictureElement*> places_of(const Container& container);
 
 /// Whether the arrow keys have anywhere to go in `container`, at this moment or later.
 bool has_key_stops(const Container& container);

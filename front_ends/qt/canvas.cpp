@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyleHints>
+#include <QTimer>
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/walk.h"
@@ -29,7 +30,7 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       background_(background),
       parts_(parts),
       mouse_(container),
-      keyboard_(container, parts.deliver, parts.announce) {
+      keyboard_(container, parts.deliver, [this](const std::string& text) { voice_.say(text); }) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     if (has_key_stops(container)) setFocusPolicy(Qt::TabFocus);
 }
@@ -41,6 +42,11 @@ bool Canvas::eventFilter(QObject* /*receiver*/, QEvent* event) {
 }
 
 void Canvas::sync() {
+    paint_changes();
+    voice_.sync();
+}
+
+void Canvas::paint_changes() {
     keyboard_.sync();
     const bool is_ringed = keyboard_.is_in_use() && hasFocus();
     const PixelRect changed = looks_.changes(
@@ -52,6 +58,12 @@ void Canvas::sync() {
         },
         is_ringed ? keyboard_.place() : nullptr);
     update(to_qt(changed));
+}
+
+void Canvas::walk_to(const PictureElement& place) {
+    keyboard_.walk_to(&place);
+    setFocus();
+    sync();
 }
 
 /// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
@@ -150,7 +162,9 @@ void Canvas::focusInEvent(QFocusEvent* event) {
     const bool by_key =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (by_key) keyboard_.use(true);
-    sync();
+    paint_changes();
+    // When Qt has told that the canvas as a whole has the focus.
+    QTimer::singleShot(0, this, [this] { voice_.sync(); });
 }
 
 void Canvas::focusOutEvent(QFocusEvent* /*event*/) {

@@ -6,6 +6,7 @@
 #include "front_ends/common/canvas_looks.h"
 #include "front_ends/common/keyboard.h"
 #include "front_ends/common/mouse.h"
+#include "front_ends/qt/accessibility.h"
 #include "front_ends/qt/window_parts.h"
 
 namespace solvanta::qt {
@@ -18,6 +19,19 @@ class Canvas : public QWidget {
 
     /// Has what looks otherwise than at the last call painted anew.
     void sync();
+
+    Container& container() const { return container_; }
+
+    /// The place of the walk, while the canvas has the keyboard; null otherwise.
+    const PictureElement* place_with_focus() const {
+        return hasFocus() ? keyboard_.place() : nullptr;
+    }
+
+    /// Clicks a place as a hand on the mouse would.
+    void click(const PictureElement& place) const { keyboard_.click(place); }
+
+    /// Takes the keyboard, and the walk to a place.
+    void walk_to(const PictureElement& place);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,6 +47,7 @@ class Canvas : public QWidget {
     void paint_elements(QPainter& painter, const QRegion& region) const;
 
   private:
+    void paint_changes();
     void press(const QMouseEvent& event);
     QPoint place_in_twips(const QMouseEvent& event) const;
     QRectF painted_area(const PictureElement& element) const;
@@ -45,6 +60,7 @@ class Canvas : public QWidget {
     WindowParts& parts_;
     Mouse mouse_;
     Keyboard keyboard_;
+    Voice voice_{*this};
     CanvasLooks looks_;  // as of the last `sync`
 };
 

@@ -1,9 +1,11 @@
 #include "front_ends/qt/controls.h"
 
+#include <QAccessible>
 #include <QPainter>
 #include <QTextDocument>
 #include <QTextEdit>
 
+#include "front_ends/common/walk.h"
 #include "front_ends/qt/button.h"
 #include "front_ends/qt/canvas.h"
 #include "front_ends/qt/look.h"
@@ -87,12 +89,23 @@ void build(CommandButton& element, QWidget& parent, WindowParts& parts) {
     });
 }
 
+/// Names a widget for those who listen, whom every setting is told.
+void sync_name(QWidget& widget, const std::string& name) {
+    const QString text = QString::fromStdString(name);
+    if (QAccessible::isActive() && widget.accessibleName() != text) widget.setAccessibleName(text);
+}
+
 void build(Frame& frame, QWidget& parent, WindowParts& parts) {
     auto* box = new FrameBox(frame, parts, &parent);
     // First the frame: a control in a frame just shown can take the focus at once.
-    parts.syncs.emplace_back([box, &frame] {
+    parts.syncs.emplace_back([box, &frame, &parts] {
         if (box->isEnabledTo(box->parentWidget()) != frame.Enabled) box->setEnabled(frame.Enabled);
         sync_place(*box, frame);
+        sync_name(*box, frame.Caption);
+        for (const Control& control : frame.controls) {
+            if (auto* const* text_box = std::get_if<TextBox*>(&control))
+                sync_name(*parts.text_boxes.at(*text_box), words_of(frame));
+        }
         box->sync();
     });
     build_controls(frame, *box, parts);
@@ -130,7 +143,10 @@ void build(RichTextBox& box, QWidget& parent, WindowParts& parts) {
     auto* view = new QTextEdit(&parent);
     view->setReadOnly(true);
     view->setUndoRedoEnabled(false);
-    view->setTextInteractionFlags(Qt::TextSelectableByMouse);  // by keyboard would show a caret
+    // By keyboard it shows a caret, with which alone a screen reader goes from line to line.
+    view->setTextInteractionFlags(QAccessible::isActive()
+                                      ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
+                                      : Qt::TextSelectableByMouse);
     view->setFrameShape(QFrame::NoFrame);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     parts.syncs.emplace_back([view, &box, shown = std::string()]() mutable {

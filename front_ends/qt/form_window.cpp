@@ -18,8 +18,10 @@ Ticks::Time time_awake() {
     return std::chrono::duration_cast<Ticks::Time>(time);
 }
 
-/// Behind all controls in the order of the Tab key.
+/// Behind all controls in the order of the Tab key, the first of which begins with the focus.
 void put_last(QWidget& canvas) {
+    if (canvas.focusPolicy() == Qt::NoFocus) return;
+    canvas.nextInFocusChain()->setFocus();
     QWidget* last = &canvas;
     for (QWidget* next = canvas.nextInFocusChain(); canvas.isAncestorOf(next);
          next = next->nextInFocusChain())

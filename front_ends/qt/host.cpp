@@ -22,12 +22,7 @@ QtHost::QtHost(std::string directory) : directory_(std::move(directory)) {
 }
 
 FormWindow& QtHost::create_window(Form& form) {
-    WindowParts parts{.deliver = [this](Event event) { deliver(std::move(event)); },
-                      .pictures = pictures_,
-                      .announce = [](const std::string&) {},
-                      .background = {},
-                      .syncs = {},
-                      .text_boxes = {}};
+    WindowParts parts{[this](Event event) { deliver(std::move(event)); }, pictures_, {}, {}, {}};
     FormWindow& window = add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); }));
     if (form.HasIcon) {

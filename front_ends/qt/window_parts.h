@@ -18,9 +18,8 @@ using Deliver = std::function<void(Event)>;
 struct WindowParts {
     Deliver deliver;
     Pictures& pictures;
-    std::function<void(const std::string&)> announce;  ///< says something to those who listen
-    QColor background;                                 ///< of the form's client area
-    std::vector<std::function<void()>> syncs;          ///< each brings one widget in line
+    QColor background;                         ///< of the form's client area
+    std::vector<std::function<void()>> syncs;  ///< each brings one widget in line
     std::map<const TextBox*, QLineEdit*> text_boxes;
 };
 

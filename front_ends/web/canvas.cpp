@@ -86,7 +86,7 @@ void Canvas::sync_walk() {
 }
 
 /// One place at a time is a stop of the Tab key.
-void Canvas::stop_at(PictureElement* place) {
+void Canvas::stop_at(const PictureElement* place) {
     if (stop_) node_of(stop_).attribute("tabindex", "-1");
     keyboard_.walk_to(stop_ = place);
     if (stop_) node_of(stop_).attribute("tabindex", "0");

@@ -29,7 +29,7 @@ class Canvas {
     void listen();
     void press(const PageEvent& event);
     void key(PageEvent& event);
-    void stop_at(PictureElement* place);
+    void stop_at(const PictureElement* place);
     const Node& node_of(const PictureElement* element) const { return views_.at(element).node(); }
 
     Container& container_;
@@ -39,7 +39,7 @@ class Canvas {
     std::map<const PictureElement*, PictureView> views_;
     std::vector<std::pair<Label*, Node>> labels_;
     Keyboard keyboard_;
-    PictureElement* stop_ = nullptr;  // the place that is a stop of the Tab key
+    const PictureElement* stop_ = nullptr;  // the place that is a stop of the Tab key
 };
 
 }  // namespace solvanta::web

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "front_ends/common/walk.h"
 #include "front_ends/web/canvas.h"
 #include "front_ends/web/look.h"
 #include "front_ends/web/rich_text_view.h"
@@ -10,17 +11,6 @@
 
 namespace solvanta::web {
 namespace {
-
-/// Tells a text box to those who listen by the words that stand around it.
-std::string words_of(const Container& container) {
-    std::string words;
-    for (const Painted& item : container.canvas) {
-        if (auto* const* label = std::get_if<Label*>(&item)) {
-            words += (words.empty() ? "" : " ") + (*label)->Caption;
-        }
-    }
-    return words;
-}
 
 void build(CommandButton& element, const Node& area, WindowParts& parts) {
     const Node button(area, "button", "element button");
