@@ -139,18 +139,6 @@ class DealtTable : public testing::Test {
   protected:
     DealtTable() { player.deal(); }
 
-    /// The places that the arrow keys reach from the stock.
-    std::set<const PictureElement*> reached() const {
-        std::set<const PictureElement*> places;
-        const std::function<void(const PictureElement&)> go_on = [&](const PictureElement& from) {
-            if (!places.insert(&from).second) return;
-            for (const auto direction : {Left, Right, Up, Down})
-                if (const PictureElement* to = next_place(table, from, direction)) go_on(*to);
-        };
-        go_on(table.Source_Hide);
-        return places;
-    }
-
     GoldenGame game;
     Player player{game.seed};
     Form_Main& table = player.table;
@@ -171,11 +159,13 @@ TEST_F(DealtTable, HasANameForEachPlace) {
     player.set_up("S H2; W H3; F 13 13 13 13 1 13 13 13; 1 H4 H5 H6 H7 H8 H9 H10 HB HD | HK?");
     EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, 1 Karte");
     EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1: verdeckte Karte");
+    EXPECT_EQ(table.Iv(1)(1).spoken_name(), "Spalte 2: leerer Platz");
+    EXPECT_EQ(table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
     player.play("stock");
     EXPECT_EQ(table.Source_Hide.spoken_name(), "Stapel, leerer Platz");
 }
 
-TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
+TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGameThatIsWonAsEver) {
     player.on_click = [&](auto&&...) {
         std::set<const PictureElement*> places;
         for (const Painted& item : table.canvas) {
@@ -185,14 +175,21 @@ TEST_F(DealtTable, IsNamedAndCanBeWalkedThroughoutAGame) {
             ASSERT_NE((*element)->spoken_name(), "");
             ASSERT_TRUE(!(*element)->Click || is_place(**element));
         }
-        ASSERT_EQ(reached(), places) << player.position();
+        std::set<const PictureElement*> reached;
+        const std::function<void(const PictureElement&)> go_on = [&](const PictureElement& from) {
+            if (!reached.insert(&from).second) return;
+            for (const auto direction : {Left, Right, Up, Down})
+                if (const PictureElement* to = next_place(table, from, direction)) go_on(*to);
+        };
+        go_on(table.Source_Hide);
+        ASSERT_EQ(reached, places) << player.position();
     };
     player.play(game.words);
-    EXPECT_EQ(table.Stapel(0).spoken_name(), "Ziel 1: Herz König");
-    EXPECT_EQ(table.Iv(1)(0).spoken_name(), "Spalte 1: leerer Platz");
+    EXPECT_EQ(player.position(), "D 2; S; W; F 13 13 13 13 13 13 13 13");
+    EXPECT_TRUE(table.state.NameEntryOpen);
 }
 
-TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
+TEST_F(DealtTable, IsWalkedFromPlaceToPlaceAndNearWhereOneWas) {
     auto& pile = table.Stapel;
     auto& card = table.Iv(1);
     const std::tuple<PictureElement&, Direction, PictureElement*> cases[] = {
@@ -204,15 +201,11 @@ TEST_F(DealtTable, IsWalkedFromPlaceToPlace) {
     };
     for (const auto& [from, direction, to] : cases)
         EXPECT_EQ(next_place(table, from, direction), to) << from.spoken_name() << int(direction);
-}
-
-TEST_F(DealtTable, IsWalkedOnNearWhereAPlaceWas) {
-    PictureElement gone = table.Iv(1)(4);
+    PictureElement gone = card(4);
     gone.Top += 2 * face_up_step;
     gone.Visible = false;
-    EXPECT_EQ(nearest_place(table, gone), &table.Iv(1)(4));
-    const Form_Main& empty = Player(1).table;
-    EXPECT_EQ(nearest_place(empty, gone), nullptr);
+    EXPECT_EQ(nearest_place(table, gone), &card(4));
+    EXPECT_EQ(nearest_place(Player().table, gone), nullptr);
 }
 
 }  // namespace
