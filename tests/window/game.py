@@ -47,10 +47,9 @@ def send(receiver, mask, window, kind, *data):
 
 def windows_named_by(name):
     """The windows that a property of the root names."""
-    kind, form, count, rest = c_ulong(), ctypes.c_int(), c_ulong(), c_ulong()
-    data = ctypes.POINTER(c_ulong)()
-    x11.XGetWindowProperty(display, root, c_ulong(atom(name)), c_long(0), c_long(99), 0, c_ulong(0), byref(kind),
-                           byref(form), byref(count), byref(rest), byref(data))
+    count, data, unused = c_ulong(), ctypes.POINTER(c_ulong)(), c_ulong()
+    x11.XGetWindowProperty(display, root, c_ulong(atom(name)), c_long(0), c_long(99), 0, c_ulong(0), byref(unused),
+                           byref(unused), byref(count), byref(unused), byref(data))
     windows = data[:count.value]
     x11.XFree(data)
     return windows
@@ -70,17 +69,12 @@ def is_viewable(window):
     return x11.XGetWindowAttributes(display, c_ulong(window), attributes) and attributes[23] == 2
 
 
-def focused_window():
-    window, then = c_ulong(), ctypes.c_int()
-    x11.XGetInputFocus(display, byref(window), byref(then))
-    return window.value
-
-
 def front_window(caption):
     """Waits for the window of this caption to have the focus, and the program to have taken note."""
     def in_front():
-        window = window_named(caption, "_NET_ACTIVE_WINDOW")
-        return window if window and is_viewable(window) and focused_window() == window else None
+        window, focused, unused = window_named(caption, "_NET_ACTIVE_WINDOW"), c_ulong(), c_ulong()
+        x11.XGetInputFocus(display, byref(focused), byref(unused))
+        return window if window and is_viewable(window) and focused.value == window else None
     window = wait_for(in_front, caption)
     wait_for_answer(window)
     return window
@@ -102,10 +96,9 @@ def click(window, place, times=1):
 
 def press(*keys):
     """Presses keys together."""
-    codes = [x11.XKeysymToKeycode(display, c_ulong(key)) for key in keys]
-    for pressed, one_by_one in ((1, codes), (0, codes[::-1])):
-        for code in one_by_one:
-            xtest.XTestFakeKeyEvent(display, code, pressed, c_ulong(0))
+    for pressed, one_by_one in ((1, keys), (0, keys[::-1])):
+        for key in one_by_one:
+            xtest.XTestFakeKeyEvent(display, x11.XKeysymToKeycode(display, c_ulong(key)), pressed, c_ulong(0))
     x11.XFlush(display)
 
 
@@ -113,12 +106,8 @@ def wait_for_answer(window):
     """Waits until the program has taken all input there was."""
     def answered():
         event = ClientMessage()
-        while x11.XPending(display):
-            x11.XNextEvent(display, byref(event))
-            if event.type == 33 and event.kind == protocols and event.data[0] == ping:
-                return True
-        return False
-    protocols, ping = atom("WM_PROTOCOLS"), atom("_NET_WM_PING")
+        return x11.XCheckTypedEvent(display, 33, byref(event)) and event.data[0] == ping
+    ping = atom("_NET_WM_PING")
     send(window, 0, window, "WM_PROTOCOLS", ping, 0, window)
     wait_for(answered, "an answer")
 
