@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <functional>
 #include <set>
 
@@ -81,46 +80,46 @@ TEST(Table, ShowsItsPositions) {
 
 using Elements = std::vector<const Element*>;
 
-template <typename... Listed>
-Elements elements_of(const std::vector<Listed>&... lists) {
+/// The elements of a container, which lie within these sides: the painted ones, then the controls.
+Elements elements_of(const Container& container, Twips width, Twips height) {
     Elements elements;
-    const auto add = [&elements](const Element* element) { elements.push_back(element); };
-    (std::for_each(lists.begin(), lists.end(), [&](const auto& item) { std::visit(add, item); }),
-     ...);
+    const auto add = [&](const Element* element) {
+        elements.push_back(element);
+        EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
+        // The help's view reaches a pixel beyond its window.
+        EXPECT_LE(element->Left + element->Width, width + twips_per_pixel);
+        EXPECT_LE(element->Top + element->Height, height + twips_per_pixel);
+    };
+    for (const Painted& item : container.canvas)
+        std::visit(add, item);
+    for (const Control& item : container.controls)
+        std::visit(add, item);
     return elements;
 }
 
 TEST(Layout, ListsEveryElementOnceInItsOrderAndWithinItsWindow) {
-    const TableWindow table;
+    TableWindow table;
     const BestTimesWindow list;
     const HelpWindow help;
-    // Card slots never overlap one another, so only what may lie above them has its order.
-    const Elements canvas = elements_of(table.canvas);
-    constexpr std::size_t slots = 2 + 8 + 10 * (9 + 13);
-    ASSERT_EQ(canvas.size(), slots + 3);
-    EXPECT_EQ(std::set(canvas.begin(), canvas.end()).size(), canvas.size());
-    EXPECT_EQ(Elements(canvas.begin() + slots, canvas.end()),
-              (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige}));
     const Frame& frame = table.FrBestzeiteintrag;
-    EXPECT_EQ(
-        elements_of(table.controls, frame.canvas, frame.controls, list.controls, help.controls),
-        (Elements{&table.Command1, &frame, &table.Comm_highscore, &table.Command3,
-                  &table.Command_Beenden, &table.Scull, &table.Diddle, &table.Label1, &table.Platz,
-                  &table.InName, &list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore,
-                  &help.RichTextBox1}));
+    const Elements all = elements_of(table, table.ClientWidth, table.ClientHeight);
+    // Card slots never overlap one another, so only what may lie above them has its order.
+    constexpr std::size_t slots = 2 + 8 + 10 * (9 + 13);
+    EXPECT_EQ(std::set(all.begin(), all.end()).size(), slots + 10);
+    EXPECT_EQ(Elements(all.begin() + slots, all.end()),
+              (Elements{&table.zeiger, &table.Status, &table.Zeitanzeige, &table.Command1, &frame,
+                        &table.Comm_highscore, &table.Command3, &table.Command_Beenden,
+                        &table.Scull, &table.Diddle}));
+    EXPECT_EQ(elements_of(frame, table.ClientWidth, table.ClientHeight),
+              (Elements{&table.Label1, &table.Platz, &table.InName}));
+    EXPECT_EQ(elements_of(list, list.ClientWidth, list.ClientHeight),
+              (Elements{&list.Command_Ok, &list.RTB1, &list.Comm_clear_highscore}));
+    EXPECT_EQ(elements_of(help, help.ClientWidth, help.ClientHeight), Elements{&help.RichTextBox1});
     EXPECT_TRUE(table.Status.BackColor == table.BackColor &&
                 table.Zeitanzeige.BackColor == table.BackColor);
     EXPECT_FALSE(table.Label1.BackColor || table.Platz.BackColor);
-    EXPECT_EQ(table.timers, std::vector{const_cast<Timer*>(&table.Timer1)});
+    EXPECT_EQ(table.timers, std::vector{&table.Timer1});
     EXPECT_EQ(table.Timer1.Interval, 1000);
-    for (const Form* form : std::initializer_list<const Form*>{&table, &list, &help}) {
-        for (const Element* element : elements_of(form->canvas, form->controls)) {
-            EXPECT_TRUE(element->Left >= 0 && element->Top >= 0);
-            // The help's view reaches a pixel beyond its window.
-            EXPECT_LE(element->Left + element->Width, form->ClientWidth + twips_per_pixel);
-            EXPECT_LE(element->Top + element->Height, form->ClientHeight + twips_per_pixel);
-        }
-    }
 }
 
 TEST(SpokenNames, AreGerman) {

@@ -51,18 +51,15 @@ TEST_F(Boxes, HaveBehindThemWhatGoesOnAndKeepTheMouseOut) {
         host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { form.frame.Visible = false; });
     };
     show(form);
-    int ticks_before = 0;
-    std::function<void()> close_after_ticks = [&] {
-        if (ticks < ticks_before + 3) return driver().later(10, close_after_ticks);
-        EXPECT_TRUE(driver().window(std::to_string(ticks)));
-        EXPECT_TRUE(driver().control(form, form.box).shown);
-        EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
-        driver().close_box();
-    };
     when_box_opens([&] {
-        ticks_before = ticks;
         tap(form, {10, 10});
-        close_after_ticks();
+        when([&, enough = ticks + 3] { return ticks >= enough; },
+             [&] {
+                 EXPECT_TRUE(driver().window(std::to_string(ticks)));
+                 EXPECT_TRUE(driver().control(form, form.box).shown);
+                 EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
+                 driver().close_box();
+             });
     });
     click(form, form.button);
     EXPECT_TRUE(wait_until([&] { return !driver().control(form, form.box).shown; }));

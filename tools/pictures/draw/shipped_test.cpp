@@ -54,7 +54,6 @@ TEST(ShippedPictures, HaveTheirFormatsAndNoCornersOnTheTable) {
                     << name;
                 EXPECT_EQ(corner.alpha, bits == 32 ? 0 : 255) << name;
             }
-            EXPECT_EQ(image.at(image.width / 2, image.height / 2).alpha, 255) << name;
         }
     }
 }
@@ -65,7 +64,6 @@ TEST(ShippedPictures, IconHoldsEverySizeAndThe256Colours) {
     for (const IconEntry& entry : decode_ico(read_file(shipped / "Solvanta.ico"))) {
         found.insert({entry.image.width, entry.bits_per_pixel});
         EXPECT_EQ(entry.image.at(0, 0).alpha, 0);
-        EXPECT_EQ(entry.image.at(entry.image.width / 2, entry.image.height / 2).alpha, 255);
     }
     EXPECT_EQ(
         found,
