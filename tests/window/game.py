@@ -20,6 +20,8 @@ TABLE, BOX, HELP, BEST_TIMES = "Solvanta V1.6", "Solvanta", "Hilfe", "Highscores
 NEW_GAME, TO_BEST_TIMES, TO_HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
 RETURN, SHIFT = 0xFF0D, 0xFFE1  # keys beyond those that are characters
 
+EVENT, CLIENT_MESSAGE = c_long * 24, 33  # of the X server, whose numbers take 64 bits each
+
 x11, xtest = ctypes.CDLL("libX11.so.6"), ctypes.CDLL("libXtst.so.6")
 x11.XOpenDisplay.restype = ctypes.c_void_p
 x11.XInternAtom.restype = x11.XDefaultRootWindow.restype = c_ulong
@@ -30,18 +32,12 @@ ignore_error = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(
 x11.XSetErrorHandler(ignore_error)  # windows come and go
 
 
-class ClientMessage(ctypes.Structure):
-    """An event of the X server, as long as the longest."""
-    _fields_ = [("type", ctypes.c_int), ("serial", c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
-                ("window", c_ulong), ("kind", c_ulong), ("format", ctypes.c_int), ("data", c_long * 17)]
-
-
 def atom(name):
     return x11.XInternAtom(display, name.encode(), 0)
 
 
 def send(receiver, mask, window, kind, *data):
-    event = ClientMessage(33, 0, 0, None, window, atom(kind), 32, data)
+    event = EVENT(CLIENT_MESSAGE, 0, 0, 0, window, atom(kind), 32, *data)
     x11.XSendEvent(display, c_ulong(receiver), 0, c_long(mask), byref(event))
 
 
@@ -105,8 +101,8 @@ def press(*keys):
 def wait_for_answer(window):
     """Waits until the program has taken all input there was."""
     def answered():
-        event = ClientMessage()
-        return x11.XCheckTypedEvent(display, 33, byref(event)) and event.data[0] == ping
+        event = EVENT()
+        return x11.XCheckTypedEvent(display, CLIENT_MESSAGE, byref(event)) and event[7] == ping
     ping = atom("_NET_WM_PING")
     send(window, 0, window, "WM_PROTOCOLS", ping, 0, window)
     wait_for(answered, "an answer")
@@ -139,12 +135,10 @@ class Game:
         return self.process.poll() is None
 
     def said(self):
-        """What it has written to standard error."""
         self.errors.seek(0)
         return self.errors.read().decode(errors="replace")
 
     def open(self, place, caption):
-        """Clicks a button of the table that opens a window."""
         click(self.table, place)
         return front_window(caption)
 
@@ -161,7 +155,6 @@ class Game:
         self.process.wait()
 
     def terminate(self, by=signal.SIGTERM):
-        """Ends it as a desktop that ends does; the exit status."""
         self.process.send_signal(by)
         return self.exit_status()
 
@@ -170,7 +163,6 @@ class Game:
         front_window(TABLE)
 
     def end(self):
-        """Quits by the button; the exit status."""
         self.to_front()
         click(self.table, QUIT)
         return self.exit_status()
