@@ -10,14 +10,14 @@ import os
 import signal
 import sys
 import tempfile
+from functools import partial
 
 from game import (BEST_TIMES, HELP, LIST, TO_BEST_TIMES, TO_HELP, Game, copy_of_program, on_windows, program_in, read,
                   require)
 
 original = os.fsencode(sys.argv[1])
 ITS_LIST, TEMPORARY = os.fsencode(LIST), os.fsencode(LIST) + b".tmp"
-PLACES = {"pictures": [b"Leer.bmp", b"Back_ganz.bmp", b"diddle.jpg", b"skull.gif", b"Solvanta.ico", b"Solvanta.png"],
-          "help": [b"Help.rtf"], "list": [ITS_LIST], "temporary": [TEMPORARY]}
+FILES = [b"Leer.bmp", b"Back_ganz.bmp", b"diddle.jpg", b"skull.gif", b"Solvanta.ico", b"Solvanta.png", b"Help.rtf"]
 
 
 def file_of(content, size=None):
@@ -32,25 +32,23 @@ def link(target):
     return lambda path: os.symlink(target or path, path)
 
 
-# What stands in place of files; whether that place's list is written then.
-THINGS = {"no bytes": file_of(b""), "noise": file_of(bytes(range(256)) * 40), "directory": os.mkdir,
-          "wrong format": file_of(read(original + b"/skull.gif") + read(original + b"/Help.rtf")),
-          "a terabyte": file_of(b"", 1 << 40)}
-POSIX_THINGS = {"pipe": os.mkfifo, "device": link("/dev/zero"), "full device": link("/dev/full"),
-                "loop of links": link(None), "link to nothing": link(LIST + ".elsewhere")}
-REPLACED = {"no bytes", "noise", "wrong format", "link to nothing"}
+# What stands in place of files, and whether a list in its place is written then.
+THINGS = {"no bytes": (file_of(b""), True), "noise": (file_of(bytes(range(256)) * 40), True),
+          "directory": (os.mkdir, False), "a terabyte": (file_of(b"", 1 << 40), False)}
+POSIX_THINGS = {"pipe": (os.mkfifo, False), "device": (link("/dev/zero"), False),
+                "loop of links": (link(None), False), "link to nothing": (link(LIST + ".elsewhere"), True)}
 
 
-def things(kinds, place):
-    """The cases of each kind of thing in a place."""
-    for thing, make in kinds.items():
-        def put(program, make=make):
-            for path in (os.path.join(program, name) for name in PLACES[place]):
+def things(kinds):
+    """Two cases for each thing: in place of the files and the list, and of the list's temporary file."""
+    for thing, (make, written) in kinds.items():
+        def put(names, program, make=make):
+            for path in (os.path.join(program, name) for name in names):
                 with contextlib.suppress(FileNotFoundError):
                     os.remove(path)
                 make(path)
-        unwritten = place == "list" and thing not in REPLACED or (place, thing) == ("temporary", "directory")
-        yield f"{place} {thing}", {"prepare": put, "written": not unwritten, "quiet": False}
+        yield thing, {"prepare": partial(put, [*FILES, ITS_LIST]), "written": written, "quiet": False}
+        yield "temporary " + thing, {"prepare": partial(put, [TEMPORARY]), "written": make != os.mkdir, "quiet": False}
 
 
 def lose_picture(program):
@@ -62,14 +60,14 @@ os.close(reader)
 NAMES = ["Spiele für Übermütige 🂡", "  two  blanks", "100%s", "$HOME", "-rf", "'%TEMP%'^&!(;,=)",
          os.path.join("d" * 100, "d" * 100), "x" * 250]
 CASES = [  # the name of the directory, and what is special there
-    *(case for place in PLACES for case in things(THINGS, place)),
+    *things(THINGS),
     *((name, {}) for name in NAMES),
     ("another working directory", {"cwd": "/"}),
     ("standard error full", {"stderr": open("/dev/full", "wb"), "prepare": lose_picture}),
     ("nobody reads standard error", {"stderr": unread, "prepare": lose_picture}),
 ]
 POSIX_CASES = [
-    *(case for place in PLACES for case in things(POSIX_THINGS, place)),
+    *things(POSIX_THINGS),
     *((name, {}) for name in ("a:b", "two  blanks ", "100%s\\n", "'\"*?")),
     # Qt's names of files are Unicode: there it has no icon.
     (b"no UTF-8 \xff\xfe", {"quiet": False}),
