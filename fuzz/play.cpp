@@ -1,6 +1,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -28,22 +29,21 @@ class Bytes {
     const std::uint8_t* end_;
 };
 
-test::MemoryFiles files_at_start(int kind) {
+std::map<std::string, std::string> files_at_start(int kind) {
     const std::string line = "61,\"J\xF6rg\",\"3. M\xE4r 2004 9:05\"\r\n";
-    test::MemoryFiles files;
-    if (kind > 0) files.files[test::MemoryFiles::list_path] = line + "7\r\n";
+    std::map<std::string, std::string> files{{"/nowhere/Help.rtf", "{\\rtf1 Hilfe}"}};
+    if (kind > 0) files[test::MemoryFiles::list_path] = line + "7\r\n";
     if (kind == 2) {
         for (int place = 2; place <= best_places; ++place)
-            files.files[test::MemoryFiles::list_path] += line;
+            files[test::MemoryFiles::list_path] += line;
     }
-    files.files["/nowhere/Help.rtf"] = "{\\rtf1 Hilfe}";
     return files;
 }
 
 /// A player who does whatever the bytes say, and a desk and a disk that do the same.
 class Play {
   public:
-    explicit Play(Bytes bytes) : bytes_(bytes), player_(files_at_start(bytes_.below(3))) {
+    explicit Play(Bytes bytes) : bytes_(bytes), player_(1, files_at_start(bytes_.below(3))) {
         player_.host.during_message = [this] { answer(); };
     }
 

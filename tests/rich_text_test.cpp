@@ -41,9 +41,8 @@ std::string shown(const ParagraphLayout& layout) {
     std::ostringstream text;
     text << '[' << "lrcj"[int(layout.alignment)];
     for (const Twips length : {layout.left, layout.right, layout.first_line, layout.before,
-                               layout.after, layout.line_spacing}) {
+                               layout.after, layout.line_spacing})
         text << ' ' << length;
-    }
     if (layout.line_spacing_factor) text << " factor";
     for (const TabStop& tab : layout.tabs)
         text << ' ' << "lrc"[int(tab.alignment)] << tab.position;
@@ -59,8 +58,7 @@ std::string shown(std::string_view rtf) {
         std::string last;
         const auto add = [&](const std::string& run, const CharacterLook& characters) {
             const std::string look = shown(characters, document.fonts);
-            if (std::exchange(last, look) != look) text += '<' + look + '>';
-            text += run;
+            text += std::exchange(last, look) == look ? run : '<' + look + '>' + run;
         };
         for (const TextRun& run : paragraph.runs)
             add(run.text, run.look);

@@ -18,30 +18,13 @@ ORDER = ("create list.tmp, write list.tmp, fsync list.tmp, close list.tmp, renam
          "close directory")
 ORDER_IN_PLACE = "close list, write list, fsync list, ftruncate list, fsync list, close list"
 IN_PLACE = 0o555, 0o666
-PERMISSIONS = [  # mode of the directory, of the list (nothing: there is none), what a deal leaves
-    (*IN_PLACE, "new, in place"),
-    (0o555, 0o444, "old, told"),
-    (0o555, 0o222, "old, told"),
-    (0o555, None, "old, told"),
-    (0o1777, 0o666, "new, in place"),
-    (0o1777, 0o444, "old, told"),
-    (0o777, 0o000, "old, told"),
-]
-
-
-def list_bytes(places, dealt):
-    """A best-times file with so many places filled."""
-    lines = [f'{60 + p},"J\xf6rg {p}","3. M\xe4r 2004 9:05"' for p in range(places)]
-    lines += ['0," "," "'] * (30 - places)
-    lines.insert(10, f"{dealt},2")
-    return "".join(line + "\r\n" for line in lines).encode("cp1252")
+# Modes of the directory and of the list, and what a deal leaves.
+PERMISSIONS = [(0o555, 0o444, "old, told"), (0o1777, 0o666, "new, in place"), (0o777, 0o000, "old, told")]
 
 
 def next_deal(content):
     """The file after one more deal."""
-    if content is None:
-        return list_bytes(0, 1).replace(b"1,2", b"1,0")
-    return re.sub(rb"(?m)^(\d+),(\d+)\r$", lambda m: b"%d,%s\r" % (int(m[1]) + 1, m[2]), content)
+    return re.sub(rb"(?m)^(\d+),2\r$", lambda dealt: b"%d,2\r" % (int(dealt[1]) + 1), content)
 
 
 def read(path):
@@ -56,19 +39,19 @@ def require(condition, *what):
         sys.exit(" ".join(map(str, ("FAILED:", *what))))
 
 
-OLD = list_bytes(30, 99)
+PLACES = [f'{60 + p},"J\xf6rg {p}","3. M\xe4r 2004 9:05"\r\n' for p in range(30)]
+OLD = "".join([*PLACES[:10], "99,2\r\n", *PLACES[10:]]).encode("cp1252")
 NEW = next_deal(OLD)
 
 
 @contextlib.contextmanager
-def program_directory(content, directory_mode=0o777, list_mode=0o644):
-    """A directory that holds nothing but a list, and the list's path."""
+def program_directory(directory_mode=0o777, list_mode=0o644):
+    """A directory that holds nothing but the old list, and the list's path."""
     with tempfile.TemporaryDirectory(prefix="solvanta-") as path:
         best_times = os.path.join(path, LIST)
-        if content is not None:
-            with open(best_times, "wb") as file:
-                file.write(content)
-            os.chmod(best_times, list_mode)
+        with open(best_times, "wb") as file:
+            file.write(OLD)
+        os.chmod(best_times, list_mode)
         os.chmod(path, directory_mode)
         yield path, best_times
 
@@ -81,81 +64,68 @@ def deal(directory, *wrapper):
 
 
 def record(directory, wrapper):
-    """The system calls of a start, then those of a deal: name, number among those of this name,
-    arguments, result."""
+    """The system calls of a deal: name, number among those of this name since the start, arguments,
+    result."""
     with tempfile.NamedTemporaryFile("r", errors="replace") as log:
         deal(directory, "strace", "-f", "-qqq", "-y", "-o", log.name, *wrapper)
         lines = re.findall(r"(?m)^(?:\d+ +)?(\w+)\((.*)\) += (.*)", log.read())
     names = [name for name, _, _ in lines]
     calls = [(name, names[:i + 1].count(name), *rest) for i, (name, *rest) in enumerate(lines)]
     asked = next(i for i, call in enumerate(calls) if call[0] == "read" and call[2].startswith("0<"))
-    return calls[:asked + 1], calls[asked + 1:-1]
+    return calls[asked:-1]
 
 
-def outcome_of_kill(call, number, old, wrapper, modes):
-    with program_directory(old, *modes) as (directory, best_times):
+def outcome_of_kill(call, number, wrapper, modes):
+    with program_directory(*modes) as (directory, best_times):
         answer, _ = deal(directory, "strace", "-f", "-qqq", "-o", os.devnull, "-e", "trace=" + call,
                          "-e", f"inject={call}:signal=KILL:when={number}", *wrapper)
         left = read(best_times)
-        require(left in (old, next_deal(old)), "neither old nor new before", call, number)
-        require(not answer or left == next_deal(old), "answered, but not written:", call, number)
+        require(left in (OLD, NEW), "neither old nor new before", call, number)
+        require(not answer or left == NEW, "answered, but not written:", call, number)
         again, told = deal(directory, *wrapper)
         require(again and not told and read(best_times) == next_deal(left), "no next deal after", call, number, told)
         require(os.listdir(directory) == [LIST], "stray files after", call, number)
-        return call, "old" if left == old else "new"
+        return call, "old" if left == OLD else "new"
 
 
-def kill_everywhere(old, wrapper=(), modes=()):
-    """A kill before each of the start's calls, and of the deal's; how many there were."""
-    with program_directory(old, *modes) as (directory, _):
-        start, dealing = record(directory, wrapper)
-    start = [] if wrapper else [call for call in start if call[0] != "execve"]
-    kills = [outcome_of_kill(*call[:2], old, wrapper, modes) for call in start + dealing]
-    require({left for _, left in kills[:len(start)]} <= {"old"}, "the start changed the list")
-    print("killed before", len(start), "calls of the start: old", *kills[len(start):])
-    return len(kills)
-
-
-def check_order(expected, wrapper=(), modes=()):
-    """Calls that fail or only look are free."""
-    with program_directory(OLD, *modes) as (directory, best_times):
-        done = []
-        for name, _, arguments, result in record(directory, wrapper)[1]:
-            name = "create" if "O_CREAT|O_EXCL" in arguments else name
-            paths = re.findall(rf'["<]({directory}[^">]*)', arguments)
-            if paths and name in ("create", "write", "fsync", "close", "rename", "ftruncate") and result[0] != "-":
-                done.append(" ".join([name, *paths]).replace(best_times, "list").replace(directory, "directory"))
+def follow(expected, wrapper=(), modes=()):
+    """Holds a deal's calls to their order, but for those that fail or only look, and kills it before each."""
+    with program_directory(*modes) as (directory, best_times):
+        calls = record(directory, wrapper)
+    done = []
+    for name, _, arguments, result in calls:
+        name = "create" if "O_CREAT|O_EXCL" in arguments else name
+        paths = re.findall(rf'["<]({directory}[^">]*)', arguments)
+        if paths and name in ("create", "write", "fsync", "close", "rename", "ftruncate") and result[0] != "-":
+            done.append(" ".join([name, *paths]).replace(best_times, "list").replace(directory, "directory"))
     require(", ".join(done) == expected, "a deal does", done)
+    print("killed before", *(outcome_of_kill(name, number, wrapper, modes) for name, number, *_ in calls))
 
 
 def cut_short():
     """A write that takes 100 bytes and then fails."""
-    with program_directory(OLD) as (directory, best_times):
+    with program_directory() as (directory, best_times):
         dealt, told = deal(directory, "prlimit", "--fsize=100")
         require((dealt, len(told), read(best_times)) == (b"100", 1, OLD), "a short write leaves", read(best_times))
         require(deal(directory) == (b"100", []) and read(best_times) == NEW, "no next deal after a short write")
 
 
-def outcome_without_permission(directory_mode, list_mode):
-    old = None if list_mode is None else OLD
-    with program_directory(old, directory_mode, list_mode or 0) as (directory, best_times):
-        file = old and os.stat(best_times).st_ino
+def outcome_without_permission(*modes):
+    with program_directory(*modes) as (directory, best_times):
+        file = os.stat(best_times).st_ino
         dealt, told = deal(directory, *AS_NOBODY)
-        require(dealt and set(os.listdir(directory)) <= {LIST}, "the game ends, or leaves", os.listdir(directory))
+        require(dealt and os.listdir(directory) == [LIST], "the game ends, or leaves", os.listdir(directory))
         in_place = read(best_times) == NEW and os.stat(best_times).st_ino == file and not told
-        return "new, in place" if in_place else "old, told" if read(best_times) == old and told else "?"
+        return "new, in place" if in_place else "old, told" if read(best_times) == OLD and told else "?"
 
 
 def main():
-    kills = kill_everywhere(None) + kill_everywhere(OLD)
-    check_order(ORDER)
+    follow(ORDER)
     cut_short()
     if os.getuid() == 0:  # who alone can take permissions away
-        kills += kill_everywhere(OLD, AS_NOBODY, IN_PLACE)
-        check_order(ORDER_IN_PLACE, AS_NOBODY, IN_PLACE)
+        follow(ORDER_IN_PLACE, AS_NOBODY, IN_PLACE)
         for *modes, expected in PERMISSIONS:
             require((outcome := outcome_without_permission(*modes)) == expected, modes, "gives", outcome)
-    print(kills, "kills, each followed by a start and a deal")
 
 
 if __name__ == "__main__":

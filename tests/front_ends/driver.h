@@ -20,7 +20,6 @@ enum class MouseButton { Left, Right };
 enum class Key { Enter, KeypadEnter, Space, Escape, Tab, Backspace, ArrowLeft, End, A, M, N };
 enum class Modifier { None, Shift, Control, Alt };
 
-/// What the player sees of a window.
 struct WindowLook {
     int width = 0;  ///< of the client area, in pixels at 96 dots per inch
     int height = 0;
@@ -30,7 +29,6 @@ struct WindowLook {
     bool is_within_page = false;  ///< of a browser; no such window is minimised
 };
 
-/// What the player sees of an open message box.
 struct BoxLook {
     std::string title;
     std::string text;
@@ -66,13 +64,11 @@ class Driver {
     virtual void settle() = 0;
     /// Lets events come for so many milliseconds.
     virtual void wait(int milliseconds) = 0;
-    /// Runs the program as its main function does, until it quits or ten seconds have passed;
-    /// answers whether it has quit.
+    /// Runs the program as its main function does, ten seconds at most; whether it has quit.
     virtual bool run() = 0;
     /// Calls `act` from the event loop in so many milliseconds.
     virtual void later(int milliseconds, std::function<void()> act) = 0;
 
-    /// Presses a button of the mouse, or releases it.
     virtual void mouse(const Form& form, Point at, MouseButton button, bool down) = 0;
     /// Lets pass the time in which one more press would be the second of a double click.
     virtual void rest() = 0;
@@ -82,13 +78,12 @@ class Driver {
     /// One more press of a key that is held down.
     virtual void repeat_key(Key key) = 0;
 
-    /// Closes a window by its close box.
     virtual void close(const std::string& caption) = 0;
     virtual void minimise(const std::string& caption) = 0;
     /// What the desktop does when it saves its state and goes on.
     virtual void save_desktop() = 0;
 
-    /// Nothing when no window with this caption is to be seen.
+    /// Nothing when it is not to be seen.
     virtual std::optional<WindowLook> window(const std::string& caption) = 0;
     /// The colour there once the window is painted as its form is at this moment.
     virtual Color pixel(const Form& form, Point at) = 0;
@@ -96,16 +91,14 @@ class Driver {
     virtual ControlLook control(const Form& form, const Element& element) = 0;
     virtual void scroll_down(const Form& form, const RichTextBox& box) = 0;
 
-    /// The message box that is open; nothing when there is none.
+    /// Nothing when none is open.
     virtual std::optional<BoxLook> box() = 0;
     virtual void close_box() = 0;
 
-    /// Puts a picture file where the program may load it from, replacing one of the same name, and
-    /// answers its path.
+    /// Puts a picture file, in place of one of that name, where the program may load it; its path.
     virtual std::string put_file(const std::string& name, const std::string& bytes) = 0;
 };
 
-/// The driver of the front end that the checks are built with.
 std::unique_ptr<Driver> make_driver();
 
 /// In pixels at 96 dots per inch.

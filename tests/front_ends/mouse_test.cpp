@@ -7,11 +7,11 @@ namespace solvanta::test {
 namespace {
 
 /// Pictures 40 pixels square in a row: `a` lies free, `l` and `r` are its outermost pixels; `b`
-/// lies under a picture box, `c` under a frame, `d` under a disabled button in a disabled frame,
-/// `e` under a label. Clicks are noted in small letters, double clicks in capitals.
+/// lies under a picture box, `c` under a frame, `d` under a disabled button in a disabled frame.
+/// Clicks are noted in small letters, double clicks in capitals.
 struct MouseForm : TestForm {
     MouseForm() {
-        for (int left = 40; const char name : {'a', 'b', 'c', 'd', 'e', 'f'}) {
+        for (int left = 40; const char name : {'a', 'b', 'c', 'd', 'e'}) {
             PictureElement& element = add_picture(left, 0, 40, 40);
             element.Click = [this, name] { log += name; };
             element.DblClick = [this, name] { log += static_cast<char>(name - 'a' + 'A'); };
@@ -22,10 +22,8 @@ struct MouseForm : TestForm {
         place(frame, 120, 0, 40, 40);
         place(dead_frame, 160, 0, 40, 40);
         place(dead_button, 0, 0, 40, 40);
-        place(label, 200, 0, 40, 40);
         dead_frame.Enabled = false;
         dead_frame.controls = {&dead_button};
-        canvas.emplace_back(&label);
         controls = {&box, &frame, &dead_frame};
     }
 
@@ -34,29 +32,28 @@ struct MouseForm : TestForm {
     Frame frame;
     Frame dead_frame;
     CommandButton dead_button;
-    Label label;
     std::string log;
 };
 
 class MouseOnWindow : public FrontEnd {};
 
 // +x presses on x, -x releases there, a 2 behind it means the right button. The double click of
-// `f` opens a box.
+// `e` opens a box.
 TEST_F(MouseOnWindow, GivesClicksAndDoubleClicks) {
     const std::pair<const char*, const char*> cases[] = {
         {"+l -r", "a"},
-        {"+a -f", ""},
+        {"+a -e", ""},
         {"+a -a +a -a +a -a", "aAa"},
         {"+a -a rest +a -a", "aa"},
         {"+a2 -a2 +a +a2 -a2 -a", "a"},
-        {"+b -b +b -b +c -c +c -c +d -d +d -d +e -e +e -e", "eE"},
-        {"+f -f +f -f answered +f -f", "fF!f"},
+        {"+b -b +b -b +c -c +c -c +d -d +d -d", ""},
+        {"+e -e +e -e answered +e -e", "eE!e"},
     };
     for (const auto& [steps, log] : cases) {
         start_anew();
         MouseForm form;
         form.pictures.back().DblClick = [&] {
-            form.log += 'F';
+            form.log += 'E';
             when_box_opens([&] { driver().key(Key::Enter); });
             host().ask("Gratulation!", Buttons::Ok, [&](Answer) { form.log += '!'; });
         };

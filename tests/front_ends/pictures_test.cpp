@@ -38,15 +38,13 @@ class Pictures : public FrontEnd {
 
 TEST_F(Pictures, ThatCannotBeReadGiveAPlaceholderAndOneLine) {
     const std::string whole = bitmap(72, 96, blue);
-    const std::string absurd = "\xff\xff\xff\x7f";
     const std::pair<std::string, std::string> files[] = {
         {"gif_inside.bmp", gif},
         {"huge.bmp", bitmap(5000, 2, blue)},
         {"empty.bmp", ""},
+        {"flat.bmp", bitmap(0, 0, blue)},
         {"noise.jpg", std::string(5000, 'x')},
         {"cut.bmp", whole.substr(0, whole.size() - 1)},
-        {"vast.bmp", std::string(whole).replace(18, 4, absurd).replace(22, 4, absurd)},
-        {"cut.gif", gif.substr(0, gif.size() - 2)},
         {"no_suffix", whole},
         {"missing", ""},
     };

@@ -71,13 +71,12 @@ class FrontEnd : public testing::Test {
     Host& host() { return driver_->host(); }
     Driver& driver() { return *driver_; }
 
-    /// Ends this Host and takes a new one; for the next case of a table.
+    /// Takes a new Host, for the next case of a table.
     void start_anew() {
         driver_.reset();
         driver_ = make_driver();
     }
 
-    /// Shows the form and waits until it is to be seen in front.
     void show(Form& form) {
         host().show(form);
         ASSERT_TRUE(wait_until([&] {
@@ -94,28 +93,29 @@ class FrontEnd : public testing::Test {
         return condition();
     }
 
-    /// Clicks a control in its middle.
     void click(const Form& form, const Element& control) {
         driver().rest();
         tap(form, place_of(form, control).centre());
         driver().settle();
     }
 
-    /// Presses and releases the left button at once.
     void tap(const Form& form, Point at) {
         driver().mouse(form, at, MouseButton::Left, true);
         driver().mouse(form, at, MouseButton::Left, false);
     }
 
-    /// Presses and releases a key and lets that take effect.
     void press_key(Key key, Modifier modifier = Modifier::None) {
         driver().key(key, modifier);
         driver().settle();
     }
 
-    /// Has `act` called once a message box is open.
+    /// Has `act` called once `condition` holds, be it inside a message box.
+    void when(const std::function<bool()>& condition, const std::function<void()>& act) {
+        driver().later(10, [=, this] { condition() ? act() : when(condition, act); });
+    }
+
     void when_box_opens(const std::function<void()>& act) {
-        driver().later(30, [this, act] { driver().box() ? act() : when_box_opens(act); });
+        when([this] { return driver().box().has_value(); }, act);
     }
 
     void expect_colors(const Form& form, const Colors& colors) {

@@ -1,4 +1,5 @@
 #include <chrono>
+#include <thread>
 
 #include "tests/front_ends/stage.h"
 
@@ -51,18 +52,15 @@ TEST_F(Boxes, HaveBehindThemWhatGoesOnAndKeepTheMouseOut) {
         host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { form.frame.Visible = false; });
     };
     show(form);
-    int ticks_before = 0;
-    std::function<void()> close_after_ticks = [&] {
-        if (ticks < ticks_before + 3) return driver().later(10, close_after_ticks);
-        EXPECT_TRUE(driver().window(std::to_string(ticks)));
-        EXPECT_TRUE(driver().control(form, form.box).shown);
-        EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
-        driver().close_box();
-    };
     when_box_opens([&] {
-        ticks_before = ticks;
         tap(form, {10, 10});
-        close_after_ticks();
+        when([&, enough = ticks + 3] { return ticks >= enough; },
+             [&] {
+                 EXPECT_TRUE(driver().window(std::to_string(ticks)));
+                 EXPECT_TRUE(driver().control(form, form.box).shown);
+                 EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
+                 driver().close_box();
+             });
     });
     click(form, form.button);
     EXPECT_TRUE(wait_until([&] { return !driver().control(form, form.box).shown; }));
@@ -163,22 +161,16 @@ class Timers : public FrontEnd {};
 // A timer set anew after each handler would need 80 ms for each tick of 30 ms.
 TEST_F(Timers, NeitherDriftNorLoseATick) {
     using namespace std::chrono;
-    const auto now = [] { return steady_clock::now(); };
+    const auto now = steady_clock::now;
     TestForm form;
     int ticks = 0;
-    Timer timer{50, [&] {
-                    const milliseconds busy(++ticks == 1 ? 600 : ticks <= 40 ? 30 : 0);
-                    for (const auto start = now(); now() < start + busy;) {
-                    }
-                }};
+    Timer timer{50, [&] { std::this_thread::sleep_for(milliseconds(++ticks == 1 ? 600 : 30)); }};
     form.timers = {&timer};
     const auto before = now();
     host().show(form);
     const auto after = now();
-    EXPECT_TRUE(wait_until([&] {
-        return ticks >= 40 && ticks >= (now() - after) / milliseconds(timer.Interval) - 4;
-    }));
-    EXPECT_LE(ticks, (now() - before) / milliseconds(timer.Interval));
+    EXPECT_TRUE(wait_until([&] { return ticks >= 40 && ticks >= (now() - after) / 50ms - 4; }));
+    EXPECT_LE(ticks, (now() - before) / 50ms);
 }
 
 }  // namespace

@@ -15,10 +15,6 @@ namespace solvanta::test {
 /// and an error it answers is what the call answers, undone.
 class MemoryFiles final : public FileCalls {
   public:
-    MemoryFiles() = default;
-    explicit MemoryFiles(std::string list) : files{{list_path, std::move(list)}} {}
-    MemoryFiles(const MemoryFiles& other) : FileCalls(), files(other.files), before(other.before) {}
-
     static inline const std::string list_path = program_file("/nowhere", "highscore.scr");
 
     std::error_code read(const std::string& path, std::size_t limit, std::string& bytes) override {

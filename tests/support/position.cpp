@@ -4,14 +4,9 @@
 #include <cstdlib>
 #include <sstream>
 #include <stdexcept>
-#include <vector>
 
 namespace solvanta::test {
 namespace {
-
-const std::string suits = "HPKX";
-const std::vector<std::string> ranks{"1", "2", "3",  "4", "5", "6", "7",
-                                     "8", "9", "10", "B", "D", "K"};
 
 struct Parser {
     explicit Parser(std::string_view text) {
@@ -21,7 +16,10 @@ struct Parser {
         std::istringstream sections{std::string(text)};
         for (std::string section; std::getline(sections, section, ';');)
             parse_section(section);
-        if (!stock_given) fill_stock();
+        for (CardNumber card = 1; card <= cards_per_deck && !stock_given; ++card) {
+            for (; left(card) > 0; --left(card))
+                state.Deck(++state.DeckCount) = card;
+        }
     }
 
     void parse_section(const std::string& section) {
@@ -31,12 +29,14 @@ struct Parser {
         if (key == "D") words >> state.DrawSize;
         if (key == "S") state.DeckCount = take_all(words, state.Deck);
         if (key == "W") state.WasteCount = take_all(words, state.Waste);
-        if (key == "F") parse_foundations(words);
+        for (int f = 1, count = 0; key == "F" && words >> count; ++f) {
+            for (int& level = state.FoundationCount(f); level < count; ++level)
+                state.FoundationCards(f)(level + 1) =
+                    take(print_card((f - 1) % 4 * 13 + level + 1));
+        }
         if (const int column = std::atoi(key.c_str())) parse_column(column, words);
         stock_given |= key == "S";
-        if (key != "sel") return;
-        words >> key;
-        state.Selected(std::stoi(key)) = true;
+        if (int slot = 0; key == "sel" && words >> slot) state.Selected(slot) = true;
     }
 
     CardNumber take(const std::string& word) {
@@ -54,14 +54,6 @@ struct Parser {
         return count;
     }
 
-    void parse_foundations(std::istringstream& words) {
-        for (int f = 1, count = 0; words >> count; ++f) {
-            state.FoundationCount(f) = count;
-            for (int level = 1; level <= count; ++level)
-                state.FoundationCards(f)(level) = take(print_card((f - 1) % 4 * 13 + level));
-        }
-    }
-
     void parse_column(int c, std::istringstream& words) {
         const std::string text = words.str();
         if (text.find('|') != std::string::npos)
@@ -69,13 +61,6 @@ struct Parser {
         state.FaceUpCount(c) = take_all(words, state.FaceUp(c));
         std::reverse(state.FaceUp(c).begin(), state.FaceUp(c).begin() + state.FaceUpCount(c));
         state.Covered(c) = text.back() == '?';
-    }
-
-    void fill_stock() {
-        for (CardNumber card = 1; card <= cards_per_deck; ++card) {
-            for (; left(card) > 0; --left(card))
-                state.Deck(++state.DeckCount) = card;
-        }
     }
 
     GameState state;
@@ -87,8 +72,8 @@ struct Parser {
 
 std::string print_card(CardNumber card) {
     if (!is_card(card)) return "??";
-    return suits.at(static_cast<std::size_t>(suit_index(card))) +
-           ranks.at(static_cast<std::size_t>(rank(card) - 1));
+    const int r = rank(card);
+    return "HPKX"[suit_index(card)] + (r <= 10 ? std::to_string(r) : std::string(1, "BDK"[r - 11]));
 }
 
 GameState parse_position(std::string_view text) {

@@ -20,6 +20,8 @@ TABLE, BOX, HELP, BEST_TIMES = "Solvanta V1.6", "Solvanta", "Hilfe", "Highscores
 NEW_GAME, TO_BEST_TIMES, TO_HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
 RETURN, SHIFT = 0xFF0D, 0xFFE1  # keys beyond those that are characters
 
+EVENT, CLIENT_MESSAGE = c_long * 24, 33  # of the X server, whose numbers take 64 bits each
+
 x11, xtest = ctypes.CDLL("libX11.so.6"), ctypes.CDLL("libXtst.so.6")
 x11.XOpenDisplay.restype = ctypes.c_void_p
 x11.XInternAtom.restype = x11.XDefaultRootWindow.restype = c_ulong
@@ -30,27 +32,20 @@ ignore_error = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(
 x11.XSetErrorHandler(ignore_error)  # windows come and go
 
 
-class ClientMessage(ctypes.Structure):
-    """An event of the X server, as long as the longest."""
-    _fields_ = [("type", ctypes.c_int), ("serial", c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
-                ("window", c_ulong), ("kind", c_ulong), ("format", ctypes.c_int), ("data", c_long * 17)]
-
-
 def atom(name):
     return x11.XInternAtom(display, name.encode(), 0)
 
 
 def send(receiver, mask, window, kind, *data):
-    event = ClientMessage(33, 0, 0, None, window, atom(kind), 32, data)
+    event = EVENT(CLIENT_MESSAGE, 0, 0, 0, window, atom(kind), 32, *data)
     x11.XSendEvent(display, c_ulong(receiver), 0, c_long(mask), byref(event))
 
 
 def windows_named_by(name):
     """The windows that a property of the root names."""
-    kind, form, count, rest = c_ulong(), ctypes.c_int(), c_ulong(), c_ulong()
-    data = ctypes.POINTER(c_ulong)()
-    x11.XGetWindowProperty(display, root, c_ulong(atom(name)), c_long(0), c_long(99), 0, c_ulong(0), byref(kind),
-                           byref(form), byref(count), byref(rest), byref(data))
+    count, data, unused = c_ulong(), ctypes.POINTER(c_ulong)(), c_ulong()
+    x11.XGetWindowProperty(display, root, c_ulong(atom(name)), c_long(0), c_long(99), 0, c_ulong(0), byref(unused),
+                           byref(unused), byref(count), byref(unused), byref(data))
     windows = data[:count.value]
     x11.XFree(data)
     return windows
@@ -70,17 +65,12 @@ def is_viewable(window):
     return x11.XGetWindowAttributes(display, c_ulong(window), attributes) and attributes[23] == 2
 
 
-def focused_window():
-    window, then = c_ulong(), ctypes.c_int()
-    x11.XGetInputFocus(display, byref(window), byref(then))
-    return window.value
-
-
 def front_window(caption):
     """Waits for the window of this caption to have the focus, and the program to have taken note."""
     def in_front():
-        window = window_named(caption, "_NET_ACTIVE_WINDOW")
-        return window if window and is_viewable(window) and focused_window() == window else None
+        window, focused, unused = window_named(caption, "_NET_ACTIVE_WINDOW"), c_ulong(), c_ulong()
+        x11.XGetInputFocus(display, byref(focused), byref(unused))
+        return window if window and is_viewable(window) and focused.value == window else None
     window = wait_for(in_front, caption)
     wait_for_answer(window)
     return window
@@ -102,23 +92,18 @@ def click(window, place, times=1):
 
 def press(*keys):
     """Presses keys together."""
-    codes = [x11.XKeysymToKeycode(display, c_ulong(key)) for key in keys]
-    for pressed, one_by_one in ((1, codes), (0, codes[::-1])):
-        for code in one_by_one:
-            xtest.XTestFakeKeyEvent(display, code, pressed, c_ulong(0))
+    for pressed, one_by_one in ((1, keys), (0, keys[::-1])):
+        for key in one_by_one:
+            xtest.XTestFakeKeyEvent(display, x11.XKeysymToKeycode(display, c_ulong(key)), pressed, c_ulong(0))
     x11.XFlush(display)
 
 
 def wait_for_answer(window):
     """Waits until the program has taken all input there was."""
     def answered():
-        event = ClientMessage()
-        while x11.XPending(display):
-            x11.XNextEvent(display, byref(event))
-            if event.type == 33 and event.kind == protocols and event.data[0] == ping:
-                return True
-        return False
-    protocols, ping = atom("WM_PROTOCOLS"), atom("_NET_WM_PING")
+        event = EVENT()
+        return x11.XCheckTypedEvent(display, CLIENT_MESSAGE, byref(event)) and event[7] == ping
+    ping = atom("_NET_WM_PING")
     send(window, 0, window, "WM_PROTOCOLS", ping, 0, window)
     wait_for(answered, "an answer")
 
@@ -150,12 +135,10 @@ class Game:
         return self.process.poll() is None
 
     def said(self):
-        """What it has written to standard error."""
         self.errors.seek(0)
         return self.errors.read().decode(errors="replace")
 
     def open(self, place, caption):
-        """Clicks a button of the table that opens a window."""
         click(self.table, place)
         return front_window(caption)
 
@@ -172,7 +155,6 @@ class Game:
         self.process.wait()
 
     def terminate(self, by=signal.SIGTERM):
-        """Ends it as a desktop that ends does; the exit status."""
         self.process.send_signal(by)
         return self.exit_status()
 
@@ -181,7 +163,6 @@ class Game:
         front_window(TABLE)
 
     def end(self):
-        """Quits by the button; the exit status."""
         self.to_front()
         click(self.table, QUIT)
         return self.exit_status()

@@ -67,8 +67,6 @@ def play(command, elsewhere, by_link):
         wait_until_gone(game.table)
         with successor:
             successor.kill()
-    with Game(command) as game:
-        start_again(command, TABLE)
 
 
 def race(command):

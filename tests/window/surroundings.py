@@ -10,15 +10,14 @@ import os
 import signal
 import sys
 import tempfile
+from functools import partial
 
 from game import (BEST_TIMES, HELP, LIST, TO_BEST_TIMES, TO_HELP, Game, copy_of_program, on_windows, program_in, read,
                   require)
 
 original = os.fsencode(sys.argv[1])
 ITS_LIST, TEMPORARY = os.fsencode(LIST), os.fsencode(LIST) + b".tmp"
-PICTURES = [b"Leer.bmp", b"Back_ganz.bmp", b"Back_verdeckt.bmp", b"zeiger.bmp", b"diddle.jpg", b"skull.gif",
-            b"Solvanta.ico", b"Solvanta.png"]
-PLACES = {"pictures": PICTURES, "help": [b"Help.rtf"], "list": [ITS_LIST], "temporary": [TEMPORARY]}
+FILES = [b"Leer.bmp", b"Back_ganz.bmp", b"diddle.jpg", b"skull.gif", b"Solvanta.ico", b"Solvanta.png", b"Help.rtf"]
 
 
 def file_of(content, size=None):
@@ -29,90 +28,63 @@ def file_of(content, size=None):
     return make
 
 
-def bitmap(width, height, bits):
-    sides = width.to_bytes(4, "little") + height.to_bytes(4, "little")
-    return file_of(b"BM" + bytes(8) + b"\x36\0\0\0\x28\0\0\0" + sides + b"\1\0" + bytes([bits]) + bytes(1025))
-
-
 def link(target):
     return lambda path: os.symlink(target or path, path)
 
 
-# What stands in place of files; whether that place's list is written then.
-PICTURE_THINGS = {"65,535 pixels square": bitmap(65535, 65535, 24), "no pixels": bitmap(0, 0, 0),
-                  "2,147,483,647 pixels wide": bitmap((1 << 31) - 1, 1, 1)}
-THINGS = {"no bytes": file_of(b""), "noise": file_of(bytes(range(256)) * 40), "directory": os.mkdir,
-          "wrong format": file_of(read(original + b"/skull.gif") + read(original + b"/Help.rtf")),
-          "a terabyte": file_of(b"", 1 << 40)}
-POSIX_THINGS = {"pipe": os.mkfifo, "device": link("/dev/zero"), "full device": link("/dev/full"),
-                "loop of links": link(None), "link to nothing": link(LIST + ".elsewhere")}
-REPLACED = {"no bytes", "noise", "wrong format", "link to nothing"}
+# What stands in place of files, and whether a list in its place is written then.
+THINGS = {"no bytes": (file_of(b""), True), "noise": (file_of(bytes(range(256)) * 40), True),
+          "directory": (os.mkdir, False), "a terabyte": (file_of(b"", 1 << 40), False)}
+POSIX_THINGS = {"pipe": (os.mkfifo, False), "device": (link("/dev/zero"), False),
+                "loop of links": (link(None), False), "link to nothing": (link(LIST + ".elsewhere"), True)}
 
 
-def in_place_of(names, make):
-    def put(program):
-        for name in names:
-            with contextlib.suppress(FileNotFoundError):
-                os.remove(os.path.join(program, name))
-            make(os.path.join(program, name))
-    return put
-
-
-def things(kinds, place):
-    for thing, make in kinds.items():
-        unwritten = place == "list" and thing not in REPLACED or (place, thing) == ("temporary", "directory")
-        put = in_place_of(PLACES[place], make)
-        yield f"{place} {thing}", {"prepare": put, "written": not unwritten, "quiet": False}
-
-
-def nobody_reads():
-    reader, writer = os.pipe()
-    os.close(reader)
-    return writer
-
-
-def link_beside(program):
-    os.symlink(program + b"/Solvanta", program + b".link")
-    return [program + b".link"]
-
-
-def close_streams():
-    for stream in (0, 1, 2):
-        os.close(stream)
+def things(kinds):
+    """Two cases for each thing: in place of the files and the list, and of the list's temporary file."""
+    for thing, (make, written) in kinds.items():
+        def put(names, program, make=make):
+            for path in (os.path.join(program, name) for name in names):
+                with contextlib.suppress(FileNotFoundError):
+                    os.remove(path)
+                make(path)
+        yield thing, {"prepare": partial(put, [*FILES, ITS_LIST]), "written": written, "quiet": False}
+        yield "temporary " + thing, {"prepare": partial(put, [TEMPORARY]), "written": make != os.mkdir, "quiet": False}
 
 
 def lose_picture(program):
     os.remove(program + b"/Leer.bmp")
 
 
+reader, unread = os.pipe()
+os.close(reader)
 NAMES = ["Spiele für Übermütige 🂡", "  two  blanks", "100%s", "$HOME", "-rf", "'%TEMP%'^&!(;,=)",
          os.path.join("d" * 100, "d" * 100), "x" * 250]
 CASES = [  # the name of the directory, and what is special there
-    *things(PICTURE_THINGS, "pictures"), *(case for place in PLACES for case in things(THINGS, place)),
+    *things(THINGS),
     *((name, {}) for name in NAMES),
     ("another working directory", {"cwd": "/"}),
     ("standard error full", {"stderr": open("/dev/full", "wb"), "prepare": lose_picture}),
-    ("nobody reads standard error", {"stderr": nobody_reads(), "prepare": lose_picture}),
+    ("nobody reads standard error", {"stderr": unread, "prepare": lose_picture}),
 ]
 POSIX_CASES = [
-    *(case for place in PLACES for case in things(POSIX_THINGS, place)),
+    *things(POSIX_THINGS),
     *((name, {}) for name in ("a:b", "two  blanks ", "100%s\\n", "'\"*?")),
     # Qt's names of files are Unicode: there it has no icon.
     (b"no UTF-8 \xff\xfe", {"quiet": False}),
     ("named in a roundabout way", {"command": lambda at: [at + b"/..//" + os.path.basename(at) + b"//./Solvanta"]}),
-    ("through a link", {"command": link_beside}),
+    ("through a link", {"command": lambda at: os.symlink(at + b"/Solvanta", at + b".link") or [at + b".link"]}),
     ("no such locale", {"env": {"LC_ALL": "xx_YY.nonsense"}}),
     ("no home", {"env": {"HOME": "/nowhere", "TMPDIR": "/nowhere", "XDG_CONFIG_HOME": "/nowhere"}}),
-    ("standard streams closed", {"stderr": None, "preexec_fn": close_streams}),
+    ("standard streams closed", {"stderr": None, "preexec_fn": lambda: os.closerange(0, 3)}),
 ]
 
 signals = itertools.cycle((signal.SIGTERM, signal.SIGHUP, signal.SIGINT))
 
+
 def look(directory):
-    """Everything in a directory but the list and what leads to it."""
-    about = {file.name: file.stat(follow_symlinks=False) for file in os.scandir(directory)}
-    return {(name, file.st_mode, file.st_size, file.st_mtime_ns) for name, file in about.items()
-            if not name.startswith(ITS_LIST)}
+    """Everything in a directory but the list and what leads to it, and when it last changed."""
+    return {(file.name, file.stat(follow_symlinks=False).st_ctime_ns) for file in os.scandir(directory)
+            if not file.name.startswith(ITS_LIST)}
 
 
 def listed(program):

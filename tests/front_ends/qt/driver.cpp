@@ -1,11 +1,11 @@
 #include "tests/front_ends/driver.h"
 
+#include <array>
 #include <cmath>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBackingStore>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -52,10 +52,10 @@ QMessageBox* open_box() {
 }
 
 Qt::Key to_qt(Key key) {
-    constexpr Qt::Key keys[] = {Qt::Key_Return, Qt::Key_Enter,     Qt::Key_Space, Qt::Key_Escape,
-                                Qt::Key_Tab,    Qt::Key_Backspace, Qt::Key_Left,  Qt::Key_End,
-                                Qt::Key_A,      Qt::Key_M,         Qt::Key_N};
-    return keys[static_cast<std::size_t>(key)];
+    using enum Qt::Key;
+    return std::array{Key_Return, Key_Enter, Key_Space, Key_Escape, Key_Tab, Key_Backspace,
+                      Key_Left,   Key_End,   Key_A,     Key_M,      Key_N}
+        .at(std::size_t(key));
 }
 
 /// Drives Qt on its platform without a screen; input takes effect at once.
@@ -73,10 +73,7 @@ class QtDriver final : public Driver {
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        auto* const timer = new QTimer(&context_);
-        timer->setSingleShot(true);
-        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
-        timer->start(milliseconds);
+        QTimer::singleShot(milliseconds, &context_, std::move(act));
     }
 
     /// As the window system does: with the time, from which Qt itself makes double clicks.
@@ -94,12 +91,12 @@ class QtDriver final : public Driver {
     void rest() override { now_ += 5000; }
 
     void key(Key key, Modifier modifier) override {
-        constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
-                                                      Qt::ControlModifier, Qt::AltModifier};
+        const auto held =
+            std::array{Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}.at(
+                std::size_t(modifier));
         const auto keypad = key == Key::KeypadEnter ? Qt::KeypadModifier : Qt::NoModifier;
         QWidget* window = open_box() ? open_box() : QApplication::activeWindow();
-        QTest::keyClick(window->windowHandle(), to_qt(key),
-                        modifiers[static_cast<std::size_t>(modifier)] | keypad);
+        QTest::keyClick(window->windowHandle(), to_qt(key), held | keypad);
     }
 
     void repeat_key(Key key) override {
@@ -134,7 +131,7 @@ class QtDriver final : public Driver {
     ControlLook control(const Form& form, const Element& element) override {
         QWidget& widget = control_of(form, element);
         ControlLook look{widget.isVisible(), widget.hasFocus(), false, 0, {}};
-        if (auto* edit = qobject_cast<QLineEdit*>(&widget)) look.text = edit->text().toStdString();
+        look.text = widget.property("text").toString().toStdString();
         if (auto* view = qobject_cast<QTextEdit*>(&widget)) {
             look.scrollable = view->verticalScrollBar()->isVisible();
             look.scrolled = view->verticalScrollBar()->value();

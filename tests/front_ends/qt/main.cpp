@@ -6,15 +6,6 @@
 
 #include "front_ends/qt/look.h"
 
-namespace {
-
-/// The platform tells at every window what it can't do; that is no news here.
-void write_message(QtMsgType /*type*/, const QMessageLogContext& /*where*/, const QString& text) {
-    if (!text.startsWith("This plugin does not support")) std::cerr << text.toStdString() << '\n';
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     // By itself the platform's screen is too small for the card table.
@@ -24,7 +15,10 @@ int main(int argc, char** argv) {
                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
     screen.flush();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toLocal8Bit());
-    qInstallMessageHandler(write_message);
+    // The platform tells at every window what it can't do; that is no news here.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (!text.startsWith("This plugin does not")) std::cerr << text.toStdString() << '\n';
+    });
     QApplication application(argc, argv);
     solvanta::qt::prepare_application(application);
     return RUN_ALL_TESTS();

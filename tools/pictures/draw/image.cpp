@@ -1,7 +1,6 @@
 #include "image.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -15,15 +14,6 @@ std::size_t offset(const Image& image, int x, int y) {
     }
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(image.width) +
            static_cast<std::size_t>(x);
-}
-
-double linear(std::uint8_t channel) {
-    const double value = channel / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const Pixel& pixel) {
-    return 0.2126 * linear(pixel.red) + 0.7152 * linear(pixel.green) + 0.0722 * linear(pixel.blue);
 }
 
 int greatest_distance(const Pixel& first, const Pixel& second) {
@@ -54,12 +44,6 @@ const Pixel& Image::at(int x, int y) const {
 
 int grey_of(const Pixel& pixel) {
     return (299 * pixel.red + 587 * pixel.green + 114 * pixel.blue + 500) / 1000;
-}
-
-double contrast_ratio(const Pixel& first, const Pixel& second) {
-    const double one = luminance(first);
-    const double other = luminance(second);
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
 }
 
 Difference compare(const Image& first, const Image& second) {

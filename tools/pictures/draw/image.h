@@ -41,9 +41,6 @@ using Bytes = std::vector<std::uint8_t>;
 // Brightness of an opaque pixel as a grey picture shows it, 0 (black) to 255 (white).
 int grey_of(const Pixel& pixel);
 
-// Ratio of the relative luminances of two opaque colours, 1 (same) to 21 (black and white).
-double contrast_ratio(const Pixel& first, const Pixel& second);
-
 // How many pixels of two pictures lie how far apart.
 struct Difference {
     bool same_size = true;
