@@ -194,8 +194,8 @@ void Form_Main::begin_win() {
 void Form_Main::open_name_entry(int place) {
     Platz.Caption = "Platz: " + std::to_string(place);
     show_name_frame(true);
-    host_.set_focus(InName);
     state.NameEntryOpen = true;
+    host_.set_focus(InName);
 }
 
 void Form_Main::show_name_frame(bool shown) {

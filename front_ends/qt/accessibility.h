@@ -24,6 +24,9 @@ class Voice {
 
     void say(const std::string& text) const;
 
+    /// To be told when the canvas loses the keyboard.
+    void forget_focus() { focused_ = nullptr; }
+
   private:
     void tell_places();
     void tell_focus();

@@ -86,7 +86,7 @@ void Canvas::paintEvent(QPaintEvent* event) {
 }
 
 void Canvas::paint_ring(QPainter& painter) const {
-    if (looks_.ring().empty()) return;
+    if (looks_.ring().empty() || !hasFocus()) return;
     QRectF line = to_qt(looks_.ring());
     for (const Color& color : {ring_outside, ring_inside}) {
         constexpr double half = ring_line / 2.0;
@@ -153,8 +153,9 @@ void Canvas::mouseReleaseEvent(QMouseEvent* event) {
     parts_.deliver(mouse_.release(at.x(), at.y()));
 }
 
+/// The keys that a control has no use for come here too.
 void Canvas::keyPressEvent(QKeyEvent* event) {
-    if (!keyboard_.press(to_key_press(*event))) return QWidget::keyPressEvent(event);
+    if (!hasFocus() || !keyboard_.press(to_key_press(*event))) return event->ignore();
     sync();
 }
 
@@ -167,8 +168,10 @@ void Canvas::focusInEvent(QFocusEvent* event) {
     QTimer::singleShot(0, this, [this] { voice_.sync(); });
 }
 
+/// The form may be gone by now.
 void Canvas::focusOutEvent(QFocusEvent* /*event*/) {
-    sync();
+    voice_.forget_focus();
+    update(to_qt(looks_.ring()));
 }
 
 FrameBox::FrameBox(Frame& frame, WindowParts& parts, QWidget* parent)

@@ -16,6 +16,15 @@ struct Point {
     double y = 0;
 };
 
+/// In pixels at 96 dots per inch.
+struct Rectangle {
+    Point corner;
+    double width = 0;
+    double height = 0;
+
+    Point centre() const { return {corner.x + width / 2, corner.y + height / 2}; }
+};
+
 enum class MouseButton { Left, Right };
 enum class Key { Enter, KeypadEnter, Space, Escape, Tab, Backspace, ArrowLeft, End, A, M, N };
 enum class Modifier { None, Shift, Control, Alt };
@@ -42,6 +51,15 @@ struct ControlLook {
     bool scrollable = false;  ///< has a scroll bar to be seen
     int scrolled = 0;         ///< down from the top, in units of the window system's own
     std::string text;         ///< of a box, lines parted by '\n'
+};
+
+/// What a screen reader finds of something that can be pressed.
+struct AccessibleLook {
+    std::string name;
+    char key = 0;  ///< presses it; 0 where there is none
+    bool focused = false;
+    bool selected = false;
+    Rectangle place;  ///< in the client area of its window
 };
 
 /// A hand on mouse and keyboard, and eyes: what the checks need of a window system besides its
@@ -78,6 +96,9 @@ class Driver {
     /// One more press of a key that is held down.
     virtual void repeat_key(Key key) = 0;
 
+    /// The same with the key of a digit or a capital letter.
+    virtual void type(char character, bool shift) = 0;
+
     virtual void close(const std::string& caption) = 0;
     virtual void minimise(const std::string& caption) = 0;
     /// What the desktop does when it saves its state and goes on.
@@ -95,20 +116,17 @@ class Driver {
     virtual std::optional<BoxLook> box() = 0;
     virtual void close_box() = 0;
 
+    /// What a screen reader finds in a window, in its order.
+    virtual std::vector<AccessibleLook> accessible(const Form& form) = 0;
+    virtual void press_accessible(const Form& form, const std::string& name) = 0;
+    /// What a screen reader has been told to say since the last call; the first begins to listen.
+    virtual std::vector<std::string> announced() = 0;
+
     /// Puts a picture file, in place of one of that name, where the program may load it; its path.
     virtual std::string put_file(const std::string& name, const std::string& bytes) = 0;
 };
 
 std::unique_ptr<Driver> make_driver();
-
-/// In pixels at 96 dots per inch.
-struct Rectangle {
-    Point corner;
-    double width = 0;
-    double height = 0;
-
-    Point centre() const { return {corner.x + width / 2, corner.y + height / 2}; }
-};
 
 /// Where an element of `form`, or of a frame in it, lies in the window.
 inline Rectangle place_of(const Form& form, const Element& element) {

@@ -4,8 +4,10 @@
 #include <cmath>
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QBackingStore>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -13,6 +15,9 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 #include "front_ends/qt/host.h"
 #include "tests/support/real_files.h"
@@ -56,6 +61,32 @@ Qt::Key to_qt(Key key) {
     return std::array{Key_Return, Key_Enter, Key_Space, Key_Escape, Key_Tab, Key_Backspace,
                       Key_Left,   Key_End,   Key_A,     Key_M,      Key_N}
         .at(std::size_t(key));
+}
+
+/// The buttons within `widget` that a screen reader finds, in its order.
+std::vector<QAccessibleInterface*> buttons_in(QWidget& widget) {
+    std::vector<QAccessibleInterface*> buttons;
+    const std::function<void(QAccessibleInterface&)> look = [&](QAccessibleInterface& one) {
+        if (one.state().invisible) return;
+        if (one.role() == QAccessible::PushButton) buttons.push_back(&one);
+        for (int i = 0; i < one.childCount(); ++i)
+            look(*one.child(i));
+    };
+    look(*QAccessible::queryAccessibleInterface(&widget));
+    return buttons;
+}
+
+std::vector<std::string> announcements;
+
+void note_announcement(QAccessibleEvent* event) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    if (auto* said = dynamic_cast<QAccessibleAnnouncementEvent*>(event))
+        announcements.push_back(said->message().toStdString());
+#else
+    auto* label = qobject_cast<QLabel*>(event->object());
+    if (label && event->type() == QAccessible::NameChanged)
+        announcements.push_back(label->accessibleName().toStdString());
+#endif
 }
 
 /// Drives Qt on its platform without a screen; input takes effect at once.
@@ -102,6 +133,11 @@ class QtDriver final : public Driver {
     void repeat_key(Key key) override {
         QKeyEvent held(QEvent::KeyPress, to_qt(key), {}, QString(), true);
         QApplication::sendEvent(QApplication::focusWidget(), &held);
+    }
+
+    void type(char character, bool shift) override {
+        QTest::keyClick(QApplication::activeWindow()->windowHandle(), character,
+                        shift ? Qt::ShiftModifier : Qt::NoModifier);
     }
 
     void close(const std::string& caption) override { find_window(caption)->close(); }
@@ -157,6 +193,35 @@ class QtDriver final : public Driver {
     }
 
     void close_box() override { open_box()->close(); }
+
+    std::vector<AccessibleLook> accessible(const Form& form) override {
+        std::vector<AccessibleLook> looks;
+        for (QAccessibleInterface* one : buttons_in(window_of(form))) {
+            const QRect place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
+            const std::string key = one->text(QAccessible::Accelerator).toStdString();
+            looks.push_back({one->text(QAccessible::Name).toStdString(),
+                             key.empty() ? '\0' : key[0],
+                             bool(one->state().focused),
+                             bool(one->state().selected),
+                             {{double(place.x()), double(place.y())},
+                              double(place.width()),
+                              double(place.height())}});
+        }
+        return looks;
+    }
+
+    void press_accessible(const Form& form, const std::string& name) override {
+        for (QAccessibleInterface* one : buttons_in(window_of(form))) {
+            if (one->text(QAccessible::Name).toStdString() != name) continue;
+            return one->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        }
+    }
+
+    std::vector<std::string> announced() override {
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        QAccessible::installUpdateHandler(note_announcement);
+        return std::exchange(announcements, {});
+    }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
         return files_.put(name, bytes);
