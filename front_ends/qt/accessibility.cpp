@@ -156,45 +156,29 @@ void install_accessibility() {
     QAccessible::installFactory(make_access);
 }
 
-void Voice::sync() {
-    if (!QAccessible::isActive() || !has_key_stops(canvas_.container())) return;
-    tell_places();
-    tell_focus();
-    const auto& changes = canvas_.container().SpokenChanges;
-    if (changes) say(changes());
+bool is_heard() {
+    return QAccessible::isActive();
 }
 
-void Voice::tell_places() {
-    const CanvasAccess& access = access_of(canvas_);
-    std::map<const PictureElement*, std::string> names;
-    for (const PictureElement* place : places_of(canvas_.container())) {
-        const std::string& name = names[place] = place_name(*place);
-        const auto before = names_.find(place);
-        if (before != names_.end() && before->second != name)
-            tell(access.access_of(*place), QAccessible::NameChanged);
-    }
-    const bool same = std::equal(names.begin(), names.end(), names_.begin(), names_.end(),
-                                 [](const auto& a, const auto& b) { return a.first == b.first; });
-    names_ = std::move(names);
-    if (!same) tell(&access_of(canvas_), QAccessible::ObjectReorder);
+void tell(Canvas& canvas, const News& news) {
+    const CanvasAccess& access = access_of(canvas);
+    for (const PictureElement* place : news.renamed)
+        tell(access.access_of(*place), QAccessible::NameChanged);
+    if (news.others) tell(&access_of(canvas), QAccessible::ObjectReorder);
+    if (news.focused) tell(access.access_of(*news.focused), QAccessible::Focus);
+    say(canvas, news.said);
 }
 
-void Voice::tell_focus() {
-    const PictureElement* const focused = canvas_.place_with_focus();
-    if (std::exchange(focused_, focused) == focused || !focused) return;
-    tell(access_of(canvas_).access_of(*focused), QAccessible::Focus);
-}
-
-void Voice::say(const std::string& text) const {
-    if (text.empty() || !QAccessible::isActive()) return;
+void say(Canvas& canvas, const std::string& text) {
+    if (text.empty() || !is_heard()) return;
     const QString said = QString::fromStdString(text);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-    QAccessibleAnnouncementEvent event(&canvas_, said);
+    QAccessibleAnnouncementEvent event(&canvas, said);
     QAccessible::updateAccessibility(&event);
 #else
-    auto* label = canvas_.findChild<QLabel*>("announcer", Qt::FindDirectChildrenOnly);
+    auto* label = canvas.findChild<QLabel*>("announcer", Qt::FindDirectChildrenOnly);
     if (!label) {
-        label = new QLabel(&canvas_);  // empty to see
+        label = new QLabel(&canvas);  // empty to see
         label->setObjectName("announcer");
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
         label->setGeometry(0, 0, 1, 1);

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <map>
 #include <string>
 
-#include "platform/elements.h"
+#include "front_ends/common/voice.h"
 
 namespace solvanta::qt {
 
@@ -12,28 +11,13 @@ class Canvas;
 /// Has every canvas with places answer to the desktop's accessibility service.
 void install_accessibility();
 
-/// Tells those who listen, by that service, what becomes of a canvas. As long as nobody does it
-/// costs nothing.
-class Voice {
-  public:
-    explicit Voice(Canvas& canvas) : canvas_(canvas) {}
+/// Whether anybody listens.
+bool is_heard();
 
-    /// Tells which places have come, gone or changed and which one has the keyboard, and says what
-    /// has changed on the table.
-    void sync();
+/// Tells the service what has become of a canvas.
+void tell(Canvas& canvas, const News& news);
 
-    void say(const std::string& text) const;
-
-    /// To be told when the canvas loses the keyboard.
-    void forget_focus() { focused_ = nullptr; }
-
-  private:
-    void tell_places();
-    void tell_focus();
-
-    Canvas& canvas_;
-    std::map<const PictureElement*, std::string> names_;
-    const PictureElement* focused_ = nullptr;
-};
+/// Has `text` said, where anybody listens.
+void say(Canvas& canvas, const std::string& text);
 
 }  // namespace solvanta::qt

@@ -9,6 +9,7 @@
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/walk.h"
+#include "front_ends/qt/accessibility.h"
 #include "front_ends/qt/keys.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/scale.h"
@@ -30,7 +31,7 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       background_(background),
       parts_(parts),
       mouse_(container),
-      keyboard_(container, parts.deliver, [this](const std::string& text) { voice_.say(text); }) {
+      keyboard_(container, parts.deliver, [this](const std::string& text) { say(*this, text); }) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     if (has_key_stops(container)) setFocusPolicy(Qt::TabFocus);
 }
@@ -43,7 +44,11 @@ bool Canvas::eventFilter(QObject* /*receiver*/, QEvent* event) {
 
 void Canvas::sync() {
     paint_changes();
-    voice_.sync();
+    tell_news();
+}
+
+void Canvas::tell_news() {
+    if (is_heard() && has_key_stops(container_)) tell(*this, voice_.news(place_with_focus()));
 }
 
 void Canvas::paint_changes() {
@@ -165,7 +170,7 @@ void Canvas::focusInEvent(QFocusEvent* event) {
     if (by_key) keyboard_.use(true);
     paint_changes();
     // When Qt has told that the canvas as a whole has the focus.
-    QTimer::singleShot(0, this, [this] { voice_.sync(); });
+    QTimer::singleShot(0, this, [this] { tell_news(); });
 }
 
 /// The form may be gone by now.

@@ -6,7 +6,7 @@
 #include "front_ends/common/canvas_looks.h"
 #include "front_ends/common/keyboard.h"
 #include "front_ends/common/mouse.h"
-#include "front_ends/qt/accessibility.h"
+#include "front_ends/common/voice.h"
 #include "front_ends/qt/window_parts.h"
 
 namespace solvanta::qt {
@@ -48,6 +48,7 @@ class Canvas : public QWidget {
 
   private:
     void paint_changes();
+    void tell_news();
     void press(const QMouseEvent& event);
     QPoint place_in_twips(const QMouseEvent& event) const;
     QRectF painted_area(const PictureElement& element) const;
@@ -60,7 +61,7 @@ class Canvas : public QWidget {
     WindowParts& parts_;
     Mouse mouse_;
     Keyboard keyboard_;
-    Voice voice_{*this};
+    Voice voice_{container_};
     CanvasLooks looks_;  // as of the last `sync`
 };
 
