@@ -72,6 +72,7 @@ struct PageEvent {
     bool shift = page_event("shiftKey") != 0;
     bool repeated = page_event("repeat") != 0;        ///< by a key held down
     bool composing = page_event("isComposing") != 0;  ///< a part of what an input method writes
+    bool is_synthetic = page_event("detail") == 0;    ///< a click by no hand: a screen reader's
     bool is_own = page_event("eventPhase") == 2;      ///< not meant for an element within
     bool is_left = page_event("isPrimary") != 0 && page_event("button") == 0;  ///< or a finger
     std::optional<std::string> bytes;  ///< of a file that has come

@@ -42,7 +42,11 @@ void Canvas::add(PictureElement& element) {
     const Node& node = node_of(&element);
     node.attribute("role", element.Click ? "button" : "img");
     if (element.KeyStop) node.attribute("tabindex", "-1");
+    if (element.Key) node.attribute("aria-keyshortcuts", std::string(1, element.Key));
     node.listen("focus", [this, &element](const PageEvent&) { stop_at(&element); });
+    node.listen("click", [this, &element](const PageEvent& event) {
+        if (event.is_synthetic) keyboard_.click(element);
+    });
 }
 
 void Canvas::add(Label& label) {
@@ -73,6 +77,8 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
     const std::string name = place_name(element);
     node.attribute("aria-hidden", name.empty() ? "true" : "false");
     node.attribute("aria-label", name);
+    const bool is_selected = element.IsSelected && element.IsSelected();
+    if (element.Click) node.attribute("aria-pressed", is_selected ? "true" : "false");
     view.show(element.Picture, parts_.fine);
 }
 

@@ -61,7 +61,7 @@ void FormWindow::build_client() {
     client_.style("--height", client_size().height);
     client_.style("--cards-height", cards_height());
     if (has_pictures(form_)) {
-        client_.attribute("role", "group");
+        client_.attribute("role", "application");  // or readers keep the arrow keys
         client_.attribute("aria-label", "Spieltisch");
         client_.attribute("aria-describedby", "keys");
     }

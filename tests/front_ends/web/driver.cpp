@@ -22,6 +22,9 @@ char* hand_control(const char* caption, double x, double y, int scroll);
 char* hand_box();
 void hand_put_file(const char* path, const char* bytes, std::size_t length);
 void hand_leave_page();
+char* hand_accessible(const char* caption);
+void hand_press(const char* caption, const char* name);
+char* hand_announced();
 void hand_done(int failures);
 }
 
@@ -75,6 +78,12 @@ class WebDriver final : public Driver {
     }
 
     void repeat_key(Key key) override { hand_act("repeat", name_of(key)); }
+    void type(char character, bool shift) override {
+        const bool is_digit = character <= '9';
+        const std::string key = (is_digit ? "Digit" : "Key") + std::string(1, character);
+        hand_act("key", ((shift ? "Shift+" : "") + key).c_str());
+    }
+
     void close(const std::string& caption) override { hand_close(caption.c_str()); }
     void minimise(const std::string& /*caption*/) override {}
     void save_desktop() override { hand_leave_page(); }
@@ -122,6 +131,31 @@ class WebDriver final : public Driver {
     }
 
     void close_box() override { hand_close(""); }
+
+    std::vector<AccessibleLook> accessible(const Form& form) override {
+        std::vector<AccessibleLook> looks;
+        std::istringstream lines(web::taken(hand_accessible(form.Caption.c_str())));
+        AccessibleLook look;
+        while (lines >> look.key >> look.focused >> look.selected >> look.place.corner.x >>
+               look.place.corner.y >> look.place.width >> look.place.height) {
+            if (look.key == '-') look.key = 0;
+            std::getline(lines.ignore(), look.name);
+            looks.push_back(look);
+        }
+        return looks;
+    }
+
+    void press_accessible(const Form& form, const std::string& name) override {
+        hand_press(form.Caption.c_str(), name.c_str());
+    }
+
+    std::vector<std::string> announced() override {
+        std::vector<std::string> texts;
+        std::istringstream lines(web::taken(hand_announced()));
+        for (std::string text; std::getline(lines, text);)
+            texts.push_back(text);
+        return texts;
+    }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
         std::string path = "./put/" + name;

@@ -4,6 +4,8 @@
 const Hand = {
   $hand: {
     last: null,
+    heard: [],
+    listener: null,
     files: null,
     fetches: 0,
 
@@ -37,6 +39,9 @@ const Hand = {
         return Math.abs(at('--left') - x) < 0.5 && Math.abs(at('--top') - y) < 0.5;
       });
     },
+
+    found: (section) => [...section.querySelectorAll('.picture[aria-hidden="false"]')].filter(
+      (one) => one.getClientRects().length > 0),
 
     serve: function() {
       if (hand.files) return;
@@ -132,6 +137,31 @@ const Hand = {
     const buttons = [...box.querySelectorAll('.choice')].map((one) => one.textContent);
     return page.putText([box.querySelector('.caption').textContent,
       box.querySelector('p').textContent, ...buttons].join('\n'));
+  },
+
+  // A line for each picture that a screen reader finds: key, focus, selection, place, name.
+  hand_accessible: function(caption) {
+    const section = hand.window(caption);
+    const corner = hand.spot(section, 0, 0);
+    return page.putText(hand.found(section).map((one) => {
+      const { x, y, width, height } = one.getBoundingClientRect();
+      const place = [x - corner.x, y - corner.y, width, height].map((n) => n / hand.scale(section));
+      return [one.getAttribute('aria-keyshortcuts') || '-', Number(one === document.activeElement),
+        Number(one.getAttribute('aria-pressed') === 'true'), ...place,
+        one.getAttribute('aria-label')].join(' ');
+    }).join('\n'));
+  },
+
+  hand_press: function(caption, name) {
+    hand.found(hand.window(caption)).find(
+      (one) => one.getAttribute('aria-label') === UTF8ToString(name)).click();
+  },
+
+  hand_announced: function() {
+    const announcer = document.getElementById('announcer');
+    hand.listener ||= new MutationObserver(() => hand.heard.push(announcer.textContent));
+    hand.listener.observe(announcer, { childList: true, characterData: true, subtree: true });
+    return page.putText(hand.heard.splice(0).filter((text) => text).join('\n'));
   },
 
   hand_put_file: function(path, bytes, length) {
