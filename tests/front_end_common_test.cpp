@@ -9,7 +9,6 @@
 
 #include "front_ends/common/mouse.h"
 #include "front_ends/common/picture_bytes.h"
-#include "front_ends/common/ticks.h"
 #include "front_ends/web/page_layout.h"
 
 namespace solvanta::test {
@@ -151,24 +150,6 @@ TEST(PageLayout, FitsTheTableIntoEveryPage) {
         EXPECT_TRUE(layout.scale >= 0.43 && layout.scale <= 2) << layout.scale;
     }
     EXPECT_GT(web::layout_for({100, 40}, table, cards_height, false, 2).scale, 0);
-}
-
-TEST(Ticks, AreMadeUpForAndNeverDrift) {
-    using Time = Ticks::Time;
-    Ticks ticks(Time(1000), Time(70'000));
-    const std::tuple<int, int, int> looks[] = {
-        // at the clock: what is due then, and how long the next one takes
-        {70'000, 0, 1000}, {70'999, 0, 1}, {71'000, 1, 1000},
-        {72'400, 1, 600},  {78'999, 6, 1}, {79'000, 1, 1000},
-    };
-    for (const auto& [now, due, next] : looks) {
-        int taken = 0;
-        while (ticks.take(Time(now)))
-            ++taken;
-        EXPECT_EQ(taken, due) << now;
-        EXPECT_EQ(ticks.until_next(Time(now)), Time(next)) << now;
-    }
-    EXPECT_EQ(ticks.until_next(Time(99'000)), Time(0));
 }
 
 }  // namespace

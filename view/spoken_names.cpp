@@ -1,6 +1,7 @@
 #include "view/spoken_names.h"
 
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "core/foundations.h"
@@ -16,7 +17,11 @@ constexpr const char* empty_place = "leerer Platz";
 constexpr const char* covered_card = "verdeckte Karte";
 
 std::string card_or_empty(CardNumber card) {
-    return is_card(card) ? spoken_card(card) : empty_place;
+    if (!is_card(card)) return empty_place;
+    std::string name(suit_words.at(static_cast<std::size_t>(suit_index(card))));
+    name += ' ';
+    name += rank_words.at(static_cast<std::size_t>(rank(card) - 1));
+    return name;
 }
 
 std::string marked(bool selected) {
@@ -52,14 +57,6 @@ std::string foundation_name(const GameState& state, int f) {
 }
 
 }  // namespace
-
-std::string spoken_card(CardNumber card) {
-    if (!is_card(card)) return {};
-    std::string name(suit_words.at(static_cast<std::size_t>(suit_index(card))));
-    name += ' ';
-    name += rank_words.at(static_cast<std::size_t>(rank(card) - 1));
-    return name;
-}
 
 void name_places(const GameState& state, TableWindow& table) {
     const auto name = [&state](PictureElement& element, auto name_of) {

@@ -1,15 +1,9 @@
 #pragma once
 
-#include <string>
-
-#include "core/cards.h"
 #include "core/game_state.h"
 #include "view/windows.h"
 
 namespace solvanta {
-
-/// A card as it is said in German, "Herz König"; the empty text when `card` is not 1 to 52.
-std::string spoken_card(CardNumber card);
 
 /// Gives every picture element of the table, once, the function that names what it shows, read from
 /// `state` whenever somebody asks: "Spalte 3: Herz König, ausgewählt", "Stapel, 49 Karten",

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// The smallest of their kinds: a grey pixel each.
+/// The smallest there is: a grey pixel.
 const std::string gif = "GIF89a\1\0\1\0\x80\0\0\x80\x80\x80\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;"s;
 
 /// The bytes of a bitmap, 32 bits to the pixel, of an opacity up to 255; the right half may have a

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -15,7 +14,7 @@ struct GoldenGame {
         std::ifstream file(GOLDEN_GAME_FILE);
         if (!(file >> seed)) throw std::runtime_error("no golden game: " GOLDEN_GAME_FILE);
         seed *= 1'000'000'000U;
-        words.assign(std::istreambuf_iterator<char>(file), {});
+        std::getline(file, words, '\0');
     }
 
     std::uint64_t seed = 0;  ///< that a deal at that very moment takes from the clock
