@@ -144,7 +144,8 @@ TEST(PageLayout, FitsTheTableIntoEveryPage) {
     };
     for (const auto& [page, touched, compact, sideways] : cases) {
         const web::Layout layout = web::layout_for(page, table, cards_height, touched, 2);
-        EXPECT_TRUE(layout.compact == compact && layout.sideways == sideways) << page.width;
+        EXPECT_EQ(std::pair(layout.compact, layout.sideways), std::pair(compact, sideways))
+            << page.width;
         EXPECT_LE(layout.scale * table.width + (sideways ? 132 : 0), page.width);
         EXPECT_LE(layout.scale * (compact ? cards_height : table.height) + 30, page.height);
         EXPECT_TRUE(layout.scale >= 0.43 && layout.scale <= 2) << layout.scale;

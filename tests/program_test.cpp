@@ -281,7 +281,7 @@ TEST_F(Program, StartsTheClockAtADealAndForgetsTheGameBefore) {
     EXPECT_EQ(clock, "0:00");
     player.play("tick");
     EXPECT_EQ(clock, "0:01");
-    EXPECT_TRUE(state.GamesPlayed == 2 && state.PlayedSinceStart == 2);
+    EXPECT_EQ(std::pair(state.GamesPlayed, state.PlayedSinceStart), std::pair(2, 2));
     EXPECT_EQ(player.host.messages,
               std::vector(4, NullHost::Message("Neues Spiel?", Buttons::YesNo)));
 }

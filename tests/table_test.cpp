@@ -38,7 +38,8 @@ std::string pictures_at(const Form_Main& table, Twips left) {
     std::string text;
     for (const Painted& item : table.canvas) {
         auto* const* slot = std::get_if<PictureElement*>(&item);
-        if (!slot || !(*slot)->Visible || (*slot)->Left / 1200 != left / 1200) continue;
+        const Twips right = left + column_pitch;
+        if (!slot || !(*slot)->Visible || (*slot)->Left < left || (*slot)->Left >= right) continue;
         const std::string& path = (*slot)->Picture.path();
         text += path.substr(9, path.size() - 13) + '@' + std::to_string((*slot)->Top) +
                 ((*slot)->CutToHeight ? "/" + std::to_string((*slot)->Height) : "") + ' ';
@@ -56,8 +57,8 @@ TEST(Table, ShowsItsPositions) {
          "1.Runde: 3 Karten heben"},
         {"D 2; F 0 0 1; 10 HK; sel 10", 10920, "Leer@120 Herz_K@1800 zeiger@1440 ",
          "2.Runde: 2 Karten heben"},
-        {"W K2 X10; sel 0", 11160, "Kreuz_10@120 Leer@1800 zeiger@20 ", "1.Runde: 3 Karten heben"},
-        {"D 1; S; F 13 13 13 13 13 13 13 12; 9 XK", 9960, "Leer@120 Kreuz_K@1800 ",
+        {"W K2 X10; sel 0", 11160, "Kreuz_10@120 zeiger@20 ", "1.Runde: 3 Karten heben"},
+        {"D 1; S; F 13 13 13 13 13 13 13 12; 9 XK", 9720, "Leer@120 Kreuz_K@1800 ",
          "3.Runde: 1 Karte heben"},
     };
     Player player;

@@ -59,7 +59,8 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndHearsEnter) {
         EXPECT_EQ(form.box.Text, "Jöra");
         EXPECT_EQ(entered, enters ? "Jöra" : "") << int(key) << ' ' << int(modifier);
         const ControlLook box = driver().control(form, form.box);
-        EXPECT_TRUE(box.text == "Jöra" && box.shown == !enters && box.focused == !enters);
+        EXPECT_EQ(std::tuple(box.shown, box.focused, box.text),
+                  std::tuple(!enters, !enters, "Jöra"));
         if (!enters) press_key(Key::Enter);
     }
 }
