@@ -1,5 +1,7 @@
 #include "scores/best_times.h"
 
+#include <algorithm>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -187,6 +189,17 @@ TEST(BestTimesFile, IsToldFromOtherFiles) {
          {""s, "Ein Brief.\n"s, list.substr(1), list + "0", list + list,
           list.substr(0, list.size() - 3), eleven_lines.substr(0, 50), std::string(2'000'000, ' ')})
         EXPECT_FALSE(is_best_times_file(other)) << other.substr(0, 40);
+}
+
+TEST(BestTimes, AreTheThirtyShortest) {
+    GameState state;
+    std::multiset<int> times;
+    for (int event = 0; event < 40; ++event) {
+        const int seconds = *times.insert(60 + event * 23 % 37);
+        const int place = place_for(state, seconds);
+        if (place != no_place) insert_entry(state, place, seconds, "", "");
+    }
+    EXPECT_TRUE(std::equal(state.BestTime.begin(), state.BestTime.end(), times.begin()));
 }
 
 TEST(BestTimes, AreStampedInGermanWhereTheirCharactersLackOthers) {
