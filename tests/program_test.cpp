@@ -170,7 +170,7 @@ TEST_F(Program, ShowsTheListAsASnapshot) {
 
 TEST_F(Program, TellsOnceAndInTheListThatItCannotBeStored) {
     testing::internal::CaptureStderr();
-    for (const bool full : {true, true, false, false}) {
+    for (const bool full : {true, true, true, false, false}) {
         player.files.before = [full](const std::string& call) {
             const bool fails = full && call == "create";
             return fails ? std::make_error_code(std::errc::no_space_on_device) : std::error_code{};
