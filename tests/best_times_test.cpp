@@ -1,6 +1,7 @@
 #include "scores/best_times.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -198,8 +199,9 @@ TEST(BestTimes, AreTheThirtyShortest) {
         const int seconds = *times.insert(60 + event * 14 % 37);
         const int place = place_for(state, seconds);
         if (place != no_place) insert_entry(state, place, seconds, "", "");
+        const auto listed = std::next(times.begin(), std::min(event + 1, 30));
+        EXPECT_TRUE(std::equal(times.begin(), listed, state.BestTime.begin())) << event;
     }
-    EXPECT_TRUE(std::equal(state.BestTime.begin(), state.BestTime.end(), times.begin()));
 }
 
 TEST(BestTimes, AreStampedInGermanWhereTheirCharactersLackOthers) {
