@@ -35,6 +35,7 @@ class Player {
     void click(Twips x, Twips y);
     void double_click(Twips x, Twips y);
 
+    /// Types a name and presses Enter.
     void enter_name(const std::string& name);
 
     std::string position() const { return print_position(table.state); }
