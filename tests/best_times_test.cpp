@@ -1,5 +1,8 @@
 #include "scores/best_times.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -86,19 +89,17 @@ struct KeptList {
         };
     }
 
-    /// Deals, wins in an ever different or the same time, or clears the list.
-    void play(char event, int number) {
-        if (event == 'd') {
-            count_up(state.GamesPlayed);
-        } else if (event == 'c') {
+    /// Deals, clears the list, or wins in as many seconds as the code of a capital letter.
+    void play(char event, const std::string& name) {
+        const int place = place_for(state, event);
+        if (event == 'c') {
             clear_places(state);
             file.forget();
             state.GamesPlayed = 0;
-        } else {
-            const int seconds = event == 's' ? 80 : 60 + number * 23 % 40;
-            const std::string name = std::to_string(number);
-            const int place = place_for(state, seconds);
-            if (place != no_place) insert_entry(state, place, seconds, name, name);
+        } else if (event == 'd') {
+            count_up(state.GamesPlayed);
+        } else if (place != no_place) {
+            insert_entry(state, place, event, name, name);
         }
     }
 
@@ -129,8 +130,8 @@ void expect_carried(const std::string& denied, const std::string& failing, int t
     for (int i = 0; i < static_cast<int>(events.size()); ++i) {
         full = !failing.empty() && i < trouble;
         const bool fails = full;
-        list.play(events[static_cast<std::size_t>(i)], i);
-        untroubled.play(events[static_cast<std::size_t>(i)], i);
+        for (KeptList* played : {&list, &untroubled})
+            played->play(events[static_cast<std::size_t>(i)], std::to_string(i));
         EXPECT_EQ(static_cast<bool>(list.file.write(list.state)), fails);
         EXPECT_EQ(list.file.is_behind(), fails);
         untroubled.file.write(untroubled.state);
@@ -142,7 +143,7 @@ void expect_carried(const std::string& denied, const std::string& failing, int t
 
 TEST(BestTimesFile, CarriesEverythingOnceTheTroubleIsOver) {
     for (const std::string& events :
-         {"d"s, "wdsws"s, "sdcdw"s, "ccd"s, std::string(30, 'w') + "wws"}) {
+         {"d"s, "SdPFP"s, "PdcdA"s, "ccd"s, "ZAPYBXDWVEUFTGSHIQPJKZOLNMAZYBXCDP"s}) {
         for (const int trouble : {0, 1, 3, 99}) {
             for (const char* call : {"read", "create", "write", "flush", "close", "rename"})
                 expect_carried("", call, trouble, events);
@@ -189,6 +190,18 @@ TEST(BestTimesFile, IsToldFromOtherFiles) {
          {""s, "Ein Brief.\n"s, list.substr(1), list + "0", list + list,
           list.substr(0, list.size() - 3), eleven_lines.substr(0, 50), std::string(2'000'000, ' ')})
         EXPECT_FALSE(is_best_times_file(other)) << other.substr(0, 40);
+}
+
+TEST(BestTimes, AreTheThirtyShortest) {
+    GameState state;
+    std::multiset<int> times;
+    for (int event = 0; event < 40; ++event) {
+        const int seconds = *times.insert(60 + event * 14 % 37);
+        const int place = place_for(state, seconds);
+        if (place != no_place) insert_entry(state, place, seconds, "", "");
+        const auto listed = std::next(times.begin(), std::min(event + 1, 30));
+        EXPECT_TRUE(std::equal(times.begin(), listed, state.BestTime.begin())) << event;
+    }
 }
 
 TEST(BestTimes, AreStampedInGermanWhereTheirCharactersLackOthers) {

@@ -9,7 +9,6 @@
 
 #include "front_ends/common/mouse.h"
 #include "front_ends/common/picture_bytes.h"
-#include "front_ends/common/ticks.h"
 #include "front_ends/web/page_layout.h"
 
 namespace solvanta::test {
@@ -145,30 +144,13 @@ TEST(PageLayout, FitsTheTableIntoEveryPage) {
     };
     for (const auto& [page, touched, compact, sideways] : cases) {
         const web::Layout layout = web::layout_for(page, table, cards_height, touched, 2);
-        EXPECT_TRUE(layout.compact == compact && layout.sideways == sideways) << page.width;
+        EXPECT_EQ(std::pair(layout.compact, layout.sideways), std::pair(compact, sideways))
+            << page.width;
         EXPECT_LE(layout.scale * table.width + (sideways ? 132 : 0), page.width);
         EXPECT_LE(layout.scale * (compact ? cards_height : table.height) + 30, page.height);
         EXPECT_TRUE(layout.scale >= 0.43 && layout.scale <= 2) << layout.scale;
     }
     EXPECT_GT(web::layout_for({100, 40}, table, cards_height, false, 2).scale, 0);
-}
-
-TEST(Ticks, AreMadeUpForAndNeverDrift) {
-    using Time = Ticks::Time;
-    Ticks ticks(Time(1000), Time(70'000));
-    const std::tuple<int, int, int> looks[] = {
-        // at the clock: what is due then, and how long the next one takes
-        {70'000, 0, 1000}, {70'999, 0, 1}, {71'000, 1, 1000},
-        {72'400, 1, 600},  {78'999, 6, 1}, {79'000, 1, 1000},
-    };
-    for (const auto& [now, due, next] : looks) {
-        int taken = 0;
-        while (ticks.take(Time(now)))
-            ++taken;
-        EXPECT_EQ(taken, due) << now;
-        EXPECT_EQ(ticks.until_next(Time(now)), Time(next)) << now;
-    }
-    EXPECT_EQ(ticks.until_next(Time(99'000)), Time(0));
 }
 
 }  // namespace

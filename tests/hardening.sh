@@ -3,13 +3,12 @@
 set -euo pipefail
 headers=$(LC_ALL=C readelf --wide --file-header --program-headers --dynamic --notes "$1")
 symbols=$(LC_ALL=C readelf --wide --dyn-syms "$1")
-status=0
 
 # has WHAT TEXT PATTERN
 has() {
     grep -qE -- "$3" <<<"$2" && return
     echo "missing: $1"
-    status=1
+    exit 1
 }
 
 has "an address of its own" "$headers" '^ *Type: +DYN'
@@ -22,4 +21,3 @@ if [ "$(uname -m)" = x86_64 ]; then
     # The mark that lets the system check depends on the system's own start code as well.
     has "marked targets of calls" "$(objdump -d "$1" | grep -m 100 endbr64 | wc -l)" '^100$'
 fi
-exit $status

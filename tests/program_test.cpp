@@ -88,7 +88,6 @@ TEST_F(Program, TakesAWinIntoTheList) {
     player.host.now = {2026, 3, 1, 0, 5};  // the moment of Enter counts
     player.enter_name(" Jörg \"€\" ");
     expect_name_entry(false);
-    EXPECT_EQ(table.InName.Text, " Jörg \"€\" ");
     const std::string file_at_win = list_file;
     player.enter_name("again");
     player.play("c4! waste! c5!!");
@@ -97,10 +96,9 @@ TEST_F(Program, TakesAWinIntoTheList) {
     EXPECT_EQ(table.Platz.Caption, "Platz: 1");
     player.host.now = {2026, 12, 25, 23, 10};
     player.enter_name("");
-    EXPECT_EQ(
-        list_file.find("50,\"\",\"25. Dez 2026 23:10\"\r\n100,\"A\",\"d\"\r\n120,\"B\",\"d\"\r\n"
-                       "120,\" J\xF6rg \x94\x80\x94 \",\"1. M\xE4r 2026 0:05\"\r\n"),
-        0U)
+    EXPECT_TRUE(list_file.starts_with(
+        "50,\"\",\"25. Dez 2026 23:10\"\r\n100,\"A\",\"d\"\r\n120,\"B\",\"d\"\r\n"
+        "120,\" J\xF6rg \x94\x80\x94 \",\"1. M\xE4r 2026 0:05\"\r\n"))
         << list_file;
     EXPECT_NE(list_file.find("\n1,2\r"), std::string::npos) << list_file;
 }
@@ -172,7 +170,7 @@ TEST_F(Program, ShowsTheListAsASnapshot) {
 
 TEST_F(Program, TellsOnceAndInTheListThatItCannotBeStored) {
     testing::internal::CaptureStderr();
-    for (const bool full : {true, true, false, false}) {
+    for (const bool full : {true, true, true, false, false}) {
         player.files.before = [full](const std::string& call) {
             const bool fails = full && call == "create";
             return fails ? std::make_error_code(std::errc::no_space_on_device) : std::error_code{};
@@ -283,7 +281,7 @@ TEST_F(Program, StartsTheClockAtADealAndForgetsTheGameBefore) {
     EXPECT_EQ(clock, "0:00");
     player.play("tick");
     EXPECT_EQ(clock, "0:01");
-    EXPECT_TRUE(state.GamesPlayed == 2 && state.PlayedSinceStart == 2);
+    EXPECT_EQ(std::pair(state.GamesPlayed, state.PlayedSinceStart), std::pair(2, 2));
     EXPECT_EQ(player.host.messages,
               std::vector(4, NullHost::Message("Neues Spiel?", Buttons::YesNo)));
 }

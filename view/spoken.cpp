@@ -1,6 +1,7 @@
 #include "view/spoken.h"
 
 #include <array>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -17,6 +18,12 @@ constexpr const char* nothing_dealt = "Noch nichts ausgeteilt";
 
 std::string suit_word(int index) {
     return std::string(suit_words.at(static_cast<std::size_t>(index)));
+}
+
+/// "Herz König"; `card` must be a card.
+std::string spoken_card(CardNumber card) {
+    return suit_word(suit_index(card)) + ' ' +
+           std::string(rank_words.at(static_cast<std::size_t>(rank(card) - 1)));
 }
 
 std::string cards(int count) {
@@ -224,12 +231,6 @@ void name_places(const GameState& state, TableWindow& table) {
 }
 
 }  // namespace
-
-std::string spoken_card(CardNumber card) {
-    if (!is_card(card)) return {};
-    return suit_word(suit_index(card)) + ' ' +
-           std::string(rank_words.at(static_cast<std::size_t>(rank(card) - 1)));
-}
 
 void let_speak(const GameState& state, TableWindow& table) {
     name_places(state, table);

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <string>
-
-#include "core/cards.h"
 #include "core/game_state.h"
 #include "view/windows.h"
 
@@ -10,9 +7,6 @@
 // read from the record whenever somebody asks, and costs nothing before.
 
 namespace solvanta {
-
-/// A card as it is said, "Herz König"; the empty text when `card` is not 1 to 52.
-std::string spoken_card(CardNumber card);
 
 /// Gives the table, once, what it says: a name and a key for each place, its changes, and the
 /// answers to T, the whole table, and Z, clock and counters. Both must outlive the calls.

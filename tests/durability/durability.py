@@ -1,5 +1,5 @@
 """Throws faults at the real writer of the list, the program without windows on a real directory:
-kills it before each of its system calls, holds these to their order, cuts a write short, takes
+kills it before each system call of a deal, holds these to their order, cuts a write short, takes
 permissions away. The list is the old one or the new one, byte for byte, and the next deal goes on.
 
     durability.py DEALS_PROGRAM
@@ -64,8 +64,7 @@ def deal(directory, *wrapper):
 
 
 def record(directory, wrapper):
-    """The system calls of a deal: name, number among those of this name since the start, arguments,
-    result."""
+    """The system calls of a deal: name, number among those of this name since the start, arguments, result."""
     with tempfile.NamedTemporaryFile("r", errors="replace") as log:
         deal(directory, "strace", "-f", "-qqq", "-y", "-o", log.name, *wrapper)
         lines = re.findall(r"(?m)^(?:\d+ +)?(\w+)\((.*)\) += (.*)", log.read())

@@ -19,7 +19,7 @@ inline constexpr Color green{0, 255, 0};
 inline constexpr Color blue{0, 0, 255};
 inline constexpr Color black{0, 0, 0};
 
-/// What is to be seen at some places, x and y in pixels.
+/// What is to be seen at x and y, in pixels.
 using Colors = std::vector<std::tuple<double, double, Color>>;
 
 /// A small form: 300 x 200 pixels in red, with a button at its lower edge.
@@ -77,6 +77,7 @@ class FrontEnd : public testing::Test {
         driver_ = make_driver();
     }
 
+    /// Waits until the form is to be seen in front.
     void show(Form& form) {
         host().show(form);
         ASSERT_TRUE(wait_until([&] {

@@ -7,12 +7,13 @@ namespace solvanta::test {
 namespace {
 
 class Boxes : public FrontEnd {};
+class Windows : public FrontEnd {};
+class Timers : public FrontEnd {};
 
 TEST_F(Boxes, AskInGermanAndAnswer) {
     using enum Answer;
     using Answers = std::vector<std::pair<std::optional<Key>, Answer>>;  // no key: the close box
     const std::tuple<Buttons, std::vector<std::string>, Answers> cases[] = {
-        // the default button first
         {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {Key::Escape, No}, {Key::N, No}}},
         {Buttons::YesNo, {"Ja", "Nein"}, {{{}, No}}},
         {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Enter, Ok}, {{}, Cancel}}},
@@ -66,8 +67,6 @@ TEST_F(Boxes, HaveBehindThemWhatGoesOnAndKeepTheMouseOut) {
     EXPECT_TRUE(wait_until([&] { return !driver().control(form, form.box).shown; }));
     EXPECT_EQ(clicks, 0);
 }
-
-class Windows : public FrontEnd {};
 
 TEST_F(Windows, AreHiddenClosedAndShownAgain) {
     TestForm form;
@@ -155,8 +154,6 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
         }));
     }
 }
-
-class Timers : public FrontEnd {};
 
 // A timer set anew after each handler would need 80 ms for each tick of 30 ms.
 TEST_F(Timers, NeitherDriftNorLoseATick) {

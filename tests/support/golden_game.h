@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -14,7 +13,7 @@ struct GoldenGame {
         std::istringstream text(GOLDEN_GAME);
         text >> seed;
         seed *= 1'000'000'000U;
-        words.assign(std::istreambuf_iterator<char>(text), {});
+        std::getline(text, words, '\0');
     }
 
     std::uint64_t seed = 0;  ///< that a deal at that very moment takes from the clock

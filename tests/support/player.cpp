@@ -94,8 +94,7 @@ void Player::play_word(const std::string& word) {
     ASSERT_TRUE(element.Visible) << word << " in " << position();
     if (word.ends_with("!!")) return element.DblClick();
     // Left and right in turn: two words in quick succession are never taken for a double click.
-    on_the_left_ = !on_the_left_;
-    const Twips x = element.Left + (on_the_left_ ? 300 : 900);
+    const Twips x = element.Left + (std::exchange(on_the_left_, !on_the_left_) ? 900 : 300);
     const Twips y = element.Top + 60;
     if (on_click) on_click(x, y, twice);
     twice ? double_click(x, y) : click(x, y);

@@ -24,7 +24,6 @@ class Player {
     void set_up(GameState placed);
     void set_up(std::string_view position) { set_up(parse_position(position)); }
 
-    /// Confirms a new game.
     void deal();
 
     /// Plays the words in turn: "stock", "waste", "c4" (the exposed card of column 4 or its empty
@@ -32,11 +31,11 @@ class Player {
     /// place is double clicked; "c4!!" gives the double-click event alone.
     void play(const std::string& words);
 
-    /// Presses and releases the left button at a place in twips, once or as a double click.
+    /// At a place in twips.
     void click(Twips x, Twips y);
     void double_click(Twips x, Twips y);
 
-    /// Types `name` into the name box and presses Enter.
+    /// Types a name and presses Enter.
     void enter_name(const std::string& name);
 
     std::string position() const { return print_position(table.state); }

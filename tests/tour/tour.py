@@ -2,8 +2,8 @@
 
     tools/setup/screen.py python3 tests/tour/tour.py PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY
 
-The screenshots go to OUTPUT_DIRECTORY; their names are printed. The program's clock is set to the
-moment of the golden game, so that the cards are those the clicks are meant for.
+The screenshots go to OUTPUT_DIRECTORY. The program's clock is set to the moment of the golden game,
+so that the cards are those the clicks are meant for.
 """
 import os
 import re
@@ -37,9 +37,7 @@ def shot(name):
         time.sleep(0.05)
         return seen not in shown and screen() == seen and seen
     shown.append(wait_for(still, "a still screen"))
-    path = os.path.join(output, name + ".png")
-    subprocess.run(["import", "-window", "root", path], check=True)
-    print(path, flush=True)
+    subprocess.run(["import", "-window", "root", os.path.join(output, name + ".png")], check=True)
 
 
 def wait_for_counts(best_times, counts):

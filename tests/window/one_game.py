@@ -1,9 +1,7 @@
 """Starts the real game again from the directory in which one is playing: one goes on, in front, and
-every later start ends in order and without a word.
+every later start ends in order and without a word. ROUNDS is how often several are started at once.
 
     screen.py one_game.py PROGRAM_DIRECTORY [ROUNDS]
-
-ROUNDS is how often several are started at once.
 """
 import os
 import sys
@@ -12,9 +10,6 @@ import tempfile
 from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window, is_viewable,
                   on_windows, program_in, require, root, send, wait_for, wait_for_answer, window_named,
                   windows_named_by)
-
-AT_ONCE = 3
-ICONIC = 3  # the state of a minimised window
 
 
 def wait_in_front(caption):
@@ -37,7 +32,7 @@ def start_again(command, caption):
 
 
 def minimise(game):
-    send(root.value, 3 << 19, game.table, "WM_CHANGE_STATE", ICONIC)
+    send(root.value, 3 << 19, game.table, "WM_CHANGE_STATE", 3)  # to an icon
     wait_for(lambda: not is_viewable(game.table), "the icon")
     wait_for_answer(game.table)
 
@@ -70,7 +65,7 @@ def play(command, elsewhere, by_link):
 
 
 def race(command):
-    games = [Game(command) for _ in range(AT_ONCE)]
+    games = [Game(command) for _ in range(3)]
     wait_for(lambda: sum(game.runs() for game in games) <= 1, "the end of all games but one")
     playing = [game for game in games if game.runs()]
     require(len(playing) == 1 and not any(game.process.poll() for game in games), "no game is left, or one failed")
@@ -82,7 +77,5 @@ with tempfile.TemporaryDirectory() as work:
     directories = [copy_of_program(sys.argv[1], os.path.join(work, name)) for name in ("Solvanta", "Zweites")]
     os.symlink(directories[0], link := os.path.join(work, "Verweis"))
     play(*map(program_in, [*directories, link]))
-    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
-    for _ in range(rounds):
+    for _ in range(int(sys.argv[2]) if len(sys.argv) > 2 else 5):
         race(program_in(directories[0]))
-    print(rounds, "rounds of", AT_ONCE, "games at once, one left each time")

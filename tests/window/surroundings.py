@@ -17,6 +17,7 @@ from game import (BEST_TIMES, HELP, LIST, TO_BEST_TIMES, TO_HELP, Game, copy_of_
 
 original = os.fsencode(sys.argv[1])
 ITS_LIST, TEMPORARY = os.fsencode(LIST), os.fsencode(LIST) + b".tmp"
+SIGNALS = itertools.cycle((signal.SIGTERM, signal.SIGHUP, signal.SIGINT))
 FILES = [b"Leer.bmp", b"Back_ganz.bmp", b"diddle.jpg", b"skull.gif", b"Solvanta.ico", b"Solvanta.png", b"Help.rtf"]
 
 
@@ -78,8 +79,6 @@ POSIX_CASES = [
     ("standard streams closed", {"stderr": None, "preexec_fn": lambda: os.closerange(0, 3)}),
 ]
 
-signals = itertools.cycle((signal.SIGTERM, signal.SIGHUP, signal.SIGINT))
-
 
 def look(directory):
     """Everything in a directory but the list and what leads to it, and when it last changed."""
@@ -104,7 +103,7 @@ def play(name, prepare=lambda program: None, command=program_in, written=True, q
         game.deal()
         game.open(TO_HELP, HELP)
         game.open(TO_BEST_TIMES, BEST_TIMES)
-        status = game.end() if on_windows(program) else game.terminate(next(signals))
+        status = game.end() if on_windows(program) else game.terminate(next(SIGNALS))
         require(status == 0 and not (quiet and game.said()), name, "ends with", status, game.said())
     require(look(program) == before, name, "changes files:", look(program) ^ before)
     require((listed(program) != list_before) == written, name, "the list is", listed(program))
