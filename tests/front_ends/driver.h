@@ -81,6 +81,8 @@ class Driver {
     virtual void key(Key key, Modifier modifier = Modifier::None) = 0;
     /// One more press of a key that is held down.
     virtual void repeat_key(Key key) = 0;
+    /// Pastes two lines from another program.
+    virtual void paste(const std::string& line, const std::string& next) = 0;
 
     /// Closes a window by its close box.
     virtual void close(const std::string& caption) = 0;

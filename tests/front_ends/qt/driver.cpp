@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBackingStore>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -105,6 +106,11 @@ class QtDriver final : public Driver {
     void repeat_key(Key key) override {
         QKeyEvent held(QEvent::KeyPress, to_qt(key), {}, QString(), true);
         QApplication::sendEvent(QApplication::focusWidget(), &held);
+    }
+
+    void paste(const std::string& line, const std::string& next) override {
+        QApplication::clipboard()->setText(QString::fromStdString(line + '\n' + next));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
     }
 
     void close(const std::string& caption) override { find_window(caption)->close(); }

@@ -75,6 +75,11 @@ class WebDriver final : public Driver {
     }
 
     void repeat_key(Key key) override { hand_act("repeat", name_of(key)); }
+
+    void paste(const std::string& line, const std::string& next) override {
+        hand_act("paste", (line + '\n' + next).c_str());
+    }
+
     void close(const std::string& caption) override { hand_close(caption.c_str()); }
     void minimise(const std::string& /*caption*/) override {}
     void save_desktop() override { hand_leave_page(); }
