@@ -4,6 +4,10 @@
 
 namespace solvanta::win32 {
 
+bool is_shown(HWND control) {
+    return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 void sync_place(HWND control, const Element& element, const Scale& scale) {
     HWND parent = GetParent(control);
     RECT before{};
@@ -17,8 +21,8 @@ void sync_place(HWND control, const Element& element, const Scale& scale) {
         const SIZE size = size_of(place);
         MoveWindow(control, place.left, place.top, size.cx, size.cy, TRUE);
     }
-    const bool shown = (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
-    if (shown != element.Visible) ShowWindow(control, element.Visible ? SW_SHOWNA : SW_HIDE);
+    if (is_shown(control) != element.Visible)
+        ShowWindow(control, element.Visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void sync_text(HWND control, const std::string& text, HFONT font) {
