@@ -214,6 +214,7 @@ TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
     };
     TextForm form;
     show(form);
+    EXPECT_TRUE(FindWindowExW(window_of(form), nullptr, L"Button", L"Eintrag"));  // read aloud
     const UINT system_dpi = GetDpiForSystem();
     for (const UINT dpi : {2 * system_dpi, system_dpi, system_dpi * 3 / 2, system_dpi}) {
         RECT corner{20, 20, 0, 0};
