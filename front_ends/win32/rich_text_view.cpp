@@ -130,7 +130,8 @@ void RichTextView::show_text() {
     // A document's colours are meant for a light ground.
     if (is_dark(GetSysColor(COLOR_WINDOW))) format.dwMask |= CFM_COLOR;
     SendMessageW(handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
-    SendMessageW(handle(), WM_VSCROLL, SB_TOP, 0);
+    SendMessageW(handle(), EM_SETSEL, 0, 0);
+    SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
 }
 
 }  // namespace solvanta::win32
