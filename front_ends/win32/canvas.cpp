@@ -14,16 +14,8 @@ namespace solvanta::win32 {
 namespace {
 
 UINT text_format(Alignment alignment) {
-    constexpr UINT format = DT_TOP | DT_WORDBREAK;
-    switch (alignment) {
-        case Alignment::Right:
-            return format | DT_RIGHT;
-        case Alignment::Centered:
-            return format | DT_CENTER;
-        case Alignment::Left:
-            break;
-    }
-    return format | DT_LEFT;
+    constexpr UINT sideways[] = {DT_LEFT, DT_RIGHT, DT_CENTER};
+    return sideways[static_cast<std::size_t>(alignment)] | DT_TOP | DT_WORDBREAK;
 }
 
 /// The colour of a label's text: on the system's ground, which may be as dark as the text or as

@@ -62,7 +62,9 @@ class NameEdit final : public Window {
         parts.text_boxes[&box] = handle();
     }
 
+    /// Not before its frame shows: the font takes long to find, and most boxes are never shown.
     void sync() override {
+        if (!is_shown(GetParent(handle()))) return;
         sync_text(handle(), box_.Text, to_font(box_.Font, parts_.scale));
         sync_place(handle(), box_, parts_.scale);
     }

@@ -24,20 +24,17 @@ DWORD CALLBACK read_some(DWORD_PTR rest, BYTE* place, LONG wanted, LONG* got) {
 }
 
 /// The document with the groups that lie too deep joined with those around them: not every version
-/// of the control survives them.
-std::string without_deep_groups(const std::string& rtf) {
+/// of the control survives them. A line end stands for nothing.
+std::string without_deep_groups(std::string rtf) {
     constexpr int deepest = 16;
-    std::string flat;
     int depth = 0;
     for (std::size_t i = 0; i < rtf.size(); ++i) {
-        const char character = rtf[i];
-        const bool brace = character == '{' || character == '}';
-        if (character == '{') ++depth;
-        if (!brace || depth <= deepest) flat += character;
-        if (character == '}') --depth;
-        if (character == '\\' && i + 1 < rtf.size()) flat += rtf[++i];
+        const bool opens = rtf[i] == '{' && ++depth > deepest;
+        const bool closes = rtf[i] == '}' && depth-- > deepest;
+        if (rtf[i] == '\\') ++i;
+        if (opens || closes) rtf[i] = '\n';
     }
-    return flat;
+    return rtf;
 }
 
 /// What a key scrolls; with Shift it selects.
@@ -50,6 +47,20 @@ std::optional<WPARAM> scroll_of(WPARAM key) {
         if (known == key) return scroll;
     }
     return std::nullopt;
+}
+
+/// A font, and the system's own colour of text; which of these apply is for the mask to say.
+CHARFORMATW format_of(const Font& font) {
+    constexpr int twips_per_point = 20;
+    CHARFORMATW format{};
+    format.cbSize = sizeof format;
+    if (!font.family.empty()) format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_CHARSET;
+    format.dwEffects = CFE_AUTOCOLOR | (font.bold ? CFE_BOLD : 0);
+    format.yHeight = static_cast<LONG>(font.points * twips_per_point);
+    format.bCharSet = DEFAULT_CHARSET;
+    format.bPitchAndFamily = FIXED_PITCH | FF_MODERN;
+    to_utf16(font.family).copy(format.szFaceName, LF_FACESIZE - 1);
+    return format;
 }
 
 }  // namespace
@@ -77,26 +88,13 @@ void RichTextView::sync() {
 }
 
 std::optional<LRESULT> RichTextView::answer(const Message& message) {
-    switch (message.id) {
-        case WM_GETDLGCODE:  // Tab leads on; the arrows scroll
-            return DLGC_WANTARROWS;
-        case WM_SYSCOLORCHANGE:
-            answer_of_class(message);
-            show_text();
-            return 0;
-        case WM_KEYDOWN:
-            return scroll(message);
-        case WM_SETFOCUS:
-            answer_of_class(message);
-            HideCaret(handle());  // nothing can be written here
-            return 0;
-        case WM_SIZE:
-            answer_of_class(message);
-            leave_margin();
-            return 0;
-        default:
-            return std::nullopt;
-    }
+    if (message.id == WM_GETDLGCODE) return DLGC_WANTARROWS;  // Tab leads on; the arrows scroll
+    if (message.id == WM_KEYDOWN) return scroll(message);
+    const LRESULT result = answer_of_class(message);
+    if (message.id == WM_SETFOCUS) HideCaret(handle());  // nothing can be written here
+    if (message.id == WM_SIZE) leave_margin();
+    if (message.id == WM_SYSCOLORCHANGE) show_text();
+    return result;
 }
 
 /// The class would move a caret that is not to be seen, and scroll only for its sake.
@@ -126,34 +124,14 @@ void RichTextView::show_text() {
     std::string_view rest = document;
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rest), 0, read_some};
     SendMessageW(handle(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+    CHARFORMATW format = format_of(box_.Font);
     // A document without fonts of its own shows in that of the box.
-    if (document.find("\\fonttbl") == std::string::npos) use_font_of_box();
-    if (is_dark(GetSysColor(COLOR_WINDOW))) use_color_of_system();
+    if (document.find("\\fonttbl") != std::string::npos) format.dwMask = 0;
+    // A document's colours are meant for a light ground.
+    if (is_dark(GetSysColor(COLOR_WINDOW))) format.dwMask |= CFM_COLOR;
+    SendMessageW(handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
     SendMessageW(handle(), EM_SETSEL, 0, 0);
     SendMessageW(handle(), EM_SCROLLCARET, 0, 0);
-}
-
-/// A document's colours are meant for a light ground.
-void RichTextView::use_color_of_system() {
-    CHARFORMATW format{};
-    format.cbSize = sizeof format;
-    format.dwMask = CFM_COLOR;
-    format.dwEffects = CFE_AUTOCOLOR;
-    SendMessageW(handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
-}
-
-void RichTextView::use_font_of_box() {
-    if (box_.Font.family.empty()) return;
-    constexpr int twips_per_point = 20;
-    CHARFORMATW format{};
-    format.cbSize = sizeof format;
-    format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_CHARSET;
-    format.dwEffects = box_.Font.bold ? CFE_BOLD : 0;
-    format.yHeight = static_cast<LONG>(box_.Font.points * twips_per_point);
-    format.bCharSet = DEFAULT_CHARSET;
-    format.bPitchAndFamily = FIXED_PITCH | FF_MODERN;
-    to_utf16(box_.Font.family).copy(format.szFaceName, LF_FACESIZE - 1);
-    SendMessageW(handle(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
 }  // namespace solvanta::win32

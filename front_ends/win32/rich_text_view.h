@@ -19,8 +19,6 @@ class RichTextView final : public Window {
     void zoom();
     void leave_margin();
     void show_text();
-    void use_color_of_system();
-    void use_font_of_box();
 
     const RichTextBox& box_;
     WindowParts& parts_;

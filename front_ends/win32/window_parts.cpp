@@ -4,17 +4,25 @@
 
 namespace solvanta::win32 {
 
+bool is_shown(HWND control) {
+    return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 void sync_place(HWND control, const Element& element, const Scale& scale) {
+    HWND parent = GetParent(control);
+    RECT before{};
+    GetWindowRect(control, &before);
+    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&before), 2);
     // What reaches beyond the parent would be cut off, a scroll bar included.
-    const RECT room = client_area(GetParent(control));
+    const RECT room = client_area(parent);
     RECT place = to_rect(scale.place_of(element));
-    IntersectRect(&place, &place, &room);
-    UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
-    flags |= element.Visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
     // A minimised window has no room, but its controls keep their places.
-    if (IsRectEmpty(&place)) flags |= SWP_NOMOVE | SWP_NOSIZE;
-    const SIZE size = size_of(place);
-    SetWindowPos(control, nullptr, place.left, place.top, size.cx, size.cy, flags);
+    if (IntersectRect(&place, &place, &room) && !EqualRect(&place, &before)) {
+        const SIZE size = size_of(place);
+        MoveWindow(control, place.left, place.top, size.cx, size.cy, TRUE);
+    }
+    if (is_shown(control) != element.Visible)
+        ShowWindow(control, element.Visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void sync_text(HWND control, const std::string& text, HFONT font) {

@@ -24,6 +24,9 @@ struct WindowParts {
     std::map<const TextBox*, HWND> text_boxes;
 };
 
+/// Whether a control shows as soon as its parent does.
+bool is_shown(HWND control);
+
 /// Puts a control where its element lies, as far as that is within its parent, and shows or hides
 /// it.
 void sync_place(HWND control, const Element& element, const Scale& scale);

@@ -1,9 +1,10 @@
 #include "tests/front_ends/stage.h"
+#include "text/windows_1252.h"
 
 namespace solvanta::test {
 namespace {
 
-/// A button opens the name entry, Enter closes it.
+/// A button opens the name entry; Enter, or a desktop that saves its state, closes it.
 class NameEntry : public FrontEnd {
   protected:
     NameEntry() {
@@ -11,10 +12,12 @@ class NameEntry : public FrontEnd {
             form.frame.Enabled = form.frame.Visible = true;
             host().set_focus(form.box);
         };
-        form.box.KeyDown = [&](int code) {
-            if (code != key_enter) return;
-            entered += form.box.Text;
+        form.Saving = [&] {
+            entered = to_list_text(form.box.Text);
             form.frame.Enabled = form.frame.Visible = false;
+        };
+        form.box.KeyDown = [&](int code) {
+            if (code == key_enter) form.Saving();
         };
     }
 
@@ -40,14 +43,18 @@ TEST_F(NameEntry, KeepsTheFocusWhileButtonsArePressed) {
     EXPECT_EQ(pressed, 4);
 }
 
-TEST_F(NameEntry, TakesFocusInAFrameJustShownAndHearsEnter) {
-    const std::tuple<Key, Modifier, bool> cases[] = {
-        {Key::Enter, Modifier::None, true},    {Key::KeypadEnter, Modifier::Shift, true},
-        {Key::Enter, Modifier::Control, true}, {Key::Enter, Modifier::Alt, true},
-        {Key::Escape, Modifier::None, false},  {Key::M, Modifier::Control, false},
+TEST_F(NameEntry, TakesFocusInAFrameJustShownAndEndsWithWhatIsTyped) {
+    const std::tuple<std::optional<Key>, Modifier, bool> cases[] = {
+        {Key::Enter, Modifier::None, true},
+        {Key::KeypadEnter, Modifier::Shift, true},
+        {Key::Enter, Modifier::Control, true},
+        {Key::Enter, Modifier::Alt, true},
+        {Key::Escape, Modifier::None, false},
+        {Key::M, Modifier::Control, false},
+        {{}, Modifier::None, true},  // the desktop saves its state
     };
     show(form);
-    for (const auto& [key, modifier, enters] : cases) {
+    for (const auto& [key, modifier, ends] : cases) {
         entered.clear();
         form.box.Text = "Jörg";
         EXPECT_FALSE(driver().control(form, form.box).shown);
@@ -55,13 +62,17 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndHearsEnter) {
         ASSERT_TRUE(driver().control(form, form.box).focused);
         for (const Key typed : {Key::End, Key::Backspace, Key::A})
             press_key(typed);
-        press_key(key, modifier);
-        EXPECT_EQ(form.box.Text, "Jöra");
-        EXPECT_EQ(entered, enters ? "Jöra" : "") << int(key) << ' ' << int(modifier);
+        driver().paste("Süß", "er");
+        driver().settle();
+        key ? driver().key(*key, modifier) : driver().save_desktop();
+        driver().settle();
+        const std::string typed = "J\xF6raS\xFC\xDF er";  // in one line
+        EXPECT_EQ(to_list_text(form.box.Text), typed);
+        EXPECT_EQ(entered, ends ? typed : "") << int(key.value_or(Key::N)) << int(modifier);
         const ControlLook box = driver().control(form, form.box);
-        EXPECT_EQ(std::tuple(box.shown, box.focused, box.text),
-                  std::tuple(!enters, !enters, "Jöra"));
-        if (!enters) press_key(Key::Enter);
+        EXPECT_EQ(std::tuple(box.shown, box.focused, to_list_text(box.text)),
+                  std::tuple(!ends, !ends, typed));
+        if (!ends) press_key(Key::Enter);
     }
 }
 

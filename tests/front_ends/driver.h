@@ -95,6 +95,8 @@ class Driver {
     virtual void key(Key key, Modifier modifier = Modifier::None) = 0;
     /// One more press of a key that is held down.
     virtual void repeat_key(Key key) = 0;
+    /// Pastes two lines from another program.
+    virtual void paste(const std::string& line, const std::string& next) = 0;
 
     /// The same with the key of a digit or a capital letter.
     virtual void type(char character, bool shift) = 0;

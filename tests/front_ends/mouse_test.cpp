@@ -27,7 +27,7 @@ struct MouseForm : TestForm {
         controls = {&box, &frame, &dead_frame};
     }
 
-    std::map<char, Point> places{{'l', {40, 20}}, {'r', {79, 20}}};
+    std::map<char, Point> places{{'l', {40, 0}}, {'r', {79, 39}}};
     PictureBox box;
     Frame frame;
     Frame dead_frame;

@@ -4,7 +4,9 @@
     screen.py [--bare] [--windows FOLDER] [--dpi DOTS] COMMAND...
 
 --bare leaves the window manager out. --windows gives a Windows of the command's own too: a Wine in
-German, at so many dots per inch, whose unchanging part is made in FOLDER by the first that asks.
+German, at so many dots per inch, whose unchanging part is made in FOLDER by the first that asks. With
+--bare it keeps its windows to itself, as Windows does: a window manager minimises and brings forward at
+a time of its own, and what was asked for meanwhile may be undone.
 However the command or this program ends, all that was started here ends too.
 """
 import argparse
@@ -25,7 +27,12 @@ PREPARING = 300  # seconds for what is done once
 QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
 # No bindings, so that the window manager does not come between a click and its window.
 OPENBOX = '<openbox_config xmlns="http://openbox.org/3.4/rc"><mouse/></openbox_config>'
-DPI = '\n[Control Panel\\\\Desktop]\n"LogPixels"=dword:{:08x}\n'
+SETTINGS = """
+[Control Panel\\\\Desktop]
+"LogPixels"=dword:{:08x}
+[Software\\\\Wine\\\\X11 Driver]
+"Managed"="{}"
+"""
 
 
 def wait_for(condition, what):
@@ -95,7 +102,7 @@ def prepare_windows(folder):
 
 
 @contextlib.contextmanager
-def windows(folder, work, dpi):
+def windows(folder, work, dpi, managed):
     """A Windows with a registry of its own, and the files of the one in the folder."""
     os.makedirs(folder, exist_ok=True)
     os.environ.update(WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=", LC_ALL="de_DE.UTF-8",
@@ -105,7 +112,7 @@ def windows(folder, work, dpi):
     shutil.copytree(os.path.join(folder, "prefix"), own, symlinks=True, ignore=lambda *_: ["drive_c"])
     os.symlink(os.path.join(folder, "prefix", "drive_c"), os.path.join(own, "drive_c"))
     with open(os.path.join(own, "user.reg"), "a", encoding="ascii") as registry:
-        registry.write(DPI.format(dpi))
+        registry.write(SETTINGS.format(dpi, "Y" if managed else "N"))
     os.environ["WINEPREFIX"] = own
     # What Windows runs besides lives as long as any program does. Started anew by each it would take
     # long, hold on to that one's output, and live by a clock set for it.
@@ -132,7 +139,7 @@ def main():
         if not wanted.bare:
             stack.enter_context(window_manager(work))
         if wanted.windows:
-            stack.enter_context(windows(wanted.windows, work, wanted.dpi))
+            stack.enter_context(windows(wanted.windows, work, wanted.dpi, not wanted.bare))
         process = stack.enter_context(running(*wanted.command))
         sys.exit(process.wait())
 

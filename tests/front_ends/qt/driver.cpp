@@ -7,7 +7,9 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QBackingStore>
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
@@ -138,6 +140,11 @@ class QtDriver final : public Driver {
     void type(char character, bool shift) override {
         QTest::keyClick(QApplication::activeWindow()->windowHandle(), character,
                         shift ? Qt::ShiftModifier : Qt::NoModifier);
+    }
+
+    void paste(const std::string& line, const std::string& next) override {
+        QApplication::clipboard()->setText(QString::fromStdString(line + '\n' + next));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
     }
 
     void close(const std::string& caption) override { find_window(caption)->close(); }

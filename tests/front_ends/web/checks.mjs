@@ -39,6 +39,7 @@ const acts = {
   click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
   key: ({ argument }) => page.keyboard.press(argument),
+  paste: ({ argument }) => page.keyboard.insertText(argument),
   repeat: ({ argument: key }) => keys.send('Input.dispatchKeyEvent',
     { type: 'keyDown', key, code: key, windowsVirtualKeyCode: 13, text: '\r', autoRepeat: true }),
   async look({ x, y }) {

@@ -84,6 +84,10 @@ class WebDriver final : public Driver {
         hand_act("key", ((shift ? "Shift+" : "") + key).c_str());
     }
 
+    void paste(const std::string& line, const std::string& next) override {
+        hand_act("paste", (line + '\n' + next).c_str());
+    }
+
     void close(const std::string& caption) override { hand_close(caption.c_str()); }
     void minimise(const std::string& /*caption*/) override {}
     void save_desktop() override { hand_leave_page(); }

@@ -1,11 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <cmath>
+#include <stdexcept>
+#include <thread>
 
 #include <richedit.h>
 #include <windows.h>
 
-#include "platform/trouble.h"
 #include "tests/front_ends/stage.h"
 #include "text/windows_text.h"
 
@@ -16,75 +17,104 @@ HWND window_of(const Form& form) {
     return FindWindowW(L"Solvanta", to_utf16(form.Caption).c_str());
 }
 
-/// A form with a label and a text that does not fit, in which the keys scroll.
-struct TextForm : TestForm {
-    TextForm() : TestForm("Text") {
+HWND view_of(const Form& form) {
+    return FindWindowExW(window_of(form), nullptr, L"RICHEDIT50W", nullptr);
+}
+
+/// A form with one of each kind that bears text, the rich one longer than its box.
+struct TextForm : EntryForm {
+    TextForm() {
         HasIcon = true;
-        place(view, 10, 30, 280, 140);
-        place(label, 10, 4, 100, 20);
-        label.BackColor = blue;
+        frame.Visible = frame.Enabled = true;
+        place(view, 10, 125, 280, 50);
+        place(label, 10, 2, 100, 16);
+        label.Alignment = Alignment::Right;
+        label.Caption = box.Text = button.Caption = "H";
         canvas = {&label};
-        view.TextRTF = R"({\rtf1{\fonttbl{\f0 Arial;}}\fs24 )";
+        view.Font = {"Arial", 12, true};
+        view.TextRTF = R"({\rtf1{\colortbl;\red0\green0\blue0;}\cf1\fs24 )";
         for (int line = 0; line < 60; ++line)
-            view.TextRTF += "Zeile\\par ";
+            view.TextRTF += "H\\par ";
         view.TextRTF += '}';
-        controls = {&view, &button};
+        controls = {&view, &button, &frame};
     }
 
     RichTextBox view;
     Label label;
 };
 
-HWND view_of(const Form& form) {
-    return FindWindowExW(window_of(form), nullptr, L"RICHEDIT50W", nullptr);
+constexpr RECT label_area{10, 2, 110, 18};
+constexpr RECT view_area{11, 126, 100, 144};
+constexpr RECT button_edge{1, 181, 2, 182};
+
+RECT scaled(const RECT& rect, double scale) {
+    const auto edge = [scale](LONG pixel) { return std::lround(double(pixel) * scale); };
+    return {edge(rect.left), edge(rect.top), edge(rect.right), edge(rect.bottom)};
 }
 
-/// The height in pixels of the first line of the text.
-LONG line_height(const TextForm& form) {
-    HWND view = view_of(form);
-    POINTL places[2]{};
-    for (const int line : {0, 1}) {
-        const LRESULT start = SendMessageW(view, EM_LINEINDEX, WPARAM(line), 0);
-        SendMessageW(view, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&places[line]), start);
-    }
-    return places[1].y - places[0].y;
+/// How far apart two edges of the same name lie at the most.
+LONG distance(const RECT& one, const RECT& other) {
+    return std::max({std::abs(one.left - other.left), std::abs(one.top - other.top),
+                     std::abs(one.right - other.right), std::abs(one.bottom - other.bottom)});
 }
+
+/// What in an area of a window has not the colour of its first pixel, which is the ground.
+struct Ink {
+    Ink(const Form& form, const RECT& area) {
+        RedrawWindow(window_of(form), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        HDC dc = GetDCEx(window_of(form), nullptr, DCX_CACHE);
+        ground = GetPixel(dc, area.left, area.top);
+        for (LONG x = area.left; x < area.right; ++x) {
+            for (LONG y = area.top; y < area.bottom; ++y) {
+                const RECT pixel{x, y, x + 1, y + 1};
+                if (GetPixel(dc, x, y) != ground) UnionRect(&place, &place, &pixel);
+            }
+        }
+        ReleaseDC(window_of(form), dc);
+    }
+
+    RECT place{};
+    COLORREF ground;
+};
 
 class Desktop : public FrontEnd {};
 
 // The system ends a program at any time after this answer, whatever is still open in it.
-TEST_F(Desktop, EndsWithABoxOpenAndAKeyHeld) {
+TEST_F(Desktop, EndsAtOnceWithABoxOpenAndAKeyHeld) {
     TestForm form;
-    std::string log;
-    form.Saving = [&] { log += "saving "; };
-    form.Closed = [&] { log += "closed ", host().quit(); };
+    bool closed = false;
+    form.Closed = [&] { closed = true, host().quit(); };
     form.button.Click = [&] {
-        host().ask("Gewonnen!", Buttons::Ok, [&](Answer) { log += "answered "; });
+        host().ask("Gewonnen!", Buttons::Ok, [](Answer) { ADD_FAILURE() << "answered"; });
     };
     show(form);
     when_box_opens([&] {
-        SendMessageW(window_of(form), WM_QUERYENDSESSION, 0, 0);
-        EXPECT_EQ(log, "saving ");
         SendMessageW(window_of(form), WM_ENDSESSION, TRUE, 0);
-        EXPECT_EQ(log, "saving closed ");
-        EXPECT_FALSE(driver().box());
+        EXPECT_TRUE(closed && !driver().box());
     });
     keybd_event(VK_RETURN, 0, 0, 0);  // on the button, which has the focus
     EXPECT_TRUE(driver().run());
     keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
-    EXPECT_EQ(log, "saving closed ");
 }
 
 // The box belongs to one window and disables all: it must come with any of them.
 TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
     TestForm form;
     TestForm other("Hilfe");
+    form.Place = OpeningPlace::Centered;
     show(other);
     show(form);
-    const auto box_is_in_front = [&] {
-        return driver().box() && GetForegroundWindow() == FindWindowW(L"#32770", L"Solvanta");
-    };
+    const auto box = [] { return FindWindowW(L"#32770", L"Solvanta"); };
+    const auto box_is_in_front = [&] { return driver().box() && GetForegroundWindow() == box(); };
     when_box_opens([&] {
+        RECT place{};
+        RECT below{};
+        GetWindowRect(box(), &place);
+        GetWindowRect(window_of(form), &below);
+        EXPECT_NEAR(below.left + below.right, GetSystemMetrics(SM_CXSCREEN), 2);
+        EXPECT_NEAR(below.top + below.bottom, GetSystemMetrics(SM_CYSCREEN), 2);
+        EXPECT_NEAR(place.left + place.right, below.left + below.right, 2);
+        EXPECT_NEAR(place.top, below.bottom - 75, 10);
         SetForegroundWindow(window_of(other));
         EXPECT_FALSE(box_is_in_front());
         driver().later(200, [&] {
@@ -102,7 +132,25 @@ TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
     EXPECT_TRUE(wait_until([&] { return answered; }));
 }
 
-TEST_F(Desktop, ScrollsTheTextAtEachKey) {
+// While it is held, the system's own loop lets nothing but the mouse through.
+TEST_F(Desktop, MakesUpForTheTicksMissedWhileACaptionButtonIsHeld) {
+    TestForm form;
+    int ticks = 0;
+    Timer timer{50, [&] { ++ticks; }};
+    form.timers = {&timer};
+    show(form);
+    const ULONGLONG start = GetTickCount64();
+    std::thread hand([window = window_of(form)] {
+        Sleep(1000);
+        PostMessageW(window, WM_LBUTTONUP, 0, 0);
+    });
+    SendMessageW(window_of(form), WM_NCLBUTTONDOWN, HTMINBUTTON, 0);
+    EXPECT_LT(ticks, 10);
+    EXPECT_TRUE(wait_until([&] { return ticks >= int(GetTickCount64() - start) / 50 - 5; }));
+    hand.join();
+}
+
+TEST_F(Desktop, ScrollsTheTextAtEachKeyAndZoomsItUntilItIsOpenedAnew) {
     TextForm form;
     show(form);
     const auto scrolled = [&](int key) {
@@ -119,17 +167,19 @@ TEST_F(Desktop, ScrollsTheTextAtEachKey) {
     EXPECT_GT(scrolled(VK_END), 2 * page);
     EXPECT_GT(scrolled(VK_PRIOR), page);
     EXPECT_EQ(scrolled(VK_HOME), 0);
-}
 
-/// How many pixels of a window are light, from a corner on.
-int light_pixels(HWND window, POINT corner) {
-    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    HDC dc = GetDC(window);
-    int light = 0;
-    for (int i = 0; i < 60 * 18; ++i)
-        light += GetGValue(GetPixel(dc, corner.x + i % 60, corner.y + i / 60)) > 128 ? 1 : 0;
-    ReleaseDC(window, dc);
-    return light;
+    SendMessageW(view_of(form), EM_SETZOOM, 3, 1);  // as by Ctrl and the wheel
+    click(form, form.button);
+    DWORD zoom[2]{};
+    const auto get_zoom = [&] {
+        SendMessageW(view_of(form), EM_GETZOOM, WPARAM(&zoom[0]), LPARAM(&zoom[1]));
+    };
+    get_zoom();
+    EXPECT_EQ(zoom[0], 3 * zoom[1]);
+    host().hide(form);
+    show(form);
+    get_zoom();
+    EXPECT_EQ(zoom[0], zoom[1]);
 }
 
 TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
@@ -138,58 +188,57 @@ TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
     std::array<COLORREF, 4> usual{};
     std::transform(std::begin(kinds), std::end(kinds), usual.begin(), GetSysColor);
     TextForm form;
-    form.label.BackColor.reset();
-    form.label.Caption = "Platz: 1";
-    form.view.TextRTF.replace(6, 0, R"({\colortbl;\red0\green0\blue0;}\cf1 )");
     show(form);
     for (const auto& colors : {contrast, usual}) {
         SetSysColors(4, kinds, colors.data());
         driver().wait(50);
-        for (const auto& [window, corner] :
-             {std::pair{window_of(form), POINT{11, 5}}, {view_of(form), POINT{5, 5}}}) {
-            const int light = light_pixels(window, corner);
-            EXPECT_TRUE(light > 10 && light < 1070) << light;
-            EXPECT_EQ(light > 540, colors == usual);
+        for (const RECT& area : {label_area, view_area}) {
+            const Ink ink(form, area);
+            EXPECT_FALSE(IsRectEmpty(&ink.place));
+            EXPECT_EQ(GetGValue(ink.ground) > 128, colors == usual);
         }
     }
 }
 
-TEST_F(Desktop, LaysEverythingOutAnewOnAScreenOfAnotherResolution) {
+TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
+    const std::pair<RECT, RECT> cases[] = {
+        {label_area, {102, 4, 109, 13}},          {view_area, {15, 132, 23, 142}},
+        {{20, 21, 280, 120}, {20, 22, 280, 120}},  // the frame
+        {{32, 20, 100, 27}, {33, 22, 70, 27}},     // its caption, above the border
+        {{45, 56, 200, 76}, {49, 59, 56, 68}},     // the name
+        {{3, 183, 77, 194}, {36, 184, 42, 192}},   // the button
+    };
     TextForm form;
     show(form);
-    const LONG usual = line_height(form);
-    const int dpi = int(GetDpiForSystem());
-    for (const int now : {2 * dpi, dpi, dpi * 3 / 2, dpi}) {
-        RECT place{20, 20, 0, 0};
-        SendMessageW(window_of(form), WM_DPICHANGED, MAKEWPARAM(now, now),
-                     reinterpret_cast<LPARAM>(&place));
-        const auto scaled = [&](int length) { return length * driver().ratio() * now / dpi; };
-        RECT client{};
-        GetClientRect(window_of(form), &client);
-        EXPECT_EQ(client.right, scaled(300));
-        HWND button = FindWindowExW(window_of(form), nullptr, L"Button", nullptr);
-        RECT at{};
-        GetWindowRect(button, &at);
-        MapWindowPoints(nullptr, window_of(form), reinterpret_cast<POINT*>(&at), 2);
-        EXPECT_NEAR(at.top, scaled(180), 1);
-        EXPECT_NEAR(at.bottom, scaled(197), 1);
-        EXPECT_NEAR(line_height(form), 1.0 * usual * now / dpi, 2) << now;
+    EXPECT_TRUE(FindWindowExW(window_of(form), nullptr, L"Button", L"Eintrag"));  // read aloud
+    const UINT system_dpi = GetDpiForSystem();
+    for (const UINT dpi : {2 * system_dpi, system_dpi, system_dpi * 3 / 2, system_dpi}) {
+        RECT corner{20, 20, 0, 0};
+        SendMessageW(window_of(form), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                     reinterpret_cast<LPARAM>(&corner));
+        const double scale = dpi / 96.0;
+        for (const auto& [area, at] : cases) {
+            const RECT seen = Ink(form, scaled(area, scale)).place;
+            EXPECT_LE(distance(seen, scaled(at, scale)), 2 * scale) << dpi << ": " << at.left;
+        }
         ICONINFO icon{};
         BITMAP picture{};
         GetIconInfo(HICON(SendMessageW(window_of(form), WM_GETICON, ICON_BIG, 0)), &icon);
         GetObjectW(icon.hbmColor, sizeof picture, &picture);
-        EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, UINT(now)));
-        expect_colors(form, {{10.0 * now / dpi + 1, 5.0 * now / dpi, blue}});
+        EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, dpi));
     }
-    SendMessageW(view_of(form), EM_SETZOOM, 3, 1);  // as by Ctrl and the wheel
-    click(form, form.button);
-    EXPECT_GT(line_height(form), 2 * usual);
-    host().hide(form);
-    show(form);
-    EXPECT_EQ(line_height(form), usual);
+    const COLORREF released = Ink(form, button_edge).ground;
+    driver().mouse(form, {20, 188}, MouseButton::Left, true);
+    driver().settle();
+    EXPECT_NE(Ink(form, button_edge).ground, released);
 }
 
-TEST_F(Desktop, IsToldOfTroubleByTheDebuggersStream) {
+TEST_F(Desktop, SpeaksTheUsersLanguageAndTellsTheDebuggerOfTrouble) {
+    const LocaleTexts texts = host().locale_texts();
+    EXPECT_EQ(texts.month_abbreviations.back() + texts.decimal_separator, "Dez,");
+    TestForm form;
+    form.button.Click = [] { throw std::runtime_error("eine Probe"); };
+    show(form);
     static int heard;
     const auto hear = [](EXCEPTION_POINTERS* about) -> LONG {
         const DWORD code = about->ExceptionRecord->ExceptionCode;
@@ -197,7 +246,7 @@ TEST_F(Desktop, IsToldOfTroubleByTheDebuggersStream) {
         return EXCEPTION_CONTINUE_SEARCH;
     };
     void* const handler = AddVectoredExceptionHandler(1, hear);
-    report_trouble("eine Probe");
+    press_key(Key::Enter);
     RemoveVectoredExceptionHandler(handler);
     EXPECT_GT(heard, 0);
 }

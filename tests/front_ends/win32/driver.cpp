@@ -1,7 +1,6 @@
 #include "tests/front_ends/driver.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 #include <stdexcept>
@@ -19,45 +18,25 @@ double screen_ratio() {
     return GetDpiForSystem() / 96.0;
 }
 
-std::wstring class_of(HWND window) {
-    std::array<wchar_t, 64> name{};
-    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    return name.data();
-}
-
 std::string text_of(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    std::erase(text, L'\n');
-    std::replace(text.begin(), text.end(), L'\r', L'\n');
-    return to_utf8(text);
+    std::string text = win32::text_of(window);
+    std::erase(text, '\n');
+    std::replace(text.begin(), text.end(), '\r', '\n');
+    return text;
 }
 
-using Fits = std::function<bool(HWND)>;
-
-/// Goes on through windows until one fits.
-BOOL CALLBACK look_at(HWND window, LPARAM fits) {
-    return (*reinterpret_cast<const Fits*>(fits))(window) ? FALSE : TRUE;
+/// A window that is to be seen; null without one.
+HWND find_window(const wchar_t* window_class, const wchar_t* caption) {
+    HWND window = FindWindowW(window_class, caption);
+    return IsWindowVisible(window) ? window : nullptr;
 }
 
-/// The program's visible window that `fits`; null without one.
-HWND find_window(const Fits& fits) {
-    HWND found = nullptr;
-    const Fits find = [&](HWND window) {
-        if (IsWindowVisible(window) != FALSE && fits(window)) found = window;
-        return found != nullptr;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), look_at, reinterpret_cast<LPARAM>(&find));
-    return found;
-}
-
-bool is_box(HWND window) {
-    return class_of(window) == L"#32770";
+HWND open_box() {
+    return find_window(L"#32770", nullptr);
 }
 
 HWND window_named(const std::string& caption) {
-    return find_window([&](HWND window) { return !is_box(window) && text_of(window) == caption; });
+    return find_window(L"Solvanta", to_utf16(caption).c_str());
 }
 
 HWND window_of(const Form& form) {
@@ -71,29 +50,20 @@ POINT to_device(Point at) {
             static_cast<LONG>(std::floor(at.y * screen_ratio()))};
 }
 
-bool is_control(HWND window) {
-    const std::wstring name = class_of(window);
-    const bool frame = (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-    return name == L"Edit" || (name == L"Button" && !frame) ||
-           _wcsicmp(name.c_str(), L"RICHEDIT50W") == 0;
+/// The innermost window at a place, which becomes one in it.
+HWND innermost(HWND window, POINT& place, UINT passed_over) {
+    HWND child = nullptr;
+    while ((child = ChildWindowFromPointEx(window, place, passed_over)) && child != window) {
+        MapWindowPoints(window, child, &place, 1);
+        window = child;
+    }
+    return window;
 }
 
 /// The system's control that shows `element`, found by its place.
 HWND control_of(const Form& form, const Element& element) {
-    HWND window = window_of(form);
-    const Rectangle place = place_of(form, element);
-    const POINT centre = to_device(place.centre());
-    HWND control = nullptr;
-    const Fits find = [&](HWND child) {
-        RECT rect{};
-        GetWindowRect(child, &rect);
-        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&rect), 2);
-        if (is_control(child) && PtInRect(&rect, centre) != FALSE) control = child;
-        return control != nullptr;
-    };
-    EnumChildWindows(window, look_at, reinterpret_cast<LPARAM>(&find));
-    if (!control) throw std::runtime_error("no such control");
-    return control;
+    POINT centre = to_device(place_of(form, element).centre());
+    return innermost(window_of(form), centre, CWP_ALL);
 }
 
 WORD to_virtual_key(Key key) {
@@ -102,13 +72,17 @@ WORD to_virtual_key(Key key) {
     return keys[static_cast<std::size_t>(key)];
 }
 
+/// Presses a key, or releases it by the flag.
 void send_key(WORD key, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
+    const UINT code = MapVirtualKeyW(key, MAPVK_VK_TO_VSC);
+    keybd_event(static_cast<BYTE>(key), static_cast<BYTE>(code), flags, 0);
+}
+
+void press_key(WORD key, WORD held, DWORD extended) {
+    if (held) send_key(held, 0);
+    send_key(key, extended);
+    send_key(key, extended | KEYEVENTF_KEYUP);
+    if (held) send_key(held, KEYEVENTF_KEYUP);
 }
 
 /// Drives the system as a hand would: input goes through its queue.
@@ -157,27 +131,29 @@ class Win32Driver final : public Driver {
         POINT place = to_device(at);
         ClientToScreen(window_of(form), &place);
         const auto normalized = [](LONG pixel, int screen_size) {
-            return static_cast<LONG>((pixel + 0.5) * 65536 / GetSystemMetrics(screen_size));
+            return static_cast<DWORD>((pixel + 0.5) * 65536 / GetSystemMetrics(screen_size));
         };
-        INPUT input{};
-        input.type = INPUT_MOUSE;
-        input.mi.dx = normalized(place.x, SM_CXSCREEN);
-        input.mi.dy = normalized(place.y, SM_CYSCREEN);
-        input.mi.dwFlags = uses[static_cast<std::size_t>(button)][down ? 1 : 0] | MOUSEEVENTF_MOVE |
-                           MOUSEEVENTF_ABSOLUTE;
-        SendInput(1, &input, sizeof input);
+        mouse_event(uses[static_cast<std::size_t>(button)][down ? 1 : 0] | MOUSEEVENTF_MOVE |
+                        MOUSEEVENTF_ABSOLUTE,
+                    normalized(place.x, SM_CXSCREEN), normalized(place.y, SM_CYSCREEN), 0, 0);
     }
 
     void rest() override { Sleep(GetDoubleClickTime() + 50); }
 
     void key(Key key, Modifier modifier) override {
         constexpr WORD modifiers[] = {0, VK_SHIFT, VK_CONTROL, VK_MENU};
-        const WORD held = modifiers[static_cast<std::size_t>(modifier)];
-        const DWORD extended = key == Key::KeypadEnter ? KEYEVENTF_EXTENDEDKEY : 0;
-        if (held) send_key(held, 0);
-        send_key(to_virtual_key(key), extended);
-        send_key(to_virtual_key(key), extended | KEYEVENTF_KEYUP);
-        if (held) send_key(held, KEYEVENTF_KEYUP);
+        press_key(to_virtual_key(key), modifiers[static_cast<std::size_t>(modifier)],
+                  key == Key::KeypadEnter ? KEYEVENTF_EXTENDEDKEY : 0);
+    }
+
+    /// Copied from a text box of the system's.
+    void paste(const std::string& line, const std::string& next) override {
+        HWND box = CreateWindowW(L"Edit", to_utf16(line + "\r\n" + next).c_str(), ES_MULTILINE, 0,
+                                 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+        SendMessageW(box, EM_SETSEL, 0, -1);
+        SendMessageW(box, WM_COPY, 0, 0);
+        DestroyWindow(box);
+        press_key('V', VK_CONTROL, 0);
     }
 
     void repeat_key(Key key) override {
@@ -194,11 +170,10 @@ class Win32Driver final : public Driver {
     }
 
     void save_desktop() override {
-        for (const auto message : {WM_QUERYENDSESSION, WM_ENDSESSION}) {
-            find_window([message](HWND window) {
-                SendMessageW(window, static_cast<UINT>(message), FALSE, 0);
-                return false;
-            });
+        for (const UINT message : {UINT{WM_QUERYENDSESSION}, UINT{WM_ENDSESSION}}) {
+            HWND window = nullptr;
+            while ((window = FindWindowExW(nullptr, window, L"Solvanta", nullptr)))
+                SendMessageW(window, message, FALSE, 0);
         }
     }
 
@@ -215,14 +190,9 @@ class Win32Driver final : public Driver {
     }
 
     Color pixel(const Form& form, Point at) override {
-        HWND window = window_of(form);
-        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         POINT place = to_device(at);
-        for (HWND child = nullptr;; window = child) {
-            child = ChildWindowFromPointEx(window, place, CWP_SKIPINVISIBLE);
-            if (!child || child == window) break;
-            MapWindowPoints(window, child, &place, 1);
-        }
+        RedrawWindow(window_of(form), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        HWND window = innermost(window_of(form), place, CWP_SKIPINVISIBLE);
         HDC dc = GetDC(window);
         const COLORREF color = GetPixel(dc, place.x, place.y);
         ReleaseDC(window, dc);
@@ -242,7 +212,7 @@ class Win32Driver final : public Driver {
     }
 
     std::optional<BoxLook> box() override {
-        HWND box = find_window(is_box);
+        HWND box = open_box();
         if (!box) return std::nullopt;
         BoxLook look{text_of(box), text_of(FindWindowExW(box, nullptr, L"Static", nullptr)), {}};
         HWND button = nullptr;
@@ -255,7 +225,7 @@ class Win32Driver final : public Driver {
         return look;
     }
 
-    void close_box() override { PostMessageW(find_window(is_box), WM_CLOSE, 0, 0); }
+    void close_box() override { PostMessageW(open_box(), WM_CLOSE, 0, 0); }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
         return files_.put(name, bytes);
