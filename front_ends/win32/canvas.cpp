@@ -9,6 +9,7 @@
 #include <windowsx.h>
 
 #include "front_ends/common/look.h"
+#include "front_ends/common/walk.h"
 
 namespace solvanta::win32 {
 namespace {
@@ -38,7 +39,8 @@ bool is_on_control(const Message& message) {
 void Canvas::sync() {
     const PixelRect changed = looks_.changes(
         container_, scale(),
-        [this](const PictureElement& element) { return painted_area(element); }, nullptr);
+        [this](const PictureElement& element) { return painted_area(element); },
+        has_key_stops(container_) ? parts_.ringed : nullptr);
     const RECT area = to_rect(changed);
     if (!changed.empty()) InvalidateRect(handle(), &area, FALSE);
 }
@@ -83,6 +85,7 @@ POINT Canvas::place_in_twips(const Message& message) const {
 }
 
 LRESULT Canvas::press(const Message& message) {
+    if (parts_.hide_ring) parts_.hide_ring();
     if (is_on_control(message)) {
         mouse_.forget_press();
         return 0;
@@ -108,6 +111,19 @@ LRESULT Canvas::release(const Message& message) {
 void Canvas::paint(HDC dc) {
     fill(dc, client_area(handle()), to_ground(parts_.background));
     paint_elements(dc);
+    paint_ring(dc);
+}
+
+void Canvas::paint_ring(HDC dc) const {
+    if (looks_.ring().empty()) return;
+    RECT line = to_rect(looks_.ring());
+    for (const Color& color : {ring_outside, ring_inside}) {
+        SetDCBrushColor(dc, to_color(color));
+        for (int width = scale().scaled(ring_line); width > 0; --width) {
+            FrameRect(dc, &line, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+            InflateRect(&line, -1, -1);
+        }
+    }
 }
 
 void Canvas::paint_elements(HDC dc) const {

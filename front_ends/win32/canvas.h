@@ -27,6 +27,7 @@ class Canvas : public PaintedWindow {
     LRESULT press(const Message& message);
     LRESULT release(const Message& message);
     POINT place_in_twips(const Message& message) const;
+    void paint_ring(HDC dc) const;
     PixelRect painted_area(const PictureElement& element) const;
     void paint(HDC dc, const RECT& area, const PictureElement& element) const;
     void paint(HDC dc, const RECT& area, const Label& label) const;

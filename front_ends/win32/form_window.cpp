@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "front_ends/common/walk.h"
 #include "front_ends/win32/controls.h"
 #include "front_ends/win32/resource.h"
+#include "front_ends/win32/table_stop.h"
 
 namespace solvanta::win32 {
 namespace {
@@ -59,6 +61,8 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     fit_to(GetDpiForWindow(handle()), {}, SWP_NOMOVE);
     if (centred) centre(handle(), free);
     build_controls(form, handle(), parts_);
+    if (has_key_stops(form))
+        parts_.controls.push_back(std::make_unique<TableStop>(form, parts_, handle()));
     // Whether the focus is marked follows the player's habits, as in every dialog.
     SendMessageW(handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     for (const Timer* timer : form.timers) {

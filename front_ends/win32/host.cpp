@@ -11,8 +11,13 @@
 namespace solvanta::win32 {
 
 FormWindow& Win32Host::create_window(Form& form) {
-    WindowParts parts{
-        [this](Event event) { deliver(std::move(event)); }, pictures_, Scale(), {}, {}, {}};
+    WindowParts parts{.deliver = [this](Event event) { deliver(std::move(event)); },
+                      .pictures = pictures_,
+                      .scale = Scale(),
+                      .background = {},
+                      .controls = {},
+                      .text_boxes = {},
+                      .hide_ring = {}};
     return add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); },
         [this] { to_box(); }));

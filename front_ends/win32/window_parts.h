@@ -22,6 +22,8 @@ struct WindowParts {
     std::optional<Color> background;  ///< of the form's client area
     std::vector<std::unique_ptr<Window>> controls;
     std::map<const TextBox*, HWND> text_boxes;
+    const PictureElement* ringed = nullptr;  ///< the place that has the keyboard, if it is marked
+    std::function<void()> hide_ring;         ///< to be told when the mouse is used; may be empty
 };
 
 /// Whether a control shows as soon as its parent does.

@@ -5,8 +5,10 @@
 #include <map>
 #include <stdexcept>
 
+#include <oleacc.h>
 #include <windows.h>
 
+#include "front_ends/win32/access.h"
 #include "front_ends/win32/host.h"
 #include "tests/support/real_files.h"
 #include "text/windows_text.h"
@@ -85,6 +87,71 @@ void press_key(WORD key, WORD held, DWORD extended) {
     if (held) send_key(held, KEYEVENTF_KEYUP);
 }
 
+struct Release {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+using Accessible = std::unique_ptr<IAccessible, Release>;
+
+/// The object that a screen reader gets for a form's table; null without one.
+Accessible object_of(HWND window) {
+    HWND stop = FindWindowExW(window, nullptr, nullptr, L"Spieltisch");
+    void* object = nullptr;
+    using Find = HRESULT WINAPI(HWND, DWORD, REFIID, void**);
+    static auto* const find =
+        win32::system_function<Find>(L"oleacc.dll", "AccessibleObjectFromWindow");
+    find(stop, DWORD(OBJID_CLIENT), IID_IAccessible, &object);
+    return Accessible(static_cast<IAccessible*>(object));
+}
+
+Accessible table_of(const Form& form) {
+    return object_of(window_of(form));
+}
+
+VARIANT child(LONG number) {
+    VARIANT id{};
+    id.vt = VT_I4;
+    id.lVal = number;
+    return id;
+}
+
+std::string taken(BSTR text) {
+    const std::string utf8 = text ? to_utf8(text) : "";
+    win32::free_bstr(text);
+    return utf8;
+}
+
+std::string name_of(IAccessible& table, LONG number) {
+    BSTR name = nullptr;
+    table.get_accName(child(number), &name);
+    return taken(name);
+}
+
+AccessibleLook look_at(IAccessible& table, LONG number, HWND window) {
+    BSTR key = nullptr;
+    VARIANT state{};
+    POINT corner{};
+    LONG width = 0;
+    LONG height = 0;
+    table.get_accKeyboardShortcut(child(number), &key);
+    table.get_accState(child(number), &state);
+    table.accLocation(&corner.x, &corner.y, &width, &height, child(number));
+    ScreenToClient(window, &corner);
+    const double ratio = screen_ratio();
+    const std::string shortcut = taken(key);
+    return {name_of(table, number),
+            shortcut.empty() ? '\0' : shortcut[0],
+            (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
+            (state.lVal & STATE_SYSTEM_SELECTED) != 0,
+            {{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio}};
+}
+
+std::vector<std::string> announcements;
+
+void CALLBACK note_alert(HWINEVENTHOOK, DWORD, HWND stop, LONG, LONG number, DWORD, DWORD) {
+    if (const Accessible table = object_of(GetParent(stop)))
+        announcements.push_back(name_of(*table, number));
+}
+
 /// Drives the system as a hand would: input goes through its queue.
 class Win32Driver final : public Driver {
   public:
@@ -144,6 +211,10 @@ class Win32Driver final : public Driver {
         constexpr WORD modifiers[] = {0, VK_SHIFT, VK_CONTROL, VK_MENU};
         press_key(to_virtual_key(key), modifiers[static_cast<std::size_t>(modifier)],
                   key == Key::KeypadEnter ? KEYEVENTF_EXTENDEDKEY : 0);
+    }
+
+    void type(char character, bool shift) override {
+        press_key(static_cast<WORD>(character), shift ? VK_SHIFT : 0, 0);
     }
 
     /// Copied from a text box of the system's.
@@ -226,6 +297,33 @@ class Win32Driver final : public Driver {
     }
 
     void close_box() override { PostMessageW(open_box(), WM_CLOSE, 0, 0); }
+
+    std::vector<AccessibleLook> accessible(const Form& form) override {
+        std::vector<AccessibleLook> looks;
+        const auto table = table_of(form);
+        LONG count = 0;
+        table->get_accChildCount(&count);
+        for (LONG number = 1; number <= count; ++number)
+            looks.push_back(look_at(*table, number, window_of(form)));
+        return looks;
+    }
+
+    void press_accessible(const Form& form, const std::string& name) override {
+        const auto looks = accessible(form);
+        for (LONG number = 1; const AccessibleLook& look : looks) {
+            if (look.name == name) table_of(form)->accDoDefaultAction(child(number));
+            ++number;
+        }
+    }
+
+    std::vector<std::string> announced() override {
+        static const HWINEVENTHOOK hook =
+            SetWinEventHook(EVENT_SYSTEM_ALERT, EVENT_SYSTEM_ALERT, nullptr, note_alert,
+                            GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
+        if (HWND window = find_window(L"Solvanta", nullptr)) object_of(window);
+        settle();
+        return hook ? std::exchange(announcements, {}) : announcements;
+    }
 
     std::string put_file(const std::string& name, const std::string& bytes) override {
         return files_.put(name, bytes);
