@@ -76,7 +76,10 @@ TEST_F(Windows, AreHiddenClosedAndShownAgain) {
     for (int round = 0; round < 2; ++round) {
         auto guest = std::make_unique<TestForm>("Gast");
         guest->timers = {&timer};
-        guest->Closed = [&guest] { guest.reset(); };
+        guest->Closed = [&] {
+            EXPECT_FALSE(driver().window("Gast"));
+            guest.reset();
+        };
         show(*guest);
         host().hide(*guest);
         driver().settle();
@@ -86,7 +89,6 @@ TEST_F(Windows, AreHiddenClosedAndShownAgain) {
         driver().close("Gast");
         driver().settle();
         EXPECT_EQ(guest, nullptr);
-        EXPECT_FALSE(driver().window("Gast"));
         ticks = 0;
         driver().wait(30);
         EXPECT_EQ(ticks, 0);

@@ -44,6 +44,7 @@ struct TextForm : EntryForm {
 };
 
 constexpr RECT label_area{10, 2, 110, 18};
+constexpr RECT caption_area{32, 20, 100, 27};
 constexpr RECT view_area{11, 126, 100, 144};
 constexpr RECT button_edge{1, 181, 2, 182};
 
@@ -204,7 +205,7 @@ TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
     const std::pair<RECT, RECT> cases[] = {
         {label_area, {102, 4, 109, 13}},          {view_area, {15, 132, 23, 142}},
         {{20, 21, 280, 120}, {20, 22, 280, 120}},  // the frame
-        {{32, 20, 100, 27}, {33, 22, 70, 27}},     // its caption, above the border
+        {caption_area, {33, 22, 70, 27}},          // above the border
         {{45, 56, 200, 76}, {49, 59, 56, 68}},     // the name
         {{3, 183, 77, 194}, {36, 184, 42, 192}},   // the button
     };
@@ -227,10 +228,14 @@ TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
         GetObjectW(icon.hbmColor, sizeof picture, &picture);
         EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, dpi));
     }
+    form.button.Click = [&] { form.frame.Caption = "E"; };
     const COLORREF released = Ink(form, button_edge).ground;
-    driver().mouse(form, {20, 188}, MouseButton::Left, true);
-    driver().settle();
-    EXPECT_NE(Ink(form, button_edge).ground, released);
+    for (const bool down : {true, false}) {
+        driver().mouse(form, {20, 188}, MouseButton::Left, down);
+        driver().settle();
+        EXPECT_EQ(Ink(form, button_edge).ground != released, down);
+    }
+    EXPECT_LT(Ink(form, caption_area).place.right, 50);
 }
 
 TEST_F(Desktop, SpeaksTheUsersLanguageAndTellsTheDebuggerOfTrouble) {
