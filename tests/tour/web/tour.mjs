@@ -1,29 +1,147 @@
-// Plays a whole visit on the page with real clicks, and what goes with its kind.
+// Plays on the page as a player does, and checks what it shows, says and keeps.
 //
 //   tour.mjs PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY KIND
 //
-// KIND is a browser, or `phone`: taps, no workers and a language that no browser knows, in Chromium.
-// Screenshots go to OUTPUT_DIRECTORY; their names are printed.
+// KIND is a browser, or what Chromium alone is asked: `phone`, `sizes`, `troubles`. Screenshots go to
+// OUTPUT_DIRECTORY; their names are printed.
 import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
+import { createHash } from 'node:crypto';
 import { cpSync, existsSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { createRequire } from 'node:module';
 import path from 'node:path';
 import { setTimeout as sleep } from 'node:timers/promises';
 import { startBrowser } from './browser.mjs';
-import { Player, change, folder, kind, output, prepare, stored } from './player.mjs';
 import { serve } from './serve.mjs';
 import { startWebKit } from './webkit.mjs';
 
-const server = await serve(prepare(), { compressed: false });
+const [folder, clicks, output, kind] = process.argv.slice(2);
+const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
+const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n');
+
+// Runs in the page before the game. Its clock stands at the golden game, so that the cards are those
+// the clicks are meant for; what is said in the console is written down.
+const prelude = `${readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8')};
+Date = class extends Date {
+  constructor(...given) { super(...(given.length ? given : [${dealtAt}000])); }
+  static now() { return ${dealtAt}000; }
+};
+const say = (text) => { sessionStorage.said = (sessionStorage.said ?? '') + text + '\\n'; };
+for (const kind of ['debug', 'error', 'info', 'log', 'warn']) console[kind] = say;
+addEventListener('error', ({ message }) => say(message));
+addEventListener('unhandledrejection', ({ reason }) => say(reason));
+addEventListener('securitypolicyviolation', ({ blockedURI }) => say(blockedURI));`;
+
+// A copy of the page's folder, to be changed.
+function copy(name) {
+  const copied = path.join(output, name);
+  cpSync(folder, copied, { recursive: true });
+  return copied;
+}
+
+// Changes a file of a served page, and what the list of its files says of that.
+function change(served, name, edit, listed = {}) {
+  const [file, list] = [name, 'version.json'].map((one) => path.join(served, one));
+  const files = JSON.parse(readFileSync(list));
+  const content = edit(readFileSync(file, 'utf8'));
+  const hash = `sha256-${createHash('sha256').update(content).digest('base64')}`;
+  Object.assign(files[name.replace('index.html', './')], { hash, ...listed });
+  writeFileSync(file, content);
+  writeFileSync(list, JSON.stringify(files));
+}
+
+const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
+
+class Player {
+  // `press` is given a place and how many times.
+  constructor(page, name, press = (x, y, count = 1) => page.mouse.click(x, y, { count })) {
+    Object.assign(this, { page, name, press, said: [] });
+    page.on?.('console', (message) => this.said.push(message.text()));
+  }
+
+  // What the page answers, once that is something. One that goes just then answers nothing.
+  async until(ask, about) {
+    for (const end = Date.now() + 20000; ; await sleep(20)) {
+      const answer = await this.page.evaluate(ask, about).catch(() => null);
+      if (answer) return answer;
+      assert.ok(Date.now() < end, `${this.name} waited in vain for ${about}: ${ask}`);
+    }
+  }
+
+  // Waits for text, or for words for those who can't see.
+  find(words) {
+    return this.until((wanted) => document.body.innerText.includes(wanted) || [...document.querySelectorAll(
+      `[aria-label*="${wanted}"]`)].some((one) => one.getClientRects().length), words);
+  }
+
+  // Presses what has this text or name, once nothing lies above it.
+  async hit(name) {
+    await this.press(...await this.until((wanted) => {
+      for (const one of document.querySelectorAll('button, dialog > p')) {
+        const { x, y, width, height } = one.getBoundingClientRect();
+        const at = [x + width / 2, y + height / 2];
+        const names = [one.textContent, one.getAttribute('aria-label')];
+        if (names.includes(wanted) && document.elementFromPoint(...at) === one) return at;
+      }
+      return null;
+    }, name));
+  }
+
+  async deal() {
+    await this.hit('neues Spiel');
+    await this.hit('Ja');
+    await this.find('Stapel, 49 Karten');
+  }
+
+  // The golden game.
+  async play() {
+    await this.deal();
+    const { left, top, scale } = await this.page.evaluate(() => {
+      const section = document.querySelector('.with-cards');
+      const { left, top } = section.querySelector('.client').getBoundingClientRect();
+      return { left, top, scale: Number(section.style.getPropertyValue('--scale')) };
+    });
+    for (const [number, move] of moves.entries()) {
+      const [click, x, y] = move.split(' ');
+      await this.press(left + x * scale, top + y * scale, click === 'double' ? 2 : 1);
+      if (number === 60) await this.shot('playing');
+    }
+  }
+
+  // Waits until the copy holds a file.
+  kept(name) {
+    return this.until(async (wanted) => Boolean(await caches.match(wanted)), name);
+  }
+
+  // A screenshot. Nothing is amiss then for those who can't see it; the colour of the clock is the
+  // game's own.
+  async shot(what) {
+    const file = path.join(output, `${this.name}-${what}.png`);
+    await this.page.screenshot({ path: file });
+    console.log(file);
+    const amiss = await this.page.evaluate(async () => (await window.axe.run()).violations
+      .flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html}`)));
+    assert.deepEqual(amiss.filter((one) => !/^color-contrast: .* rgb\(0, 128, 128\)/.test(one)), [], what);
+  }
+
+  // Nothing was said in the console.
+  async end() {
+    this.said.push(await this.page.evaluate(() => sessionStorage.said ?? ''));
+    assert.deepEqual(this.said, ['']);
+  }
+}
+
+const served = copy(kind);
+change(served, 'start.js', (script) => prelude + script);
+const server = await serve(served, { compressed: false });
 const browser = await (kind === 'webkit' ? startWebKit() : startBrowser(kind));
-const saved = path.join(output, `saved-${kind}`);
-rmSync(saved, { recursive: true, force: true });
 
 // A page of its own in Chromium.
-async function open(name, viewport, prepared = () => {}) {
+async function open(name, viewport = {}, prepared = () => {}) {
   const context = await browser.createBrowserContext(
-    { downloadBehavior: { policy: 'allow', downloadPath: saved } });
+    { downloadBehavior: { policy: 'allow', downloadPath: served } });
   const page = await context.newPage();
-  await page.setViewport({ isMobile: viewport.hasTouch, ...viewport });
+  await page.setViewport({ width: 1280, height: 800, isMobile: viewport.hasTouch, ...viewport });
   await page.evaluateOnNewDocument(prepared);
   const tap = async (x, y, count = 1) => {
     while (count--) await page.touchscreen.tap(x, y);
@@ -31,7 +149,8 @@ async function open(name, viewport, prepared = () => {}) {
   return new Player(page, name, viewport.hasTouch ? tap : undefined);
 }
 
-async function visit(player, enter, between) {
+// A whole visit; `enter` enters the name, `withList` does what there is to do with the list.
+async function visit(player, enter, withList) {
   const { page } = player;
   await page.goto(server.address);
   await player.hit('neues Spiel');
@@ -39,12 +158,11 @@ async function visit(player, enter, between) {
   await player.until(() => !document.querySelector('dialog[open]'));
   await player.shot('start');
   assert.equal(await stored(page), null, 'the start wrote the list');
-  await player.deal();
   await player.play();
   await player.find('Gratulation');
   await page.keyboard.type('Jörg Süß');
   await player.shot('won');
-  await enter();
+  await enter(player);
   await player.until(() => /^[1-9]\d*,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/.test(
     localStorage.getItem('/highscore.scr')));
   await page.evaluate(() => localStorage.clear());  // what a killed browser may not have kept
@@ -52,13 +170,13 @@ async function visit(player, enter, between) {
   await player.hit('Bestzeiten');
   await player.find('Jörg Süß');
   await player.shot('best-times');
-  await between();
+  await withList(player);
   await player.hit('Ok');
   await player.hit('Hilfe');
   await player.find('Das Ziel');
   await player.shot('help');
   await player.hit('Hilfe schließen');
-  await kept(player, 'version.json');
+  await player.kept('version.json');
   await server.end();
   await page.reload();
   await player.deal();
@@ -70,23 +188,18 @@ async function visit(player, enter, between) {
   await player.end();
 }
 
-// Waits until the copy holds a file.
-function kept(player, name) {
-  return player.until(async (wanted) => Boolean(await caches.match(wanted)), name);
-}
-
 // The window in front goes where its title bar is drawn to.
 async function moveWindow({ page }) {
   const place = () => page.evaluate(() => {
     const { x, y } = document.querySelector('.foremost').getBoundingClientRect();
-    return { x, y };
+    return [x, y];
   });
-  const { x, y } = await place();
+  const [x, y] = await place();
   await page.mouse.move(x + 90, y + 10);
   await page.mouse.down();
   await page.mouse.move(x + 60, y + 30);
   await page.mouse.up();
-  assert.deepEqual(await place(), { x: x - 30, y: y + 20 });
+  assert.deepEqual(await place(), [x - 30, y + 20]);
 }
 
 // Another page takes over, which completes the entry, and then this one takes over again.
@@ -95,19 +208,18 @@ async function playElsewhere(here) {
   for (const [to, from] of [[there, here], [here, there]]) {
     await to.page.bringToFront();
     await to.page.goto(server.address);
-    await to.find('Solvanta läuft schon in einem anderen Fenster');
     await to.hit('Hier weiterspielen');
-    await from.find('Hier weiterspielen');
+    await from.find('Solvanta läuft schon in einem anderen Fenster');
     await to.find('neues Spiel');
   }
   await there.page.close();
 }
 
-// The list, which is open, goes to a file and comes back, byte for byte; a file that is none changes
-// nothing.
+// The list goes to a file and comes back, byte for byte; a file that is none changes nothing.
 async function moveList(player) {
   const { page } = player;
-  const file = path.join(saved, 'highscore.scr');
+  const file = path.join(served, 'highscore.scr');
+  rmSync(file, { force: true });
   const [list, other] = [await stored(page), (await stored(page)).replace('Jörg', 'Jürg')];
   const save = async (button) => {
     await player.hit(button);
@@ -130,7 +242,7 @@ async function moveList(player) {
   await player.find('Jürg Süß');
 }
 
-// A game played by keyboard alone as far as the first cards: the walk, a click and a double click.
+// The first cards of a game by keyboard alone: the walk, a click and a double click.
 async function playByKeyboard(player) {
   const { keyboard } = player.page;
   const here = () => player.page.evaluate(() => document.activeElement.getAttribute('aria-label'));
@@ -142,7 +254,6 @@ async function playByKeyboard(player) {
     await keyboard.press(key);
     assert.match(await here(), place);
   }
-  await player.shot('keyboard');
   const place = await here();
   await player.hit('Bestzeiten');
   await keyboard.press('Escape');
@@ -153,32 +264,54 @@ async function playByKeyboard(player) {
   await player.find('Stapel, 49 Karten');
 }
 
+// On a page of any size every button in front can be reached, and nothing lies beyond it.
+async function playOn(name, viewport) {
+  const player = await open(name, viewport);
+  await player.page.goto(server.address);
+  await player.deal();
+  for (const button of ['neues Spiel', 'Bestzeiten']) {
+    await player.hit(button);
+    if (button === 'neues Spiel') await player.hit('Nein');
+    await player.shot(button);
+    assert.equal(await player.page.evaluate(() => [...document.querySelectorAll(
+      '.foremost button, #links > button')].filter((one) => {
+      const { x, y, width, height } = one.getBoundingClientRect();
+      return one.checkVisibility({ visibilityProperty: true }) &&
+        document.elementFromPoint(x + width / 2, y + height / 2) !== one;
+    }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
+  }
+  await player.hit('Ok');
+  if (name === 'large') await playByKeyboard(player);
+  await player.end();
+}
+
 // Whatever keeps a file from coming is told in a sentence of its own, and can be tried again; and so
 // is a full storage.
 async function loadBadly() {
-  const player = await open('unlucky', { width: 1280, height: 800 }, () => {
+  const player = await open('unlucky', {}, () => {
     delete Navigator.prototype.serviceWorker;
     Storage.prototype.setItem = () => { throw new DOMException('', 'QuotaExceededError'); };
   });
   const [dropped, refused, broken] = ['Die Verbindung ist abgebrochen.',
     'Der Server gibt das Spiel zurzeit nicht heraus.', 'Das Spiel ist beschädigt angekommen.'];
   const html = { contentType: 'text/html', body: '<h1>Anmeldung</h1>' };
-  let trouble = {};
+  let trouble = [];
   await player.page.setRequestInterception(true);
   player.page.on('request', (request) => {
-    if (!request.url().includes(trouble.file)) request.continue();
-    else if (trouble.answer) request.respond(trouble.answer);
+    const [file, answer] = trouble;
+    if (!request.url().includes(file)) request.continue();
+    else if (answer) request.respond(answer);
     else request.abort();
   });
-  for (const [file, answer, sentence] of [
-    ['Solvanta.wasm', null, dropped], ['Solvanta.wasm', { status: 503 }, refused],
-    ['Solvanta.wasm', html, broken], ['Solvanta.js', null, dropped], ['Solvanta.js', html, broken],
-    ['.pack', { status: 404 }, refused],
+  for (const [sentence, ...wanted] of [
+    [dropped, 'Solvanta.wasm', null], [refused, 'Solvanta.wasm', { status: 503 }],
+    [broken, 'Solvanta.wasm', html], [dropped, 'Solvanta.js', null], [broken, 'Solvanta.js', html],
+    [refused, '.pack', { status: 404 }],
   ]) {
-    trouble = { file, answer };
+    trouble = wanted;
     await player.page.goto(server.address);
     await player.find(sentence);
-    trouble = {};
+    trouble = [];
     await player.hit('Nochmal versuchen');
     await player.hit('neues Spiel');
   }
@@ -186,27 +319,26 @@ async function loadBadly() {
   await player.find('Der Browser behält die Bestzeiten nur, solange diese Seite offen ist.');
 }
 
-// The first visit loads each file once, and little, even by a server that compresses nothing. A newer
-// version is taken whole or not at all: its page is first another than its list says.
+// The first visit loads each file once, and little, even from a server that compresses nothing. A
+// newer version is taken whole or not at all: its page is first another than its list says.
 async function playVersions() {
-  const copy = path.join(output, 'versions');
-  cpSync(folder, copy, { recursive: true });
-  const own = await serve(copy, { compressed: false });
-  const player = await open('versions', { width: 1280, height: 800 });
+  const other = copy('versions');
+  const own = await serve(other, { compressed: false });
+  const player = await open('versions');
   await player.page.goto(own.address);
-  await kept(player, 'version.json');
+  await player.kept('version.json');
   const names = own.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
   assert.equal(new Set(names).size, names.length, `loaded twice: ${names}`);
   assert.ok(own.loaded.reduce((sum, { size }) => sum + size, 0) < 450000);
-  const page = path.join(copy, 'index.html');
-  const newer = readFileSync(page, 'utf8').replace('<title>', '<title>Neu: ');
-  const tag = change(copy, { 'index.html': newer });
-  for (const [html, title] of [['<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
-    writeFileSync(page, html);
+  const newer = (page) => page.replace('<title>', '<title>Neu: ');
+  change(other, 'index.html', newer, { tag: 'neu' });
+  for (const [edit, title] of [[() => '<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
+    writeFileSync(path.join(other, 'index.html'),
+      edit(readFileSync(path.join(folder, 'index.html'), 'utf8')));
     own.loaded.length = 0;
     await player.page.reload();
     while (own.loaded.at(-1)?.name !== '/index.html') await sleep(100);
-    if (html === newer) await kept(player, `./?${tag}`);
+    if (edit === newer) await player.kept('./?neu');
     await player.page.reload();
     await player.hit('neues Spiel');
     assert.equal(await player.page.title(), title);
@@ -214,36 +346,22 @@ async function playVersions() {
   await own.end();
 }
 
-// On a page of any size every button can be reached, and nothing lies beyond it.
-async function playOn(name, viewport, more = () => {}) {
-  const player = await open(name, viewport);
-  await player.page.goto(server.address);
-  await player.deal();
-  await player.shot('dealt');
-  assert.equal(await player.page.evaluate(() => [...document.querySelectorAll('button')].filter((one) => {
-    const { x, y, width, height } = one.getBoundingClientRect();
-    return width > 0 && document.elementFromPoint(x + width / 2, y + height / 2) !== one;
-  }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
-  await more(player);
-  await player.end();
-}
-
 if (kind === 'phone') {
-  const player = await open(kind, { width: 360, height: 740, deviceScaleFactor: 3, hasTouch: true }, () => {
+  // No workers, and a language that no browser knows.
+  await visit(await open(kind, { width: 360, height: 740, deviceScaleFactor: 3, hasTouch: true }, () => {
     Object.defineProperty(navigator, 'language', { value: 'C' });
     delete window.Worker;
-  });
-  await visit(player, () => playElsewhere(player), () => moveList(player));
+  }), playElsewhere, moveList);
 } else if (kind === 'sizes') {
-  await playOn('large', { width: 1280, height: 800 }, playByKeyboard);
+  await playOn('large');
   await playOn('sideways', { width: 740, height: 360, deviceScaleFactor: 2, hasTouch: true });
   await playOn('tiny', { width: 320, height: 200 });
 } else if (kind === 'troubles') {
   await loadBadly();
   await playVersions();
 } else {
-  const player = new Player(await browser.newPage(), kind);
-  await visit(player, () => player.page.keyboard.press('Enter'), () => moveWindow(player));
+  await visit(new Player(await browser.newPage(), kind), ({ page }) => page.keyboard.press('Enter'),
+    moveWindow);
 }
 await browser.close();
 await server.end();
