@@ -8,20 +8,21 @@ import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
 import { cpSync, existsSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
-import { createRequire } from 'node:module';
 import path from 'node:path';
 import { setTimeout as sleep } from 'node:timers/promises';
+import axe from 'axe-core';
 import { startBrowser } from './browser.mjs';
 import { serve } from './serve.mjs';
 import { startWebKit } from './webkit.mjs';
 
 const [folder, clicks, output, kind] = process.argv.slice(2);
 const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
-const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n');
+const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n')
+  .map((line) => line.split(' '));
 
 // Runs in the page before the game. Its clock stands at the golden game, so that the cards are those
 // the clicks are meant for; what is said in the console is written down.
-const prelude = `${readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8')};
+const prelude = `${axe.source};
 Date = class extends Date {
   constructor(...given) { super(...(given.length ? given : [${dealtAt}000])); }
   static now() { return ${dealtAt}000; }
@@ -32,24 +33,22 @@ addEventListener('error', ({ message }) => say(message));
 addEventListener('unhandledrejection', ({ reason }) => say(reason));
 addEventListener('securitypolicyviolation', ({ blockedURI }) => say(blockedURI));`;
 
-// A copy of the page's folder, to be changed.
-function copy(name) {
-  const copied = path.join(output, name);
-  cpSync(folder, copied, { recursive: true });
-  return copied;
-}
+const served = path.join(output, kind);
+cpSync(folder, served, { recursive: true });
 
-// Changes a file of a served page, and what the list of its files says of that.
-function change(served, name, edit, listed = {}) {
+// Changes a file of the served page, and what the list of its files says of that.
+function change(name, edit, more = {}) {
   const [file, list] = [name, 'version.json'].map((one) => path.join(served, one));
-  const files = JSON.parse(readFileSync(list));
-  const content = edit(readFileSync(file, 'utf8'));
+  const [content, files] = [edit(readFileSync(file, 'utf8')), JSON.parse(readFileSync(list))];
   const hash = `sha256-${createHash('sha256').update(content).digest('base64')}`;
-  Object.assign(files[name.replace('index.html', './')], { hash, ...listed });
+  Object.assign(files[name.replace('index.html', './')], { hash, ...more });
   writeFileSync(file, content);
   writeFileSync(list, JSON.stringify(files));
 }
 
+change('start.js', (script) => prelude + script);
+const server = await serve(served, { compressed: false });
+const browser = await (kind === 'webkit' ? startWebKit() : startBrowser(kind));
 const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
 
 class Player {
@@ -74,35 +73,31 @@ class Player {
       `[aria-label*="${wanted}"]`)].some((one) => one.getClientRects().length), words);
   }
 
-  // Presses what has this text or name, once nothing lies above it.
-  async hit(name) {
-    await this.press(...await this.until((wanted) => {
+  // Presses what has these texts or names, one after the other, each once nothing lies above it.
+  async hit(...names) {
+    for (const name of names) await this.press(...await this.until((wanted) => {
       for (const one of document.querySelectorAll('button, dialog > p')) {
         const { x, y, width, height } = one.getBoundingClientRect();
-        const at = [x + width / 2, y + height / 2];
-        const names = [one.textContent, one.getAttribute('aria-label')];
-        if (names.includes(wanted) && document.elementFromPoint(...at) === one) return at;
+        const [at, own] = [[x + width / 2, y + height / 2], [one.textContent, one.getAttribute('aria-label')]];
+        if (own.includes(wanted) && document.elementFromPoint(...at) === one) return at;
       }
       return null;
     }, name));
   }
 
   async deal() {
-    await this.hit('neues Spiel');
-    await this.hit('Ja');
+    await this.hit('neues Spiel', 'Ja');
     await this.find('Stapel, 49 Karten');
   }
 
-  // The golden game.
+  // The golden game, dealt already.
   async play() {
-    await this.deal();
-    const { left, top, scale } = await this.page.evaluate(() => {
-      const section = document.querySelector('.with-cards');
-      const { left, top } = section.querySelector('.client').getBoundingClientRect();
-      return { left, top, scale: Number(section.style.getPropertyValue('--scale')) };
-    });
-    for (const [number, move] of moves.entries()) {
-      const [click, x, y] = move.split(' ');
+    const { left, top, scale } = await this.page.evaluate(() => ({
+      left: document.querySelector('.with-cards > .client').getBoundingClientRect().left,
+      top: document.querySelector('.with-cards > .client').getBoundingClientRect().top,
+      scale: Number(document.querySelector('.with-cards').style.getPropertyValue('--scale')),
+    }));
+    for (const [number, [click, x, y]] of moves.entries()) {
       await this.press(left + x * scale, top + y * scale, click === 'double' ? 2 : 1);
       if (number === 60) await this.shot('playing');
     }
@@ -113,9 +108,10 @@ class Player {
     return this.until(async (wanted) => Boolean(await caches.match(wanted)), name);
   }
 
-  // A screenshot. Nothing is amiss then for those who can't see it; the colour of the clock is the
-  // game's own.
-  async shot(what) {
+  // A screenshot, once these words are there. Nothing is amiss then for those who can't see it; the
+  // colour of the clock is the game's own.
+  async shot(what, words = '') {
+    await this.find(words);
     const file = path.join(output, `${this.name}-${what}.png`);
     await this.page.screenshot({ path: file });
     console.log(file);
@@ -125,16 +121,12 @@ class Player {
   }
 
   // Nothing was said in the console.
-  async end() {
+  async end(words = '') {
+    await this.find(words);
     this.said.push(await this.page.evaluate(() => sessionStorage.said ?? ''));
     assert.deepEqual(this.said, ['']);
   }
 }
-
-const served = copy(kind);
-change(served, 'start.js', (script) => prelude + script);
-const server = await serve(served, { compressed: false });
-const browser = await (kind === 'webkit' ? startWebKit() : startBrowser(kind));
 
 // A page of its own in Chromium.
 async function open(name, viewport = {}, prepared = () => {}) {
@@ -155,9 +147,9 @@ async function visit(player, enter, withList) {
   await page.goto(server.address);
   await player.hit('neues Spiel');
   await page.keyboard.press('Escape');
-  await player.until(() => !document.querySelector('dialog[open]'));
   await player.shot('start');
   assert.equal(await stored(page), null, 'the start wrote the list');
+  await player.deal();
   await player.play();
   await player.find('Gratulation');
   await page.keyboard.type('Jörg Süß');
@@ -168,24 +160,19 @@ async function visit(player, enter, withList) {
   await page.evaluate(() => localStorage.clear());  // what a killed browser may not have kept
   await page.reload();
   await player.hit('Bestzeiten');
-  await player.find('Jörg Süß');
-  await player.shot('best-times');
+  await player.shot('best-times', 'Jörg Süß');
   await withList(player);
-  await player.hit('Ok');
-  await player.hit('Hilfe');
-  await player.find('Das Ziel');
-  await player.shot('help');
+  await player.hit('Ok', 'Hilfe');
+  await player.shot('help', 'Das Ziel');
   await player.hit('Hilfe schließen');
   await player.kept('version.json');
   await server.end();
   await page.reload();
   await player.deal();
   await player.hit('Beenden');
-  await player.find('Das Spiel ist beendet.');
-  await player.shot('ended');
+  await player.shot('ended', 'Das Spiel ist beendet.');
   await player.hit('Neu starten');
-  await player.find('neues Spiel');
-  await player.end();
+  await player.end('neues Spiel');
 }
 
 // The window in front goes where its title bar is drawn to.
@@ -258,8 +245,7 @@ async function playByKeyboard(player) {
   await player.hit('Bestzeiten');
   await keyboard.press('Escape');
   assert.equal(await here(), place);
-  await player.hit('neues Spiel');
-  await player.hit('Neues Spiel?');  // beside the buttons
+  await player.hit('neues Spiel', 'Neues Spiel?');  // beside the buttons
   await keyboard.press('Enter');
   await player.find('Stapel, 49 Karten');
 }
@@ -269,10 +255,9 @@ async function playOn(name, viewport) {
   const player = await open(name, viewport);
   await player.page.goto(server.address);
   await player.deal();
-  for (const button of ['neues Spiel', 'Bestzeiten']) {
-    await player.hit(button);
-    if (button === 'neues Spiel') await player.hit('Nein');
-    await player.shot(button);
+  for (const buttons of [['neues Spiel', 'Nein'], ['Bestzeiten']]) {
+    await player.hit(...buttons);
+    await player.shot(buttons[0]);
     assert.equal(await player.page.evaluate(() => [...document.querySelectorAll(
       '.foremost button, #links > button')].filter((one) => {
       const { x, y, width, height } = one.getBoundingClientRect();
@@ -312,8 +297,7 @@ async function loadBadly() {
     await player.page.goto(server.address);
     await player.find(sentence);
     trouble = [];
-    await player.hit('Nochmal versuchen');
-    await player.hit('neues Spiel');
+    await player.hit('Nochmal versuchen', 'neues Spiel');
   }
   await player.hit('Ja');
   await player.find('Der Browser behält die Bestzeiten nur, solange diese Seite offen ist.');
@@ -322,28 +306,27 @@ async function loadBadly() {
 // The first visit loads each file once, and little, even from a server that compresses nothing. A
 // newer version is taken whole or not at all: its page is first another than its list says.
 async function playVersions() {
-  const other = copy('versions');
-  const own = await serve(other, { compressed: false });
   const player = await open('versions');
-  await player.page.goto(own.address);
+  server.loaded.length = 0;
+  await player.page.goto(server.address);
   await player.kept('version.json');
-  const names = own.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
+  const names = server.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
   assert.equal(new Set(names).size, names.length, `loaded twice: ${names}`);
-  assert.ok(own.loaded.reduce((sum, { size }) => sum + size, 0) < 450000);
-  const newer = (page) => page.replace('<title>', '<title>Neu: ');
-  change(other, 'index.html', newer, { tag: 'neu' });
-  for (const [edit, title] of [[() => '<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
-    writeFileSync(path.join(other, 'index.html'),
-      edit(readFileSync(path.join(folder, 'index.html'), 'utf8')));
-    own.loaded.length = 0;
+  const size = server.loaded.reduce((sum, one) => sum + one.size, 0) - Buffer.byteLength(prelude);
+  assert.ok(size < 450000, `first load of ${size} bytes`);
+  change('index.html', (page) => page.replace('<title>', '<title>Neu: '), { tag: 'neu' });
+  const page = path.join(served, 'index.html');
+  const newer = readFileSync(page);
+  for (const [html, title] of [['<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
+    writeFileSync(page, html);
+    server.loaded.length = 0;
     await player.page.reload();
-    while (own.loaded.at(-1)?.name !== '/index.html') await sleep(100);
-    if (edit === newer) await player.kept('./?neu');
+    while (server.loaded.at(-1)?.name !== '/index.html') await sleep(100);
+    if (html === newer) await player.kept('./?neu');
     await player.page.reload();
     await player.hit('neues Spiel');
     assert.equal(await player.page.title(), title);
   }
-  await own.end();
 }
 
 if (kind === 'phone') {
