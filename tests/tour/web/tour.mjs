@@ -321,7 +321,7 @@ async function playVersions() {
     writeFileSync(page, html);
     server.loaded.length = 0;
     await player.page.reload();
-    while (server.loaded.at(-1)?.name !== '/index.html') await sleep(100);
+    while (!server.loaded.some((one) => one.name === '/index.html')) await sleep(100);
     if (html === newer) await player.kept('./?neu');
     await player.page.reload();
     await player.hit('neues Spiel');
@@ -338,6 +338,7 @@ if (kind === 'phone') {
 } else if (kind === 'sizes') {
   await playOn('large');
   await playOn('sideways', { width: 740, height: 360, deviceScaleFactor: 2, hasTouch: true });
+  await playOn('upright', { width: 360, height: 640, hasTouch: true });
   await playOn('tiny', { width: 320, height: 200 });
 } else if (kind === 'troubles') {
   await loadBadly();
