@@ -173,6 +173,20 @@ def clicks():
     compare("click to painted pixels on the screen against a window in one colour", "ms", bare, program, 1.5)
 
 
+def page():
+    seen = json.loads(output("node", "build/web/benchmarks/page.mjs"))
+    for ratio, (size, requests) in enumerate(seen["loads"], 1):
+        aim = 450 if ratio == 1 else 600
+        state(f"page: first load at ratio {ratio}", f"{size / 1000:,.0f} KB in {requests} requests", 0,
+              f"≤ {aim} KB", size <= 1000 * aim)
+    compare("page: time to table against an empty program", "ms", figure(seen["times"]["bare"]),
+            figure(seen["times"]["page"]), 1.3)
+    middle, late = (statistics.quantiles(seen["clicks"], n=20)[place] for place in (9, 18))
+    state("page: click to paint, median and 95 %", f"{middle:.0f} ms, {late:.0f} ms")
+    first, last = (Figure(size / 1024, 0) for size in seen["memory"])
+    compare("page: memory after 100 games against one", "MB", first, last, 1.05)
+
+
 def sizes():
     stripped = TOOLS + "/stripped"
     output("strip", "-o", stripped, RELEASE + "/Solvanta/Solvanta")
@@ -234,7 +248,7 @@ def write(measured):
 def main():
     for variable, value in (("QT_QPA_PLATFORM", "xcb"), ("LC_ALL", "de_DE.UTF-8")):
         os.environ[variable] = value
-    for measure in (start, start_in_wine, refresh, clicks, rules, growth, writing, sizes, building,
+    for measure in (start, start_in_wine, refresh, clicks, rules, growth, writing, page, sizes, building,
                     tests):
         measure()
     measured = machine() + "\n\n" + table()

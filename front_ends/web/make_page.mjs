@@ -1,5 +1,6 @@
 // Puts the page's own files beside the program, where nothing else stays, and tells them of all that
-// belongs to this version; then puts a compressed one beside each that shrinks.
+// belongs to this version; then puts a compressed one beside each that shrinks. The program and the
+// help lie there compressed alone, as NAME.z, which the page undoes: so they are small from any server.
 //
 //   make_page.mjs PROGRAM_DIRECTORY FILES...
 //
@@ -7,7 +8,7 @@
 // hash, as version.json tells of all; `NAME?@tag@` in the page an address that another version of the
 // file does not have.
 import { createHash } from 'node:crypto';
-import { copyFileSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
+import { copyFileSync, mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { brotliCompressSync, gzipSync } from 'node:zlib';
 
@@ -22,11 +23,14 @@ function add(name, as = name) {
 }
 
 const last = ['start.js', 'index.html'];
-const sources = new Map(given.map((file) => [path.basename(file), file]));
+const named = (file) => path.basename(file).replace(/\.(rtf|wasm)$/, '$&.z');
+const sources = new Map(given.map((file) => [named(file), file]));
+mkdirSync(folder, { recursive: true });
 for (const name of readdirSync(folder)) if (!sources.has(name)) rmSync(place(name));
 for (const [name, file] of sources) {
   if (last.includes(name)) continue;  // they name the others
-  if (path.resolve(file) !== path.resolve(place(name))) copyFileSync(file, place(name));
+  if (name.endsWith('.z')) writeFileSync(place(name), gzipSync(readFileSync(file), { level: 9 }));
+  else copyFileSync(file, place(name));
   if (name !== 'service-worker.js') add(name);
 }
 for (const name of last) {
@@ -38,7 +42,7 @@ for (const name of last) {
 }
 writeFileSync(place('version.json'), JSON.stringify(version));
 
-for (const name of [...sources.keys()].filter((one) => /\.(css|html|js|rtf|wasm)$/.test(one))) {
+for (const name of [...sources.keys()].filter((one) => /\.(css|html|js)$/.test(one))) {
   const bytes = readFileSync(place(name));
   writeFileSync(place(`${name}.gz`), gzipSync(bytes, { level: 9 }));
   writeFileSync(place(`${name}.br`), brotliCompressSync(bytes));

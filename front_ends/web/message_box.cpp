@@ -22,8 +22,8 @@ MessageBox::MessageBox(const Node& page, const std::string& text, Buttons button
         add_button(row, "choice", without_mark(choice.caption),
                    [=](const PageEvent&) { answered(choice.answer); });
     }
-    buttons_[1].attribute_if("autofocus", true);
     page_call(dialog_.handle(), "showModal");
+    buttons_[1].focus();
 }
 
 MessageBox::~MessageBox() {

@@ -9,9 +9,11 @@
 namespace solvanta::web {
 namespace {
 
-/// A length in pixels of the unscaled form, as the style sheet's own.
+/// A length in pixels of the unscaled form, as the style sheet's own; it grows with the text size
+/// that is set in the browser.
 std::string scaled(double pixels) {
-    return "calc(" + std::to_string(pixels) + "px * var(--scale))";
+    constexpr double pixels_per_text_size = 16;
+    return "calc(" + std::to_string(pixels / pixels_per_text_size) + "rem * var(--scale))";
 }
 
 const char* to_css(ParagraphAlignment alignment) {

@@ -12,7 +12,8 @@ packages_archives="git zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
 packages_web="cmake emscripten ninja-build node-acorn nodejs webp"
-packages_web_test="chromium fonts-liberation googletest"
+packages_web_test="chromium firefox-esr fonts-liberation googletest python3 webkit2gtk-driver
+    x11-xkb-utils xvfb"
 # Node.js may have come with npm in it, and then lets no other in.
 command -v npm >/dev/null || packages_web_test="$packages_web_test npm"
 packages_benchmark="fontconfig libbenchmark-dev libxcb-xtest0-dev valgrind"

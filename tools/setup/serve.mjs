@@ -12,8 +12,8 @@ import { fileURLToPath } from 'node:url';
 
 const types = {
   '.bmp': 'image/bmp', '.css': 'text/css', '.gif': 'image/gif', '.html': 'text/html; charset=utf-8',
-  '.jpg': 'image/jpeg', '.js': 'text/javascript', '.png': 'image/png', '.rtf': 'application/rtf',
-  '.wasm': 'application/wasm', '.webmanifest': 'application/manifest+json',
+  '.jpg': 'image/jpeg', '.js': 'text/javascript', '.png': 'image/png',
+  '.webmanifest': 'application/manifest+json',
 };
 
 // Answers where the page is, and how to end. `loaded` names each file sent, with its size on the

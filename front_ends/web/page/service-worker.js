@@ -19,7 +19,7 @@ async function keep(name, file) {
   const cache = await open();
   const key = address(name, file);
   if (await cache.match(key)) return;
-  const url = /\.(css|js|wasm|pack|rtf)$/.test(name) ? key : name;
+  const url = /\.(css|js|pack|z)$/.test(name) ? key : name;
   const ask = (mode) => fetch(url, { cache: mode, integrity: file.hash });
   await cache.put(key, await ask('force-cache').catch(() => ask('reload')));
 }

@@ -13,7 +13,8 @@ const show = (id, on) => { byId(id).hidden = !on; };
 const refused = 'Der Server gibt das Spiel zurzeit nicht heraus.';
 const broken = 'Das Spiel ist beschädigt angekommen.';
 const dropped = 'Die Verbindung ist abgebrochen.';
-const loading = { 'Solvanta.wasm': 0 };  // by file, how much is there
+const program = 'Solvanta.wasm.z';
+const loading = { [program]: 0 };  // by file, how much is there
 
 // The first trouble ends the start with a sentence.
 function give(sentence, again = true) {
@@ -50,6 +51,9 @@ async function bytesOf(name) {
   return bytes;
 }
 
+const unzip = (bytes) => new Response(
+  new Blob([bytes]).stream().pipeThrough(new DecompressionStream('gzip'))).arrayBuffer();
+
 // Pictures come packed: a line of names and sizes, and then their bytes.
 function unpack(bytes) {
   let at = bytes.indexOf(10) + 1;
@@ -76,15 +80,16 @@ var Module = {
   locateFile: address,
 
   instantiateWasm(imports, receive) {
-    bytesOf('Solvanta.wasm').then((bytes) => WebAssembly.instantiate(bytes, imports)
-      .catch(() => { throw broken; })).then(({ instance }) => receive(instance)).catch(give);
+    bytesOf(program).then((bytes) => unzip(bytes)
+      .then((whole) => WebAssembly.instantiate(whole, imports)).catch(() => { throw broken; }))
+      .then(({ instance }) => receive(instance)).catch(give);
     return {};
   },
 
   // Reads a file that the program names.
   async load(path) {
     const name = path.replace(/^\.\//, '');
-    if (!/\.(bmp|gif|jpg)$/.test(name)) return bytesOf(name);
+    if (name.endsWith('.rtf')) return unzip(await bytesOf(`${name}.z`));
     return (await pack(packFor(name.includes('@2x')))).get(name);
   },
 
@@ -230,7 +235,7 @@ document.addEventListener('visibilitychange', () => { if (document.hidden) saveP
 
 if (location.protocol === 'file:') {
   give('Als Datei geöffnet spielt die Seite nicht: Ein Webserver muss sie ausliefern.', false);
-} else if (!window.WebAssembly || !window.HTMLDialogElement) {
+} else if (!window.DecompressionStream) {
   give('Dieser Browser ist zu alt für das Spiel.', false);
 }
 

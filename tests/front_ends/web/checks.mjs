@@ -6,10 +6,9 @@ import { serve } from './serve.mjs';
 const [folder, ratio] = process.argv.slice(2);
 const server = await serve(folder);
 const browser = await startBrowser();
-const page = await browser.newPage({
-  viewport: { width: 1000, height: 760 }, deviceScaleFactor: Number(ratio), locale: 'de-DE',
-});
-const keys = await page.context().newCDPSession(page);
+const page = await browser.newPage();
+await page.setViewport({ width: 1000, height: 760, deviceScaleFactor: Number(ratio) });
+const tools = await page.createCDPSession();
 
 // The colour of the first pixel of a picture in PNG.
 function firstPixel(png) {
@@ -38,14 +37,20 @@ const acts = {
   },
   click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
-  key: ({ argument }) => page.keyboard.press(argument),
-  paste: ({ argument }) => page.keyboard.insertText(argument),
-  repeat: ({ argument: key }) => keys.send('Input.dispatchKeyEvent',
+  async key({ argument }) {
+    const [key, held] = argument.split('+').reverse();
+    if (held) await page.keyboard.down(held);
+    await page.keyboard.press(key);
+    if (held) await page.keyboard.up(held);
+  },
+  paste: ({ argument: text }) => tools.send('Input.insertText', { text }),
+  repeat: ({ argument: key }) => tools.send('Input.dispatchKeyEvent',
     { type: 'keyDown', key, code: key, windowsVirtualKeyCode: 13, text: '\r', autoRepeat: true }),
   async look({ x, y }) {
     const fine = (value) => Math.floor(value * ratio) / ratio;
-    return firstPixel(await page.screenshot(
-      { clip: { x: fine(x), y: fine(y), width: 1, height: 1 }, animations: 'disabled' }));
+    const clip = { x: fine(x), y: fine(y), width: 1, height: 1, scale: 1 };
+    const { data } = await tools.send('Page.captureScreenshot', { clip });
+    return firstPixel(Buffer.from(data, 'base64'));
   },
   done: ({ failures }) => finish(failures),
 };
@@ -56,7 +61,7 @@ page.on('console', (message) => {
   if (!message.text().startsWith('Failed to load')) console.log(message.text());
 });
 page.on('pageerror', (error) => { console.log(error.stack); finish(1); });
-page.on('crash', () => { console.log('the page has crashed'); finish(1); });
+page.on('error', (error) => { console.log(error.stack); finish(1); });  // it has crashed
 await page.goto(`${server.address}checks.html`);
 process.exitCode = await finished;
 await browser.close();

@@ -1,312 +1,356 @@
-// Plays a whole game in a browser with real clicks, and again with real taps, and checks what the
-// game leaves in the browser's storage.
+// Plays on the page as a player does, and checks what it shows, says and keeps.
 //
-//   tour.mjs PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY
+//   tour.mjs PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY KIND
 //
-// The screenshots go to OUTPUT_DIRECTORY; their names are printed. The page's clock is set to the
-// moment of the golden game, so that the cards are those the clicks are meant for.
+// KIND is a browser, or what Chromium alone is asked: `phone`, `sizes`, `troubles`. Screenshots go to
+// OUTPUT_DIRECTORY; their names are printed.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
-import { cpSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
-import { createRequire } from 'node:module';
+import { cpSync, existsSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
+import { setTimeout as sleep } from 'node:timers/promises';
+import axe from 'axe-core';
 import { startBrowser } from './browser.mjs';
 import { serve } from './serve.mjs';
+import { startWebKit } from './webkit.mjs';
 
-const [folder, clicks, output] = process.argv.slice(2);
+const [folder, clicks, output, kind] = process.argv.slice(2);
 const [dealtAt] = readFileSync(new URL('golden_game.txt', import.meta.url), 'utf8').split('\n', 1);
 const moves = execFileSync('node', [clicks], { encoding: 'utf8' }).trim().split('\n')
   .map((line) => line.split(' '));
 
-const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
+// Runs in the page before the game. Its clock stands at the golden game, so that the cards are those
+// the clicks are meant for; what is said in the console is written down.
+const prelude = `${axe.source};
+Date = class extends Date {
+  constructor(...given) { super(...(given.length ? given : [${dealtAt}000])); }
+  static now() { return ${dealtAt}000; }
+};
+const say = (text) => { sessionStorage.said = (sessionStorage.said ?? '') + text + '\\n'; };
+for (const kind of ['debug', 'error', 'info', 'log', 'warn']) console[kind] = say;
+addEventListener('error', ({ message }) => say(message));
+addEventListener('unhandledrejection', ({ reason }) => say(reason));
+addEventListener('securitypolicyviolation', ({ blockedURI }) => say(blockedURI));`;
 
-mkdirSync(output, { recursive: true });
-const server = await serve(folder);
-const browser = await startBrowser();
+const served = path.join(output, kind);
+cpSync(folder, served, { recursive: true });
 
+// Changes a file of the served page, and what the list of its files says of that.
+function change(name, edit, more = {}) {
+  const [file, list] = [name, 'version.json'].map((one) => path.join(served, one));
+  const [content, files] = [edit(readFileSync(file, 'utf8')), JSON.parse(readFileSync(list))];
+  const hash = `sha256-${createHash('sha256').update(content).digest('base64')}`;
+  Object.assign(files[name.replace('index.html', './')], { hash, ...more });
+  writeFileSync(file, content);
+  writeFileSync(list, JSON.stringify(files));
+}
+
+change('start.js', (script) => prelude + script);
+const server = await serve(served, { compressed: false });
+const browser = await (kind === 'webkit' ? startWebKit() : startBrowser(kind));
 const stored = (page) => page.evaluate(() => localStorage.getItem('/highscore.scr'));
 
-class Visit {
-  static async begin(name, { width, height, ratio = 1, touched = false, hostile = false }) {
-    const context = await browser.newContext({
-      viewport: { width, height }, deviceScaleFactor: ratio, hasTouch: touched, isMobile: touched,
-      locale: 'de-DE', timezoneId: 'UTC', acceptDownloads: true,
-    });
-    const page = await context.newPage();
-    const visit = Object.assign(new Visit(), { name, page, touched, troubles: [] });
-    page.on('console', (message) => visit.troubles.push(message.text()));
-    page.on('pageerror', (error) => visit.troubles.push(error.stack));
-    if (hostile) {
-      await page.addInitScript(() => {
-        Object.defineProperty(navigator, 'language', { value: 'C' });
-        delete window.Worker;
-      });
+class Player {
+  // `press` is given a place and how many times.
+  constructor(page, name, press = (x, y, count = 1) => page.mouse.click(x, y, { count })) {
+    Object.assign(this, { page, name, press, said: [] });
+    page.on?.('console', (message) => this.said.push(message.text()));
+  }
+
+  // What the page answers, once that is something. One that goes just then answers nothing.
+  async until(ask, about) {
+    for (const end = Date.now() + 20000; ; await sleep(20)) {
+      const answer = await this.page.evaluate(ask, about).catch(() => null);
+      if (answer) return answer;
+      assert.ok(Date.now() < end, `${this.name} waited in vain for ${about}: ${ask}`);
     }
-    await page.clock.setFixedTime(dealtAt * 1000);
-    await page.goto(server.address);
-    await page.getByText('neues Spiel').waitFor();
-    return visit;
   }
 
-  // A screenshot, once nothing moves. Nothing is amiss then for those who can't see it; the colour of
-  // the clock is the game's own.
-  async shot(what) {
-    const file = path.join(output, `${this.name}-${what}.png`);
-    let before;
-    let now;
-    do {
-      before = now;
-      now = await this.page.screenshot({ path: file });
-    } while (!before?.equals(now));
-    console.log(file);
-    await this.page.evaluate(axe);
-    const { violations } = await this.page.evaluate(() => window.axe.run());
-    const amiss = violations.flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html}`));
-    assert.deepEqual(amiss.filter((one) => !/^color-contrast: .* rgb\(0, 128, 128\)/.test(one)), [], what);
+  // Waits for text, or for words for those who can't see.
+  find(words) {
+    return this.until((wanted) => document.body.innerText.includes(wanted) || [...document.querySelectorAll(
+      `[aria-label*="${wanted}"]`)].some((one) => one.getClientRects().length), words);
   }
 
-  async hit(label) {
-    const button = this.page.locator(`button:text-is("${label}"):visible`);
-    await (this.touched ? button.tap() : button.click());
+  // Presses what has these texts or names, one after the other, each once nothing lies above it.
+  async hit(...names) {
+    for (const name of names) await this.press(...await this.until((wanted) => {
+      for (const one of document.querySelectorAll('button, dialog > p')) {
+        const { x, y, width, height } = one.getBoundingClientRect();
+        const [at, own] = [[x + width / 2, y + height / 2], [one.textContent, one.getAttribute('aria-label')]];
+        if (own.includes(wanted) && document.elementFromPoint(...at) === one) return at;
+      }
+      return null;
+    }, name));
   }
 
   async deal() {
-    await this.hit('neues Spiel');
-    await this.hit('Ja');
-    await this.page.getByLabel('Stapel, 49 Karten').waitFor();
+    await this.hit('neues Spiel', 'Ja');
+    await this.find('Stapel, 49 Karten');
   }
 
-  async play(from, to) {
-    const { left, top, scale } = await this.page.evaluate(() => {
-      const section = document.querySelector('.with-cards');
-      const { left, top } = section.querySelector('.client').getBoundingClientRect();
-      return { left, top, scale: Number(section.style.getPropertyValue('--scale')) };
-    });
-    for (const [kind, x, y] of moves.slice(from, to)) {
-      const at = [left + x * scale, top + y * scale];
-      const press = () => (this.touched ? this.page.touchscreen.tap(...at) :
-        this.page.mouse.click(...at));
-      await press();
-      if (kind === 'double') await press();
+  // The golden game, dealt already.
+  async play() {
+    const { left, top, scale } = await this.page.evaluate(() => ({
+      left: document.querySelector('.with-cards > .client').getBoundingClientRect().left,
+      top: document.querySelector('.with-cards > .client').getBoundingClientRect().top,
+      scale: Number(document.querySelector('.with-cards').style.getPropertyValue('--scale')),
+    }));
+    const cards = () => this.page.evaluate(
+      () => [...document.querySelectorAll('.picture')].map((one) => one.getAttribute('aria-label')).join());
+    for (const [number, [click, x, y]] of moves.entries()) {
+      const before = click === 'double' && await cards();
+      // Presses that a busy machine holds apart are two clicks, which change nothing.
+      do await this.press(left + x * scale, top + y * scale, before ? 2 : 1);
+      while (before === await cards() && await sleep(600, true));
+      if (number === 60) await this.shot('playing');
     }
   }
 
-  async win(enter) {
-    await this.shot('start');
-    assert.equal(await stored(this.page), null, 'the start wrote the list');
-    await this.deal();
-    await this.shot('dealt');
-    await this.play(0, 60);
-    await this.shot('playing');
-    await this.play(60);
-    const name = this.page.getByLabel('Gratulation', { exact: false });
-    await name.waitFor();
-    await this.page.keyboard.type('Jörg Süß');
-    await this.shot('won');
-    await enter(this.page);
-    await name.waitFor({ state: 'hidden' });
-    assert.match(await stored(this.page),
-      /^[1-9]\d*,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/);
-    await this.page.evaluate(() => localStorage.clear());  // what a killed browser may not have kept
-    await this.page.reload();
-    await this.page.getByText('neues Spiel').waitFor();
-    await this.hit('Bestzeiten');
-    await this.page.getByText('Jörg Süß').waitFor();
-    await this.shot('best-times');
-    await this.hit('Ok');
+  // Waits until the copy holds a file.
+  kept(name) {
+    return this.until(async (wanted) => Boolean(await caches.match(wanted)), name);
   }
 
-  async end() {
-    await this.page.context().close();
-    assert.deepEqual(this.troubles, []);
+  // A screenshot, once these words are there. Nothing is amiss then for those who can't see it; the
+  // colour of the clock is the game's own.
+  async shot(what, words = '') {
+    await this.find(words);
+    const file = path.join(output, `${this.name}-${what}.png`);
+    await this.page.screenshot({ path: file });
+    console.log(file);
+    const amiss = await this.page.evaluate(async () => (await window.axe.run()).violations
+      .flatMap(({ id, nodes }) => nodes.map(({ html }) => `${id}: ${html}`)));
+    assert.deepEqual(amiss.filter((one) => !/^color-contrast: .* rgb\(0, 128, 128\)/.test(one)), [], what);
   }
+
+  // Nothing was said in the console.
+  async end(words = '') {
+    await this.find(words);
+    this.said.push(await this.page.evaluate(() => sessionStorage.said ?? ''));
+    assert.deepEqual(this.said, ['']);
+  }
+}
+
+// A page of its own in Chromium.
+async function open(name, viewport = {}, prepared = () => {}) {
+  const context = await browser.createBrowserContext(
+    { downloadBehavior: { policy: 'allow', downloadPath: served } });
+  const page = await context.newPage();
+  await page.setViewport({ width: 1280, height: 800, isMobile: viewport.hasTouch, ...viewport });
+  await page.evaluateOnNewDocument(prepared);
+  const tap = async (x, y, count = 1) => {
+    while (count--) await page.touchscreen.tap(x, y);
+  };
+  return new Player(page, name, viewport.hasTouch ? tap : undefined);
+}
+
+// A whole visit; `enter` enters the name, `withList` does what there is to do with the list.
+async function visit(player, enter, withList) {
+  const { page } = player;
+  await page.goto(server.address);
+  await player.hit('neues Spiel');
+  await page.keyboard.press('Escape');
+  await player.shot('start');
+  assert.equal(await stored(page), null, 'the start wrote the list');
+  await player.deal();
+  await player.play();
+  await player.find('Gratulation');
+  await page.keyboard.type('Jörg Süß');
+  await player.shot('won');
+  await enter(player);
+  await player.until(() => /^[1-9]\d*,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n/.test(
+    localStorage.getItem('/highscore.scr')));
+  await page.evaluate(() => localStorage.clear());  // what a killed browser may not have kept
+  await page.reload();
+  await player.hit('Bestzeiten');
+  await player.shot('best-times', 'Jörg Süß');
+  await withList(player);
+  await player.hit('Ok', 'Hilfe');
+  await player.shot('help', 'Das Ziel');
+  await player.hit('Hilfe schließen');
+  await player.kept('version.json');
+  await server.end();
+  await page.reload();
+  await player.deal();
+  await player.hit('Beenden');
+  await player.shot('ended', 'Das Spiel ist beendet.');
+  await player.hit('Neu starten');
+  await player.end('neues Spiel');
+}
+
+// The window in front goes where its title bar is drawn to.
+async function moveWindow({ page }) {
+  const place = () => page.evaluate(() => {
+    const { x, y } = document.querySelector('.foremost').getBoundingClientRect();
+    return [x, y];
+  });
+  const [x, y] = await place();
+  await page.mouse.move(x + 90, y + 10);
+  await page.mouse.down();
+  await page.mouse.move(x + 60, y + 30);
+  await page.mouse.up();
+  assert.deepEqual(await place(), [x - 30, y + 20]);
 }
 
 // Another page takes over, which completes the entry, and then this one takes over again.
-async function playElsewhere(page) {
-  const other = await page.context().newPage();
-  for (const [there, here] of [[other, page], [page, other]]) {
-    await there.goto(server.address);
-    await there.getByText('Solvanta läuft schon in einem anderen Fenster').waitFor();
-    await there.getByText('Hier weiterspielen').click();
-    await here.getByText('Hier weiterspielen').waitFor();
-    await there.getByText('neues Spiel').waitFor();
+async function playElsewhere(here) {
+  const there = new Player(await here.page.browserContext().newPage(), 'elsewhere');
+  for (const [to, from] of [[there, here], [here, there]]) {
+    await to.page.bringToFront();
+    await to.page.goto(server.address);
+    await to.hit('Hier weiterspielen');
+    await from.find('Solvanta läuft schon in einem anderen Fenster');
+    await to.find('neues Spiel');
   }
-  await other.close();
+  await there.page.close();
 }
 
 // The list goes to a file and comes back, byte for byte; a file that is none changes nothing.
-async function moveList(visit) {
-  const { page } = visit;
-  const [download] = await Promise.all([
-    page.waitForEvent('download'), page.getByText('Bestzeiten sichern').click()]);
-  assert.equal(download.suggestedFilename(), 'highscore.scr');
-  const file = path.join(output, 'highscore.scr');
-  await download.saveAs(file);
-  const bytes = readFileSync(file);
-  assert.equal(bytes.toString('latin1'), await stored(page));
-
-  const load = async (content) => {
-    const [chooser] = await Promise.all([
-      page.waitForEvent('filechooser'), page.getByText('Bestzeiten laden').click()]);
-    await chooser.setFiles({ name: 'x.scr', mimeType: 'text/plain', buffer: content });
+async function moveList(player) {
+  const { page } = player;
+  const file = path.join(served, 'highscore.scr');
+  rmSync(file, { force: true });
+  const [list, other] = [await stored(page), (await stored(page)).replace('Jörg', 'Jürg')];
+  const save = async (button) => {
+    await player.hit(button);
+    while (!existsSync(file) || readFileSync(file, 'latin1') !== list) await sleep(20);
   };
-  await load(Buffer.from('Das ist ein Brief.'));
-  await page.getByText('Diese Datei ist keine Bestzeitenliste.').waitFor();
-  assert.equal(bytes.toString('latin1'), await stored(page));
-  await load(Buffer.from(bytes.toString('latin1').replace('Jörg', 'Jürg'), 'latin1'));
-  await visit.hit('Abbrechen');
-  assert.equal(bytes.toString('latin1'), await stored(page));
-  await visit.hit('Bestzeiten');
-  await load(Buffer.from(bytes.toString('latin1').replace('Jörg', 'Jürg'), 'latin1'));
-  await Promise.all([page.waitForEvent('download'), visit.hit('Bisherige sichern')]);
-  await visit.hit('Ersetzen');
-  await page.getByText('Die Bestzeiten sind geladen.').waitFor();
-  assert.match(await stored(page), /"Jürg Süß"/);
-  await page.getByText('Jürg Süß').waitFor();
-  await visit.hit('Ok');
+  await save('Bestzeiten sichern');
+  for (const [content, answer, note, left] of [
+    ['Das ist ein Brief.', null, 'Diese Datei ist keine Bestzeitenliste.', list],
+    [other, 'Abbrechen', '', list],
+    [other, 'Ersetzen', 'Die Bestzeiten sind geladen.', other],
+  ]) {
+    writeFileSync(file, content, 'latin1');
+    const [chooser] = await Promise.all([page.waitForFileChooser(), player.hit('Bestzeiten laden')]);
+    await chooser.accept([file]);
+    if (answer) await save('Bisherige sichern');
+    if (answer) await player.hit(answer);
+    await player.find(note);
+    assert.equal(await stored(page), left);
+  }
+  await player.find('Jürg Süß');
 }
 
-// A game played by keyboard alone as far as the first cards: the walk, a click and a double click.
-async function playByKeyboard(visit) {
-  const { page } = visit;
-  const here = () => page.evaluate(() => document.activeElement.getAttribute('aria-label'));
-  await visit.deal();
-  await page.getByLabel('Stapel, 49 Karten').focus();
-  await page.keyboard.press('Enter');
-  assert.equal(await here(), 'Stapel, 46 Karten');
-  await page.keyboard.press('ArrowRight');
-  assert.match(await here(), /^Ablage: (Herz|Pik|Karo|Kreuz) /);
-  await page.keyboard.press('Space');
-  assert.match(await here(), /, ausgewählt$/);
-  await visit.shot('keyboard');
-  await page.keyboard.press('d');
-  assert.doesNotMatch(await here(), /, ausgewählt$/);
+// The first cards of a game by keyboard alone: the walk, a click and a double click.
+async function playByKeyboard(player) {
+  const { keyboard } = player.page;
+  const here = () => player.page.evaluate(() => document.activeElement.getAttribute('aria-label'));
+  await player.page.focus('[aria-label="Stapel, 49 Karten"]');
+  for (const [key, place] of [
+    ['Enter', /^Stapel, 46 Karten$/], ['ArrowRight', /^Ablage: (Herz|Pik|Karo|Kreuz) [^,]*$/],
+    ['Space', /, ausgewählt$/], ['d', /^((?!, ausgewählt$).)*$/],
+  ]) {
+    await keyboard.press(key);
+    assert.match(await here(), place);
+  }
   const place = await here();
-  await visit.hit('Bestzeiten');
-  await page.keyboard.press('Escape');
+  await player.hit('Bestzeiten');
+  await keyboard.press('Escape');
   assert.equal(await here(), place);
-  await visit.hit('neues Spiel');
-  await page.getByText('Neues Spiel?').click();  // beside the buttons
-  await page.keyboard.press('Enter');
-  await page.getByLabel('Stapel, 49 Karten').waitFor();
+  await player.hit('neues Spiel', 'Neues Spiel?');  // beside the buttons
+  await keyboard.press('Enter');
+  await player.find('Stapel, 49 Karten');
 }
 
-// Waits until the copy holds a file.
-async function kept(page, name) {
-  const isKept = (wanted) => caches.match(wanted).then(Boolean);
-  while (!await page.evaluate(isKept, name)) await page.waitForTimeout(100);
-}
-
-// Without a network it starts as well, and can be ended and started again.
-async function playOffline(visit) {
-  const { page } = visit;
-  await kept(page, 'version.json');
-  await page.context().setOffline(true);
-  await page.reload();
-  await visit.deal();
-  await visit.hit('Hilfe');
-  await page.getByText('Das Ziel').waitFor();
-  await visit.shot('offline');
-  await page.context().setOffline(false);
-  await page.getByLabel('Hilfe schließen').click();
-  await visit.hit('Beenden');
-  await page.getByText('Das Spiel ist beendet.').waitFor();
-  await visit.shot('ended');
-  await page.getByText('Neu starten').click();
-  await page.getByText('neues Spiel').waitFor();
+// On a page of any size every button in front can be reached, and nothing lies beyond it.
+async function playOn(name, viewport) {
+  const player = await open(name, viewport);
+  await player.page.goto(server.address);
+  await player.deal();
+  for (const buttons of [['neues Spiel', 'Nein'], ['Bestzeiten']]) {
+    await player.hit(...buttons);
+    await player.shot(buttons[0]);
+    assert.equal(await player.page.evaluate(() => [...document.querySelectorAll(
+      '.foremost button, #links > button')].filter((one) => {
+      const { x, y, width, height } = one.getBoundingClientRect();
+      return one.checkVisibility({ visibilityProperty: true }) &&
+        document.elementFromPoint(x + width / 2, y + height * 0.9) !== one;
+    }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
+  }
+  await player.hit('Ok');
+  if (name === 'large') await playByKeyboard(player);
+  await player.end();
 }
 
 // Whatever keeps a file from coming is told in a sentence of its own, and can be tried again; and so
 // is a full storage.
 async function loadBadly() {
-  const html = { contentType: 'text/html', body: '<h1>Anmeldung</h1>' };
-  const page = await (await browser.newContext({ serviceWorkers: 'block' })).newPage();
-  await page.addInitScript(() => {
+  const player = await open('unlucky', {}, () => {
+    delete Navigator.prototype.serviceWorker;
     Storage.prototype.setItem = () => { throw new DOMException('', 'QuotaExceededError'); };
   });
-  for (const [file, answer, sentence] of [
-    ['Solvanta.wasm', null, 'Die Verbindung ist abgebrochen.'],
-    ['Solvanta.wasm', { status: 503 }, 'Der Server gibt das Spiel zurzeit nicht heraus.'],
-    ['Solvanta.wasm', html, 'Das Spiel ist beschädigt angekommen.'],
-    ['Solvanta.js', null, 'Die Verbindung ist abgebrochen.'],
-    ['Solvanta.js', html, 'Das Spiel ist beschädigt angekommen.'],
-    ['pictures*.pack', { status: 404 }, 'Der Server gibt das Spiel zurzeit nicht heraus.'],
+  const [dropped, refused, broken] = ['Die Verbindung ist abgebrochen.',
+    'Der Server gibt das Spiel zurzeit nicht heraus.', 'Das Spiel ist beschädigt angekommen.'];
+  const html = { contentType: 'text/html', body: '<h1>Anmeldung</h1>' };
+  let trouble = [];
+  await player.page.setRequestInterception(true);
+  player.page.on('request', (request) => {
+    const [file, answer] = trouble;
+    if (!request.url().includes(file)) request.continue();
+    else if (answer) request.respond(answer);
+    else request.abort();
+  });
+  for (const [sentence, ...wanted] of [
+    [dropped, 'Solvanta.wasm', null], [refused, 'Solvanta.wasm', { status: 503 }],
+    [broken, 'Solvanta.wasm', html], [dropped, 'Solvanta.js', null], [broken, 'Solvanta.js', html],
+    [refused, '.pack', { status: 404 }],
   ]) {
-    await page.route(`**/${file}?*`, (route) => (answer ? route.fulfill(answer) : route.abort()));
-    await page.goto(server.address);
-    await page.getByText(sentence).waitFor();
-    await page.unroute(`**/${file}?*`);
-    await page.getByText('Nochmal versuchen').last().click();
-    await page.getByText('neues Spiel').click();
-    await page.getByText('Neues Spiel?').waitFor();
+    trouble = wanted;
+    await player.page.goto(server.address);
+    await player.find(sentence);
+    trouble = [];
+    await player.hit('Nochmal versuchen', 'neues Spiel');
   }
-  await page.getByText('Ja', { exact: true }).click();
-  await page.getByText('Der Browser behält die Bestzeiten nur, solange diese Seite offen ist.').waitFor();
-  await page.context().close();
+  await player.hit('Ja');
+  await player.find('Der Browser behält die Bestzeiten nur, solange diese Seite offen ist.');
 }
 
-// The first visit loads each file once, and little. A newer version is taken whole or not at all:
-// its page is first another than its list says.
+// The first visit loads each file once, and little, even from a server that compresses nothing. A
+// newer version is taken whole or not at all: its page is first another than its list says.
 async function playVersions() {
-  const copy = path.join(output, 'served');
-  cpSync(folder, copy, { recursive: true });
-  const own = await serve(copy, { compressed: false });
-  const page = await (await browser.newContext()).newPage();
-  await page.goto(own.address);
-  await kept(page, 'version.json');
-  const names = own.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
+  const player = await open('versions');
+  server.loaded.length = 0;
+  await player.page.goto(server.address);
+  await player.kept('version.json');
+  const names = server.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
   assert.equal(new Set(names).size, names.length, `loaded twice: ${names}`);
-  assert.ok(own.loaded.reduce((sum, { size }) => sum + size, 0) < 600000);
-
-  const list = JSON.parse(readFileSync(path.join(copy, 'version.json')));
-  const newer = readFileSync(path.join(copy, 'index.html'), 'utf8').replace('<title>', '<title>Neu: ');
-  const hash = `sha256-${createHash('sha256').update(newer).digest('base64')}`;
-  list['./'] = { hash, tag: 'neu' };
-  writeFileSync(path.join(copy, 'version.json'), JSON.stringify(list));
+  const size = server.loaded.reduce((sum, one) => sum + one.size, 0) - Buffer.byteLength(prelude);
+  assert.ok(size < 450000, `first load of ${size} bytes`);
+  change('index.html', (page) => page.replace('<title>', '<title>Neu: '), { tag: 'neu' });
+  const page = path.join(served, 'index.html');
+  const newer = readFileSync(page);
   for (const [html, title] of [['<h1>Anmeldung</h1>', 'Solvanta'], [newer, 'Neu: Solvanta']]) {
-    writeFileSync(path.join(copy, 'index.html'), html);
-    own.loaded.length = 0;
-    await page.reload();
-    while (own.loaded.at(-1)?.name !== '/index.html') await page.waitForTimeout(100);
-    if (html === newer) await kept(page, './?neu');
-    await page.reload();
-    await page.getByText('neues Spiel').click();
-    assert.equal(await page.title(), title);
+    writeFileSync(page, html);
+    server.loaded.length = 0;
+    await player.page.reload();
+    while (!server.loaded.some((one) => one.name === '/index.html')) await sleep(100);
+    if (html === newer) await player.kept('./?neu');
+    await player.page.reload();
+    await player.hit('neues Spiel');
+    assert.equal(await player.page.title(), title);
   }
-  await page.context().close();
-  await own.end();
 }
 
-const large = await Visit.begin('large', { width: 1280, height: 800 });
-await large.win((page) => page.keyboard.press('Enter'));
-await moveList(large);
-await playByKeyboard(large);
-await playOffline(large);
-await large.end();
-
-await loadBadly();
-await playVersions();
-
-const phone = await Visit.begin('phone', { width: 360, height: 740, ratio: 3, touched: true, hostile: true });
-await phone.win(playElsewhere);
-await phone.hit('Hilfe');
-await phone.shot('help');
-await phone.end();
-
-for (const [name, size] of Object.entries({
-  sideways: { width: 740, height: 360, ratio: 2, touched: true },
-  tiny: { width: 320, height: 200 },
-})) {
-  const visit = await Visit.begin(name, size);
-  await visit.deal();
-  await visit.shot('dealt');
-  assert.equal(await visit.page.evaluate(() => [...document.querySelectorAll('button')].filter((one) => {
-    const { x, y, width, height } = one.getBoundingClientRect();
-    return width > 0 && document.elementFromPoint(x + width / 2, y + height / 2) !== one;
-  }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
-  await visit.end();
+if (kind === 'phone') {
+  // No workers, and a language that no browser knows.
+  await visit(await open(kind, { width: 360, height: 740, deviceScaleFactor: 3, hasTouch: true }, () => {
+    Object.defineProperty(navigator, 'language', { value: 'C' });
+    delete window.Worker;
+  }), playElsewhere, moveList);
+} else if (kind === 'sizes') {
+  await playOn('large');
+  await playOn('sideways', { width: 740, height: 360, deviceScaleFactor: 2, hasTouch: true });
+  await playOn('upright', { width: 360, height: 640, hasTouch: true });
+  await playOn('tiny', { width: 320, height: 200 });
+} else if (kind === 'troubles') {
+  await loadBadly();
+  await playVersions();
+} else {
+  await visit(new Player(await browser.newPage(), kind), ({ page }) => page.keyboard.press('Enter'),
+    moveWindow);
 }
 await browser.close();
 await server.end();
