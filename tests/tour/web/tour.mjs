@@ -234,22 +234,14 @@ async function moveList(player) {
   await player.find('Jürg Süß');
 }
 
-// The first cards of a game by keyboard alone: the walk, a click and a double click.
-async function playByKeyboard(player) {
+// The keyboard comes back to the place it was at, and a box has its default button wherever pressed.
+async function openAndClose(player) {
   const { keyboard } = player.page;
-  const here = () => player.page.evaluate(() => document.activeElement.getAttribute('aria-label'));
   await player.page.focus('[aria-label="Stapel, 49 Karten"]');
-  for (const [key, place] of [
-    ['Enter', /^Stapel, 46 Karten$/], ['ArrowRight', /^Ablage: (Herz|Pik|Karo|Kreuz) [^,]*$/],
-    ['Space', /, ausgewählt$/], ['d', /^((?!, ausgewählt$).)*$/],
-  ]) {
-    await keyboard.press(key);
-    assert.match(await here(), place);
-  }
-  const place = await here();
+  await keyboard.press('Enter');
   await player.hit('Bestzeiten');
   await keyboard.press('Escape');
-  assert.equal(await here(), place);
+  await player.until(() => document.activeElement.getAttribute('aria-label') === 'Stapel, 46 Karten');
   await player.hit('neues Spiel', 'Neues Spiel?');  // beside the buttons
   await keyboard.press('Enter');
   await player.find('Stapel, 49 Karten');
@@ -271,7 +263,7 @@ async function playOn(name, viewport) {
     }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
   }
   await player.hit('Ok');
-  if (name === 'large') await playByKeyboard(player);
+  if (name === 'large') await openAndClose(player);
   await player.end();
 }
 
