@@ -122,11 +122,20 @@ void ParagraphWriter::write(std::string_view text, const CharacterLook& look) co
     span.text(content);
 }
 
+/// Whether all of it is bold and large, as nothing but headings is.
+bool is_heading(const RichParagraph& paragraph) {
+    constexpr int large = 26;
+    return !paragraph.runs.empty() &&
+           std::all_of(paragraph.runs.begin(), paragraph.runs.end(), [](const TextRun& run) {
+               return run.look.bold && run.look.half_points.value_or(0) >= large;
+           });
+}
+
 }  // namespace
 
 void show_rich_text(const RichDocument& document, const Node& view) {
     for (const RichParagraph& paragraph : document.paragraphs) {
-        const Node node(view, "p");
+        const Node node(view, is_heading(paragraph) ? "h3" : "p");
         set_layout(node, paragraph.layout);
         if (paragraph.runs.empty()) {
             set_look(node, paragraph.mark, document);
