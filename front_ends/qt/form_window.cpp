@@ -77,6 +77,9 @@ void FormWindow::sync() {
     if (windowTitle() != caption) setWindowTitle(caption);
     for (auto& bring_in_line : parts_.syncs)
         bring_in_line();
+    if (!before_box_ || box_->isVisible()) return;
+    before_box_->setFocus(Qt::OtherFocusReason);
+    before_box_ = nullptr;
 }
 
 void FormWindow::bring_forward() {
@@ -89,7 +92,9 @@ bool FormWindow::focus(const TextBox& box) {
     const auto found = parts_.text_boxes.find(&box);
     if (found == parts_.text_boxes.end()) return false;
     if (!isActiveWindow()) activateWindow();
-    found->second->setFocus();
+    if (focusWidget() != found->second) before_box_ = focusWidget();
+    box_ = found->second;
+    box_->setFocus();
     return true;
 }
 

@@ -42,6 +42,8 @@ class FormWindow final : public QWidget {
     WindowParts parts_;
     std::function<void(FormWindow&)> close_box_;
     std::vector<QTimer*> timers_;
+    QLineEdit* box_ = nullptr;       // that was given the focus last
+    QWidget* before_box_ = nullptr;  // gets it back when that box is hidden
     bool let_go_ = false;
 };
 

@@ -151,11 +151,14 @@ FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
     : Canvas(frame, parts), frame_(frame) {
     create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | BS_GROUPBOX,
            WS_EX_CONTROLPARENT, parent);
+    words_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD, 0, 0, 0, 0, handle(), nullptr,
+                             GetModuleHandleW(nullptr), nullptr);
 }
 
 void FrameBox::sync() {
     EnableWindow(handle(), frame_.Enabled ? TRUE : FALSE);
     sync_text(handle(), frame_.Caption, to_font({}, scale()));
+    sync_text(words_, words_of(frame_), nullptr);
     sync_place(handle(), frame_, scale());
     Canvas::sync();
 }

@@ -54,6 +54,7 @@ class FrameBox final : public Canvas {
     void paint_border(HDC dc) const;
 
     Frame& frame_;
+    HWND words_ = nullptr;  // hidden before the text box: readers take it for the box's name
 };
 
 }  // namespace solvanta::win32

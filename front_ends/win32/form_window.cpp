@@ -101,7 +101,10 @@ void FormWindow::sync() {
         control->sync();
     // Hidden or disabled, a control keeps the focus and goes on taking keys.
     HWND focused = GetFocus();
-    if (IsChild(handle(), focused) && !takes_focus(focused)) find_focus(focused);
+    if (IsChild(handle(), focused) && !takes_focus(focused)) {
+        const bool goes_back = before_box_ && takes_focus(before_box_);
+        find_focus(goes_back ? before_box_ : focused);
+    }
     Canvas::sync();
 }
 
@@ -114,6 +117,7 @@ void FormWindow::bring_forward() {
 bool FormWindow::focus(const TextBox& box) {
     const auto found = parts_.text_boxes.find(&box);
     if (found == parts_.text_boxes.end()) return false;
+    if (IsChild(handle(), GetFocus()) && GetFocus() != found->second) before_box_ = GetFocus();
     last_focus_ = found->second;
     SetFocus(found->second);
     return true;

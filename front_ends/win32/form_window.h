@@ -60,6 +60,7 @@ class FormWindow final : public Canvas {
     std::function<void(FormWindow&)> close_box_;
     std::function<void()> to_box_;
     std::vector<std::pair<const Timer*, Ticks>> ticks_;
+    HWND before_box_ = nullptr;  // had the focus before a text box was given it
     HWND last_focus_ = nullptr;  // to get the focus back when the window becomes active again
 };
 

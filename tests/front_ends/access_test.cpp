@@ -103,6 +103,8 @@ TEST_F(Access, PlaysAGameByKeysAndByEar) {
     }
     EXPECT_TRUE(table.state.GameWon);
     EXPECT_TRUE(wait_until([&] { return driver().control(table, table.InName).focused; }));
+    press_key(Key::Enter);
+    EXPECT_NE(focused(), "");  // as before
 }
 
 TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
