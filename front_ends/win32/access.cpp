@@ -22,7 +22,9 @@ HRESULT give(VARIANT* out, LONG number) {
 }
 
 // The system's interfaces are never deleted through: `Release` does it.
+#ifdef __GNUC__
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
 
 /// The places of a stop as its simple children, numbered from 1, and what was said last.
 class TableAccess final : public IAccessible {
