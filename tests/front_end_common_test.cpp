@@ -23,7 +23,8 @@ struct Row : Form {
     Row() {
         for (const auto& [name, left] :
              {std::pair('a', 0), {'b', 100}, {'d', 200}, {'c', 200}, {'z', 50}}) {
-            PictureElement& element = elements.emplace_back(Element{left, 0, 100, 100});
+            PictureElement& element = elements.emplace_back();
+            static_cast<Element&>(element) = {left, 0, 100, 100};
             element.Click = [this, name = name, &element] {
                 log += name;
                 element.Visible = name != 'c';

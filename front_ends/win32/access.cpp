@@ -33,62 +33,62 @@ class TableAccess final : public IAccessible {
     void forget_stop() { stop_ = nullptr; }
 
     // IUnknown
-    STDMETHODIMP QueryInterface(REFIID id, void** object) override {
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         const bool is_ours = id == IID_IUnknown || id == IID_IDispatch || id == IID_IAccessible;
         *object = is_ours ? this : nullptr;
         if (!is_ours) return E_NOINTERFACE;
         AddRef();
         return S_OK;
     }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-    STDMETHODIMP_(ULONG) Release() override {
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override {
         const ULONG left = --references_;
         if (left == 0) delete this;
         return left;
     }
 
     // IDispatch: readers use the methods themselves.
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         *count = 0;
         return S_OK;
     }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
         return E_NOTIMPL;
     }
-    STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                        UINT*) override {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override {
         return E_NOTIMPL;
     }
 
     // IAccessible
-    STDMETHODIMP get_accParent(IDispatch** parent) override {
+    HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override {
         using Find = HRESULT WINAPI(HWND, DWORD, REFIID, void**);
         auto* const find = system_function<Find>(L"oleacc.dll", "AccessibleObjectFromWindow");
         if (!stop_ || !find) return E_FAIL;
         return find(stop_->handle(), static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
                     reinterpret_cast<void**>(parent));
     }
-    STDMETHODIMP get_accChildCount(LONG* count) override {
+    HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
         *count = stop_ ? static_cast<LONG>(stop_->places().size()) : 0;
         return S_OK;
     }
-    STDMETHODIMP get_accChild(VARIANT /*child*/, IDispatch** object) override {
+    HRESULT STDMETHODCALLTYPE get_accChild(VARIANT /*child*/, IDispatch** object) override {
         *object = nullptr;
         return S_FALSE;
     }
-    STDMETHODIMP get_accName(VARIANT child, BSTR* name) override {
+    HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
         if (child.lVal == CHILDID_SELF) return give(name, to_utf8(table_name));
         if (child.lVal == said_object && stop_) return give(name, stop_->said());
         const PictureElement* const place = place_of(child);
         return give(name, place ? place_name(*place) : std::string());
     }
-    STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) override {
+    HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
         return give(role, child.lVal == CHILDID_SELF  ? ROLE_SYSTEM_GROUPING
                           : child.lVal == said_object ? ROLE_SYSTEM_ALERT
                                                       : ROLE_SYSTEM_PUSHBUTTON);
     }
-    STDMETHODIMP get_accState(VARIANT child, VARIANT* state) override {
+    HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
         const PictureElement* const place = place_of(child);
         if (!place) return give(state, child.lVal == CHILDID_SELF ? STATE_SYSTEM_FOCUSABLE : 0);
         LONG states = STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_SELECTABLE;
@@ -96,37 +96,37 @@ class TableAccess final : public IAccessible {
         if (place->IsSelected && place->IsSelected()) states |= STATE_SYSTEM_SELECTED;
         return give(state, states);
     }
-    STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* key) override {
+    HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT child, BSTR* key) override {
         const PictureElement* const place = place_of(child);
         return give(key, place && place->Key ? std::string(1, place->Key) : std::string());
     }
-    STDMETHODIMP get_accDefaultAction(VARIANT child, BSTR* action) override {
+    HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) override {
         return give(action, place_of(child) ? "Klicken" : "");
     }
-    STDMETHODIMP accDoDefaultAction(VARIANT child) override {
+    HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
         const PictureElement* const place = place_of(child);
         if (!place) return E_INVALIDARG;
         stop_->click(*place);
         return S_OK;
     }
-    STDMETHODIMP accSelect(LONG flags, VARIANT child) override {
+    HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT child) override {
         const PictureElement* const place = place_of(child);
         if (!place || (flags & SELFLAG_TAKEFOCUS) == 0) return E_INVALIDARG;
         stop_->walk_to(*place);
         return S_OK;
     }
-    STDMETHODIMP get_accFocus(VARIANT* child) override {
+    HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override {
         const int focused = stop_ ? stop_->focused() : 0;
         if (focused > 0) return give(child, focused);
         child->vt = VT_EMPTY;
         return S_FALSE;
     }
-    STDMETHODIMP get_accSelection(VARIANT* child) override {
+    HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* child) override {
         child->vt = VT_EMPTY;
         return S_FALSE;
     }
-    STDMETHODIMP accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
-                             VARIANT child) override {
+    HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
+                                          VARIANT child) override {
         const PictureElement* const place = place_of(child);
         if (!place) return E_INVALIDARG;
         const RECT area = stop_->place_on_screen(*place);
@@ -136,7 +136,7 @@ class TableAccess final : public IAccessible {
         *height = size_of(area).cy;
         return S_OK;
     }
-    STDMETHODIMP accHitTest(LONG x, LONG y, VARIANT* child) override {
+    HRESULT STDMETHODCALLTYPE accHitTest(LONG x, LONG y, VARIANT* child) override {
         const auto places = stop_ ? stop_->places() : std::vector<PictureElement*>();
         for (std::size_t i = 0; i < places.size(); ++i) {
             const RECT area = stop_->place_on_screen(*places[i]);
@@ -145,13 +145,21 @@ class TableAccess final : public IAccessible {
         child->vt = VT_EMPTY;
         return S_FALSE;
     }
-    STDMETHODIMP accNavigate(LONG, VARIANT, VARIANT*) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP get_accValue(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP get_accDescription(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP get_accHelp(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP get_accHelpTopic(BSTR*, VARIANT, LONG*) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
-    STDMETHODIMP put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE accNavigate(LONG, VARIANT, VARIANT*) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE get_accValue(VARIANT, BSTR*) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT, BSTR*) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR*, VARIANT, LONG*) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
 
   private:
     /// Null where there is no such place any more.
