@@ -13,7 +13,8 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "window"))
-from game import LIST, TABLE, Game, front_window, read, require, running, wait_for
+from game import LIST, TABLE, Game, front_window, read, require, wait_for
+from screen import running
 
 package, folder = map(os.path.abspath, sys.argv[1:])
 RELEASES = {"12": "bookworm", "13": "trixie"}
@@ -133,7 +134,7 @@ def upgrade_in_a_game(system, later):
     with Game(system.game("ben")) as game:
         game.deal()
         os.remove(system.own("ben", REPLACED))
-        shutil.copy(system.own("ben", CHANGED), system.own("ben", REPLACED))
+        shutil.copy(f"{system.root}/{PICTURES}/{CHANGED}", system.own("ben", REPLACED))
         system.install_file(later)
         again = Game(system.game("ben"))
         require((again.exit_status(), again.said()) == (0, ""), "the later start says", again.said())
@@ -141,7 +142,7 @@ def upgrade_in_a_game(system, later):
         game.deal()
         require(game.end() == 0, "the game that was upgraded does not end well")
     system.check("ben", 2)
-    require(os.path.exists(system.own("ben", NEW)) and not os.path.lexists(system.own("ben", REMOVED)), "pictures")
+    require(os.path.lexists(system.own("ben", NEW)) and not os.path.lexists(system.own("ben", REMOVED)), "pictures")
 
 
 def try_system(root, later):
@@ -171,7 +172,8 @@ def try_system(root, later):
 for release in RELEASES:
     bare = make_system(release)
     with tempfile.TemporaryDirectory(dir=folder) as work:
-        run("tar", "--extract", "--file", bare, "--directory", work, "--one-top-level=root")
+        os.mkdir(work + "/root")
+        run("tar", "--extract", "--file", bare, "--directory", work + "/root")
         try_system(work + "/root", make_later_version(package, work + "/later"))
     run("piuparts", "--no-eatmydata", "--keep-sources-list", "--basetgz", bare, "--distribution", RELEASES[release], package)
     print("Debian", release, "- played", flush=True)

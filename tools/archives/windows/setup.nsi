@@ -14,6 +14,8 @@ InstallDir "$LOCALAPPDATA\Programs\Solvanta"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 InstallDirRegKey HKCU "${UNINSTALL}\Solvanta" InstallLocation
 AllowSkipFiles off
+AutoCloseWindow true
+BrandingText "Solvanta ${VERSION}"
 
 !include LogicLib.nsh
 !include MUI2.nsh
