@@ -22,7 +22,7 @@ USERS = {"anna": "1000", "ben": "1001"}
 AT_ONCE = 10
 LIBRARY, PICTURES, OWN = "usr/lib/games/solvanta", "usr/share/games/solvanta", "home/{}/.local/share/solvanta"
 # What the later version has in place of the first one's pictures, and what Ben does to his.
-NEW, REMOVED, CHANGED, REPLACED = "Neu.bmp", "Leer.bmp", "Herz_1.bmp", "Herz_2.bmp"
+NEW, REMOVED, CHANGED, REPLACED = "Neu.bmp", "Solvanta.ico", "Herz_1.bmp", "Herz_2.bmp"
 
 
 def run(*command, **options):

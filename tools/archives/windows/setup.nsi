@@ -14,7 +14,6 @@ InstallDir "$LOCALAPPDATA\Programs\Solvanta"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 InstallDirRegKey HKCU "${UNINSTALL}\Solvanta" InstallLocation
 AllowSkipFiles off
-AutoCloseWindow true
 BrandingText "Solvanta ${VERSION}"
 
 !include LogicLib.nsh
@@ -145,6 +144,7 @@ FunctionEnd
 !macroend
 
 Section un.
+    SetAutoClose true
     !insertmacro WaitForEndOfGame
     ${If} ${FileExists} "$INSTDIR\highscore.scr"
     ${AndIf} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "Soll auch Ihre Liste der Bestzeiten \
