@@ -1,9 +1,8 @@
-"""Installs the game by its setup for Windows in two directories, plays there, and goes through upgrade and
-uninstallation with files of the player's own.
+"""Installs the game by its setup for Windows in several directories, plays there, and goes through upgrade
+and uninstallation with files of the player's own.
 
     tools/setup/screen.py --windows FOLDER python3 -B tests/packages/windows.py ARCHIVE SETUP
 """
-import glob
 import os
 import shutil
 import subprocess
@@ -15,23 +14,24 @@ sys.path.insert(0, os.path.join(tests, "window"))
 from game import LIST, RETURN, Game, front_window, press, program_in, read, require, wait_for, wait_for_end_of
 
 archive, setup = map(os.path.abspath, sys.argv[1:])
-DRIVE = os.environ["WINEPREFIX"] + "/drive_c"
-PLACES = {DRIVE + "/users/root/AppData/Local/Programs/Solvanta": [],
-          DRIVE + "/Spiele für Jörg/Sol vanta": ["/D=C:\\Spiele", "für", "Jörg\\Sol", "vanta"]}
-MENU = DRIVE + "/users/root/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Solvanta*.lnk"
+DRIVE, LEFT, ASKED = os.environ["WINEPREFIX"] + "/drive_c/", 0xFF51, "Deinstallation von Solvanta"
+MENU = DRIVE + "users/root/AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
-ASKED, LEFT = "Deinstallation von Solvanta", 0xFF51
+PLACES = {  # how setup is told of a directory, and what is pressed where the uninstaller asks for the list
+    DRIVE + "users/root/AppData/Local/Programs/Solvanta": ("", [RETURN]),
+    DRIVE + "Spiele für Jörg/Sol vanta": ("/D=C:\\Spiele für Jörg\\Sol vanta", [LEFT, RETURN]),
+    DRIVE + "Still": ("/D=C:\\Still", None)}
 OWN = {"own.bmp": b"own", "Herz_2.bmp": b"own"}  # the second in place of one of the game's
 
 
-def require_files(directory, wanted):
-    files = {file.name: read(file.path) for file in os.scandir(directory) if file.name != "Uninstall.exe"}
-    require(files == wanted, directory, {name for name, _ in files.items() ^ wanted.items()})
+def files_in(directory, but="Uninstall.exe"):
+    return {file.name: read(file.path) for file in os.scandir(directory) if file.name != but}
 
 
 def require_entries(count):
-    keys = subprocess.run(["wine", "reg", "query", KEY], stdout=subprocess.PIPE, check=False).stdout
-    require((len(glob.glob(MENU)), keys.count(b"Solvanta")) == (count, count), "entries", glob.glob(MENU), keys)
+    keys = subprocess.run(["wine", "reg", "query", KEY], stdout=subprocess.PIPE, check=False).stdout.count(b"Solvanta")
+    links = sum(name.startswith("Solvanta") for name in os.listdir(MENU))
+    require((keys, links) == (count, count), count, "entries are", keys, links)
 
 
 def run(status, *command):
@@ -39,66 +39,53 @@ def run(status, *command):
     require(ended == status, *command, "ends with", ended)
 
 
-def make_later_setup(folder):
-    """A setup with another program and other pictures; what it installs."""
-    os.rename(folder + "/Leer.bmp", folder + "/Neu.bmp")
-    for name in ("/Solvanta.exe", "/Herz_1.bmp"):
-        with open(folder + name, "ab") as file:
-            file.write(b"later")
-    parent = os.path.dirname(folder)
-    subprocess.run(["cmake", "-DCPACK_PACKAGE_VERSION=9.9", "-DCPACK_TEMPORARY_DIRECTORY=" + parent, "-P",
+def later_setup(folder):
+    """A setup of the folder, with another program and other pictures."""
+    subprocess.run(["sh", "-ec", 'cd "$0"; mv Leer.bmp Neu.bmp; echo later | tee -a Solvanta.exe >>Herz_1.bmp', folder],
+                   check=True)
+    subprocess.run(["cmake", "-DCPACK_PACKAGE_VERSION=9.9", "-DCPACK_TEMPORARY_DIRECTORY=" + os.path.dirname(folder), "-P",
                     tests + "/../tools/archives/windows/setup.cmake"], check=True,
                    env={**os.environ, "SOURCE_DATE_EPOCH": "1000000000"})
-    return parent + "-setup.exe", files_of(folder)
+    return os.path.dirname(folder) + "-setup.exe"
 
 
-def files_of(folder):
-    """What the setup made of a folder installs."""
-    return {name: read(os.path.join(folder, name)) for name in set(os.listdir(folder)) - {"LIESMICH.txt"}}
-
-
-def play_and_upgrade(directory, place, first, later_setup, later):
-    run(0, setup, "/S", *place)
-    require_files(directory, first)
+def play_and_upgrade(directory, place):
+    run(0, setup, "/S", *place.split())
+    require(files_in(directory) == first, directory, "is not what setup should make")
     with Game(program_in(directory)) as game:
         game.deal()
-        own = {LIST: wait_for(lambda: read(f"{directory}/{LIST}"), "the list"), **OWN}
-        run(2, later_setup, "/S", *place)
-        require_files(directory, {**first, LIST: own[LIST]})
+        with_list = {**first, LIST: wait_for(lambda: read(f"{directory}/{LIST}"), "the list")}
+        run(2, later, "/S", *place.split())
+        require(files_in(directory) == with_list, directory, "was changed in a game")
         require(game.end() == 0, "the game does not end well")
     for name, content in OWN.items():
         with open(os.path.join(directory, name), "wb") as file:
             file.write(content)
-    run(0, later_setup, "/S", *place)
-    require_files(directory, {**later, **own})
-    return own
+    run(0, later, "/S", *place.split())
+    require(files_in(directory) == {**second, **OWN, LIST: with_list[LIST]}, directory, "is not what upgrading should make")
 
 
-def uninstall(directory, *answer):
-    """By hand, with these keys for an answer to whether the list goes too."""
-    with subprocess.Popen(["wine", directory + "/Uninstall.exe"]):
-        for caption, keys in ((ASKED + " ", []), (ASKED, answer)):
+def uninstall(directory, answer):
+    with subprocess.Popen(["wine", directory + "/Uninstall.exe", *["/S"] * (answer is None)]):
+        for caption, keys in ((ASKED + " ", [RETURN]), (ASKED, answer)) if answer else ():
             front_window(caption)
-            for key in (*keys, RETURN):
+            for key in keys:
                 press(key)
-        wait_for_end_of(ASKED + " ")
+    wait_for(lambda: not os.path.exists(directory + "/Uninstall.exe"), "the end of Uninstall.exe")
+    wait_for_end_of(ASKED + " ")
+    require(set(os.listdir(directory)) == {*OWN, *[LIST] * (answer != [LEFT, RETURN])}, directory, os.listdir(directory))
 
 
 with tempfile.TemporaryDirectory() as work:
     for name in ("first", "later"):
         shutil.unpack_archive(archive, f"{work}/{name}")
-    folder = os.listdir(work + "/first")[0]
-    first, later = files_of(f"{work}/first/{folder}"), make_later_setup(f"{work}/later/{folder}")
-    own = {directory: play_and_upgrade(directory, place, first, *later) for directory, place in PLACES.items()}
-    require_entries(2)
-    for directory, answer in zip(PLACES, ([], [LEFT])):
-        uninstall(directory, *answer)
-        require_files(directory, OWN if answer else own[directory])
-    require_entries(0)
-    for directory, place in PLACES.items():
-        run(0, setup, "/S", *place)
-        run(0, directory + "/Uninstall.exe", "/S")
-        wait_for(lambda: not os.path.exists(directory + "/Solvanta.exe"), "the silent end")
-        wait_for(lambda: not os.path.exists(directory + "/Uninstall.exe"), "the silent end")
-        require(set(os.listdir(directory)) >= set(OWN), "own files went", os.listdir(directory))
+    folders = [f"{work}/{name}/{os.listdir(work + '/first')[0]}" for name in ("first", "later")]
+    later = later_setup(folders[1])
+    first, second = (files_in(folder, "LIESMICH.txt") for folder in folders)
+    for directory, (place, _) in PLACES.items():
+        play_and_upgrade(directory, place)
+    require_entries(3)
+    for directory, (_, answer) in PLACES.items():
+        uninstall(directory, answer)
         shutil.rmtree(directory)
+    require_entries(0)
