@@ -19,7 +19,7 @@ MENU = DRIVE + "users/root/AppData/Roaming/Microsoft/Windows/Start Menu/Programs
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
 PLACES = {  # how setup is told of a directory, and what is pressed where the uninstaller asks for the list
     DRIVE + "users/root/AppData/Local/Programs/Solvanta": ("", [RETURN]),
-    DRIVE + "Spiele für Jörg/Sol vanta": ("/D=C:\\Spiele für Jörg\\Sol vanta", [LEFT, RETURN]),
+    DRIVE + "Spiele für Jörg": ("/D=C:\\Spiele für Jörg", [LEFT, RETURN]),
     DRIVE + "Still": ("/D=C:\\Still", None)}
 OWN = {"own.bmp": b"own", "Herz_2.bmp": b"own"}  # the second in place of one of the game's
 

@@ -16,6 +16,7 @@ from game import (BEST_TIMES, HELP, LIST, TO_BEST_TIMES, TO_HELP, Game, copy_of_
 
 original = os.fsencode(sys.argv[1])
 ITS_LIST, TEMPORARY = os.fsencode(LIST), os.fsencode(LIST) + b".tmp"
+HELD = 99  # a file handle
 PICTURES = [b"Leer.bmp", b"Back_ganz.bmp", b"Back_verdeckt.bmp", b"zeiger.bmp", b"diddle.jpg", b"skull.gif",
             b"Solvanta.ico", b"Solvanta.png"]
 PLACES = {"pictures": PICTURES, "help": [b"Help.rtf"], "list": [ITS_LIST], "temporary": [TEMPORARY]}
@@ -81,6 +82,11 @@ def close_streams():
         os.close(stream)
 
 
+def lose_program(program):
+    os.dup2(os.open(program + b"/Solvanta", os.O_RDONLY), HELD)
+    os.remove(program + b"/Solvanta")
+
+
 def lose_picture(program):
     os.remove(program + b"/Leer.bmp")
 
@@ -101,6 +107,7 @@ POSIX_CASES = [
     (b"no UTF-8 \xff\xfe", {"quiet": False}),
     ("named in a roundabout way", {"command": lambda at: [at + b"/..//" + os.path.basename(at) + b"//./Solvanta"]}),
     ("through a link", {"command": link_beside}),
+    ("program deleted", {"prepare": lose_program, "command": lambda _: [f"/proc/{os.getpid()}/fd/{HELD}"]}),
     ("no such locale", {"env": {"LC_ALL": "xx_YY.nonsense"}}),
     ("no home", {"env": {"HOME": "/nowhere", "TMPDIR": "/nowhere", "XDG_CONFIG_HOME": "/nowhere"}}),
     ("standard streams closed", {"stderr": None, "preexec_fn": close_streams}),
