@@ -1,7 +1,7 @@
 """Installs the game by its setup for Windows in several directories, plays there, and goes through upgrade
 and uninstallation with files of the player's own.
 
-    tools/setup/screen.py --windows FOLDER python3 -B tests/packages/windows.py ARCHIVE SETUP
+    tools/setup/screen.py --windows FOLDER python3 -B tests/packages/windows.py SETUP ARCHIVE
 """
 import os
 import shutil
@@ -13,7 +13,7 @@ tests = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..")
 sys.path.insert(0, os.path.join(tests, "window"))
 from game import LIST, RETURN, Game, front_window, press, program_in, read, require, wait_for, wait_for_end_of
 
-archive, setup = map(os.path.abspath, sys.argv[1:])
+setup, archive = map(os.path.abspath, sys.argv[1:])
 DRIVE, LEFT, ASKED = os.environ["WINEPREFIX"] + "/drive_c/", 0xFF51, "Deinstallation von Solvanta"
 MENU = DRIVE + "users/root/AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
