@@ -5,7 +5,7 @@ packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev libxtst6 openbox python3 x11-xkb-utils xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev strace"
-packages_lint="clang-format clang-tidy cppcheck"
+packages_lint="clang-format clang-tidy cppcheck reuse"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_archives="debhelper dpkg-dev git nsis zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
