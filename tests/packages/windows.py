@@ -11,7 +11,7 @@ import tempfile
 
 tests = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..")
 sys.path.insert(0, os.path.join(tests, "window"))
-from game import (LIST, RETURN, Game, front_window, press, program_in, read, require, wait_for, wait_for_end_of)
+from game import LIST, RETURN, Game, front_window, press, program_in, read, require, run, wait_for, wait_for_end_of
 
 setup, archive = map(os.path.abspath, sys.argv[1:])
 DRIVE, LEFT, ASKED = os.environ["WINEPREFIX"] + "/drive_c/", 0xFF51, "Deinstallation von Solvanta"
@@ -20,32 +20,27 @@ PLACES = {  # how setup is told of a directory; the keys that answer whether the
     DRIVE + "users/root/AppData/Local/Programs/Solvanta": ("", [RETURN]),
     DRIVE + "Spiele für Jörg": ("/D=C:\\Spiele für Jörg", [LEFT, RETURN]), DRIVE + "Still": ("/D=C:\\Still", None)}
 OWN = {"own.bmp": b"own", "Herz_2.bmp": b"own"}  # the second in place of one of the game's
-MAKE_LATER = """cd "$0"; mv Leer.bmp Neu.bmp; echo later | tee -a Solvanta.exe >>Herz_1.bmp; cd ..
-    cmake -DCPACK_PACKAGE_VERSION=9.9 -DCPACK_TEMPORARY_DIRECTORY="$PWD" -P "$1/../tools/archives/windows/setup.cmake" """
+MAKE_LATER = """cd "$0"; cp -r first later; printf own >own; cd later/*; mv Leer.bmp Neu.bmp; echo later >>Herz_1.bmp
+    echo later >>Solvanta.exe; cd ..; export SOURCE_DATE_EPOCH=999999999
+    cmake -DCPACK_PACKAGE_VERSION=9.9 -DCPACK_TEMPORARY_DIRECTORY="$0/later" -P "$1/tools/archives/windows/setup.cmake" """
 
 
-def run(status, *command):
-    done = subprocess.run(command, stdout=subprocess.PIPE, env={**os.environ, "SOURCE_DATE_EPOCH": "999999999"}, check=False)
-    require(done.returncode == status, *command, "ends with", done.returncode)
-    return done.stdout
-
-
-def files_in(directory, but="Uninstall.exe"):
-    return {file.name: read(file.path) for file in os.scandir(directory) if file.name != but}
+def files_in(directory, *but):
+    return {name: read(f"{directory}/{name}") for name in set(os.listdir(directory)) - {"Uninstall.exe", *but}}
 
 
 def play_and_upgrade(directory, place):
-    run(0, "wine", setup, "/S", *place.split())
+    run("wine", setup, "/S", *place)
     require(files_in(directory) == first, directory, "is not what setup should make")
     with Game(program_in(directory)) as game:
         game.deal()
         players = {**OWN, LIST: wait_for(lambda: read(f"{directory}/{LIST}"), "the list")}
-        run(2, "wine", later, "/S", *place.split())
+        run("wine", later, "/S", *place, status=2)
         require(files_in(directory) == {**first, LIST: players[LIST]}, directory, "was changed in a game")
-        require(game.end() == 0, "the game does not end well")
+        game.end()
     for name in OWN:
-        shutil.copy(os.path.join(work, "own"), os.path.join(directory, name))
-    run(0, "wine", later, "/S", *place.split())
+        shutil.copy(work + "/own", f"{directory}/{name}")
+    run("wine", later, "/S", *place)
     require(files_in(directory) == {**second, **players}, directory, "is not what upgrading should make")
 
 
@@ -57,21 +52,19 @@ def uninstall(directory, answer):
                 press(key)
     wait_for(lambda: not os.path.exists(directory + "/Uninstall.exe"), "the end of Uninstall.exe")
     wait_for_end_of(ASKED + " ")
-    require(set(os.listdir(directory)) == {*OWN, *[LIST] * (answer != [LEFT, RETURN])}, directory, os.listdir(directory))
+    left = {*OWN, LIST} if answer != [LEFT, RETURN] else set(OWN)
+    require(set(os.listdir(directory)) == left, directory, os.listdir(directory))
 
 
 with tempfile.TemporaryDirectory() as work:
-    folders = [f"{work}/{name}/{os.path.basename(archive)[:12]}" for name in ("first", "later")]
-    for folder in folders:
-        shutil.unpack_archive(archive, os.path.dirname(folder))
-    run(0, "sh", "-ec", MAKE_LATER, folders[1], tests)
-    first, second, later = *(files_in(folder, "LIESMICH.txt") for folder in folders), work + "/later-setup.exe"
-    with open(work + "/own", "wb") as file:
-        file.write(b"own")
+    shutil.unpack_archive(archive, work + "/first")
+    run("sh", "-ec", MAKE_LATER, work, os.path.join(tests, ".."))
+    names, later = os.listdir(work + "/first"), work + "/later-setup.exe"
+    first, second = (files_in(f"{work}/{made}/{names[0]}", "LIESMICH.txt") for made in ("first", "later"))
     for directory, (place, _) in PLACES.items():
-        play_and_upgrade(directory, place)
-    require(run(0, "wine", "reg", "query", KEY).count(b"Solvanta") == 3, "not all can be uninstalled")
+        play_and_upgrade(directory, place.split())
+    require(run("wine", "reg", "query", KEY).count(b"Solvanta") == 3, "not all can be uninstalled")
     for directory, (_, answer) in PLACES.items():
         uninstall(directory, answer)
         shutil.rmtree(directory)
-    require(b"Solvanta" not in run(0, "wine", "reg", "query", KEY), "entries are left")
+    require(b"Solvanta" not in run("wine", "reg", "query", KEY), "entries are left")

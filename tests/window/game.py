@@ -30,6 +30,13 @@ ignore_error = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(
 x11.XSetErrorHandler(ignore_error)  # windows come and go
 
 
+def run(*command, status=0):
+    """What a command says, which must end so."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
+    require(done.returncode == status, *command, "ends with", done.returncode, done.stdout.decode(errors="replace"))
+    return done.stdout
+
+
 class ClientMessage(ctypes.Structure):
     """An event of the X server, as long as the longest."""
     _fields_ = [("type", ctypes.c_int), ("serial", c_ulong), ("sent", ctypes.c_int), ("display", ctypes.c_void_p),
