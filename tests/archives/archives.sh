@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks the archives of the commit checked out: two builds give the same bytes; unpacked into
+# Checks the archives of the commit checked out: two builds give the same bytes, of the packages too; unpacked into
 # folders with unruly names the games are played from deal to win, and the one for Linux goes into the
 # player's menu and out again.
 set -euo pipefail
