@@ -1,5 +1,4 @@
-"""Installs the Debian package in bare systems, which are made once and kept in FOLDER, and plays it there
-as two users: the first start, an upgrade in the middle of a game, purge and reinstallation. Run by root.
+"""Has two users play, upgrade in a game, purge and reinstall in bare systems, made once in FOLDER. Run by root.
 
     tools/setup/screen.py python3 -B tests/packages/debian.py PACKAGE FOLDER
 """
@@ -8,7 +7,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "window"))
-from game import LIST, TABLE, Game, front_window, read, require, run
+from game import LIST, Game, read, require, run
 
 package, folder = map(os.path.abspath, sys.argv[1:])
 PREPARE = """mkdir -p "$0"; cd "$0"; apt-config dump Acquire >apt.conf  # the machine's own ways to a mirror
@@ -18,7 +17,7 @@ PREPARE = """mkdir -p "$0"; cd "$0"; apt-config dump Acquire >apt.conf  # the ma
     mv later/usr/share/games/solvanta/{Solvanta.ico,Neu.bmp}; echo 99 >>later/usr/lib/games/solvanta/Solvanta
     dpkg-deb --root-owner-group --build later root/later.deb"""
 ENTER = 'mount --rbind /dev "$0/dev"; mount -t proc none "$0/proc"; exec chroot --userspec="$1:$1" "$0" env -i "${@:2}"'
-# The game shows its window for a while, and ends in order.
+ON_WAYLAND = ["XDG_RUNTIME_DIR=/run/wl", "WAYLAND_DISPLAY=screen", "WAYLAND_DEBUG=1"]
 WAYLAND = """mkdir "$0/run/wl"; XDG_RUNTIME_DIR="$0/run/wl" weston --backend=headless-backend.so --socket=screen &
     trap "kill $!" EXIT; until [ -e "$0/run/wl/screen" ]; do sleep 0.1; done; chown -R 1000 "$0/run/wl"
     timeout --preserve-status 5 "$@" 2>"$0/log"; grep -q "set_title(.Solvanta V1.6" "$0/log"; grep -q attach "$0/log" """
@@ -55,7 +54,6 @@ def upgrade_and_start_again():
     as_root("apt-get install --yes /later.deb; cd /home/ben/.local/share/solvanta; rm Herz_2.bmp; echo 1 >Herz_2.bmp")
     later, own = game_of("ben"), root + "/home/ben/.local/share/solvanta/"
     require((later.exit_status(), later.said()) == (0, ""), "the later start says", later.said())
-    front_window(TABLE)
     links = [os.path.islink(own + name) for name in ("Neu.bmp", "Solvanta.ico", "Herz_2.bmp", "Herz_1.bmp")]
     require(links == [True, False, False, True] and read(own + "Herz_2.bmp") == b"1\n", "pictures", links)
 
@@ -66,13 +64,12 @@ for release in ("bookworm", "trixie"):
         run("bash", "-ec", PREPARE, folder, release, package, work)
         as_root("apt-get update; apt-get install --yes /first.deb; useradd -m -u 1000 anna; useradd -m ben")
         play("anna", 1)
-        run("bash", "-ec", WAYLAND, root, *entered("anna", "XDG_RUNTIME_DIR=/run/wl", "WAYLAND_DISPLAY=screen",
-                                                  "WAYLAND_DEBUG=1", "/usr/games/solvanta"))
+        run("bash", "-ec", WAYLAND, root, *entered("anna", *ON_WAYLAND, "/usr/games/solvanta"))
         play("ben", 1, upgrade_and_start_again)
         as_root("apt-get purge --yes solvanta; ! ls /usr/lib/games/solvanta; apt-get install --yes /first.deb")
         play("anna", 2)
         play("ben", 2)
         as_root(CHECK)
     run("piuparts", "--no-eatmydata", "--keep-sources-list", "--log-level=error",
-        "--ignore=/var/cache/debconf/tmp.ci/", "--basetgz", f"{folder}/{release}.tar.gz", "--distribution", release, package)
+        "--ignore=/var/cache/debconf/tmp.ci/", "--basetgz", f"{folder}/{release}.tar.gz", "-d", release, package)
     print("Debian's", release, "plays it", flush=True)

@@ -18,7 +18,6 @@ OWN = {"b 1.bmp": b"own", "own.bmp": b"own", "-n": b"own", "new.bmp": "nothing",
 
 
 def put(directory, files):
-    """Files of these bytes, or links to these paths."""
     for name, content in files.items():
         (directory / name).unlink(missing_ok=True)
         getattr(directory / name, "symlink_to" if isinstance(content, str) else "write_bytes")(content)
