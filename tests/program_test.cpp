@@ -67,7 +67,7 @@ TEST_F(Program, RefusesTheFourthPassBehindTheSkull) {
     EXPECT_FALSE(table.Scull.Visible);
     EXPECT_EQ(player.position(), before);
     EXPECT_EQ(state.Seconds, 2);
-    const auto refusal =
+    const char* const refusal =
         "Leider können Sie den Stapel nicht mehr umdrehen. Wenn nichts mehr geht, ist das Spiel "
         "verloren!";
     EXPECT_EQ(player.host.messages, std::vector(2, NullHost::Message(refusal, Buttons::Ok)));

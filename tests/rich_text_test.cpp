@@ -58,7 +58,8 @@ std::string shown(std::string_view rtf) {
         std::string last;
         const auto add = [&](const std::string& run, const CharacterLook& characters) {
             const std::string look = shown(characters, document.fonts);
-            text += std::exchange(last, look) == look ? run : '<' + look + '>' + run;
+            if (std::exchange(last, look) != look) text += '<' + look + '>';
+            text += run;
         };
         for (const TextRun& run : paragraph.runs)
             add(run.text, run.look);

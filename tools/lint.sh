@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Holds the sources to their format, to the checks of clang-tidy listed in .clang-tidy, and to those
-# of cppcheck: none may have anything to say.
+# of cppcheck: none may have anything to say. Every file has its licence.
 #
 #   lint.sh BUILD_DIRECTORIES...
 #
@@ -8,6 +8,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+said=$(reuse lint) || {
+    echo "$said"
+    exit 1
+}
 find . -path ./build -prune -o '(' -name '*.cpp' -o -name '*.h' ')' -print |
     xargs clang-format --dry-run --Werror
 cppcheck --quiet --error-exitcode=1 --language=c++ --std=c++20 --inline-suppr \

@@ -42,7 +42,7 @@ bool Keyboard::press_character(const KeyPress& press) const {
     const auto meant = std::find_if(places.begin(), places.end(), [&](const auto* place) {
         return place->Key == press.character;
     });
-    const bool at_walk = press.character == 'D' && place_;
+    const bool at_walk = press.character == 'D' && place_ != nullptr;
     if (!at_walk && meant == places.end()) return answer(press.character);
     if (!press.repeated) at_walk ? click(*place_, true) : click(**meant, press.shift);
     return true;

@@ -74,7 +74,7 @@ std::vector<PictureElement*> places_of(const Container& container) {
     std::vector<PictureElement*> places;
     for (const Painted& item : container.canvas) {
         auto* const* element = std::get_if<PictureElement*>(&item);
-        if (element && is_place(**element)) places.push_back(*element);
+        if (element != nullptr && is_place(**element)) places.push_back(*element);
     }
     return places;
 }
@@ -82,7 +82,7 @@ std::vector<PictureElement*> places_of(const Container& container) {
 bool has_key_stops(const Container& container) {
     return std::any_of(container.canvas.begin(), container.canvas.end(), [](const Painted& item) {
         auto* const* element = std::get_if<PictureElement*>(&item);
-        return element && (*element)->KeyStop;
+        return element != nullptr && (*element)->KeyStop;
     });
 }
 

@@ -1,6 +1,7 @@
 #include "front_ends/qt/accessibility.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include <QAccessible>
@@ -22,7 +23,7 @@ class PlaceAccess final : public QAccessibleInterface, public QAccessibleActionI
 
     const PictureElement& place() const { return place_; }
 
-    bool isValid() const override { return canvas_ && is_place(place_); }
+    bool isValid() const override { return !canvas_.isNull() && is_place(place_); }
     QObject* object() const override { return nullptr; }
     QWindow* window() const override { return canvas_->window()->windowHandle(); }
     QAccessibleInterface* parent() const override {
@@ -35,8 +36,8 @@ class PlaceAccess final : public QAccessibleInterface, public QAccessibleActionI
 
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return QString::fromStdString(place_name(place_));
-        return kind == QAccessible::Accelerator && place_.Key ? QString(QChar(place_.Key))
-                                                              : QString();
+        return kind == QAccessible::Accelerator && place_.Key != 0 ? QString(QChar(place_.Key))
+                                                                   : QString();
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
     QAccessible::Role role() const override { return QAccessible::PushButton; }
@@ -85,9 +86,10 @@ class CanvasAccess final : public QAccessibleWidget {
 
     QAccessibleInterface* access_of(const PictureElement& place) const {
         const auto [known, is_new] = ids_.try_emplace(&place, 0);
-        if (is_new)
-            known->second =
-                QAccessible::registerAccessibleInterface(new PlaceAccess(canvas_, place));
+        if (is_new) {
+            auto access = std::make_unique<PlaceAccess>(canvas_, place);
+            known->second = QAccessible::registerAccessibleInterface(access.release());
+        }
         return QAccessible::accessibleInterface(known->second);
     }
 

@@ -5,7 +5,6 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QStyleHints>
-#include <QTimer>
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/walk.h"
@@ -170,7 +169,8 @@ void Canvas::focusInEvent(QFocusEvent* event) {
     if (by_key) keyboard_.use(true);
     paint_changes();
     // When Qt has told that the canvas as a whole has the focus.
-    QTimer::singleShot(0, this, [this] { tell_news(); });
+    QMetaObject::invokeMethod(
+        this, [this] { tell_news(); }, Qt::QueuedConnection);
 }
 
 /// The form may be gone by now.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks the archives of the commit checked out: two builds give the same bytes; unpacked into
-# folders with unruly names the games are played from deal to win, and the one for Linux goes into the
-# player's menu and out again.
+# Checks the archives of the commit checked out: two builds give the same bytes, the packages' too;
+# unpacked into folders with unruly names the games are played from deal to win, and the one for Linux
+# goes into the player's menu and out again.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/setup/packages.sh

@@ -32,6 +32,13 @@ ignore_error = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(
 x11.XSetErrorHandler(ignore_error)  # windows come and go
 
 
+def run(*command, status=0):
+    """What a command says, which must end so."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
+    require(done.returncode == status, *command, "ends with", done.returncode, done.stdout.decode(errors="replace"))
+    return done.stdout
+
+
 def atom(name):
     return x11.XInternAtom(display, name.encode(), 0)
 

@@ -6,9 +6,9 @@ packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt
 packages_tour="faketime imagemagick libgtest-dev libxtst6 openbox python3 x11-xkb-utils xvfb"
 packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev
     qt6-base-private-dev strace"
-packages_lint="clang-format clang-tidy cppcheck"
+packages_lint="clang-format clang-tidy cppcheck reuse"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
-packages_archives="git zip"
+packages_archives="debhelper dpkg-dev git nsis zip"
 packages_windows="g++-mingw-w64-x86-64-posix"
 packages_windows_test="$packages_tour googletest icoutils locales wine wine64"
 packages_web="cmake emscripten ninja-build node-acorn nodejs webp"

@@ -42,7 +42,7 @@ TEST(ShippedPictures, HaveTheirFormatsAndNoCornersOnTheTable) {
     for (const auto& [stem, format] : formats) {
         for (const int scale : {1, 2}) {
             const auto& [ending, width, height] = format;
-            const std::string name = stem + (scale == 2 ? "@2x" : "") + ending;
+            const std::string name = std::string(stem).append(scale == 2 ? "@2x" : "") + ending;
             const Image image = load(name);
             ASSERT_TRUE(image.width == width * scale && image.height == height * scale) << name;
             for (const int x : {0, image.width - 1}) {
