@@ -1,7 +1,7 @@
 #include "front_ends/qt/accessibility.h"
 
 #include <algorithm>
-#include <memory>
+#include <map>
 #include <vector>
 
 #include <QAccessible>
@@ -80,17 +80,15 @@ class CanvasAccess final : public QAccessibleWidget {
     CanvasAccess(const CanvasAccess&) = delete;
     CanvasAccess& operator=(const CanvasAccess&) = delete;
     ~CanvasAccess() override {
-        for (const auto& [place, id] : ids_)
-            QAccessible::deleteAccessibleInterface(id);
+        for (const auto& [place, access] : accesses_)
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(access));
     }
 
     QAccessibleInterface* access_of(const PictureElement& place) const {
-        const auto [known, is_new] = ids_.try_emplace(&place, 0);
-        if (is_new) {
-            auto access = std::make_unique<PlaceAccess>(canvas_, place);
-            known->second = QAccessible::registerAccessibleInterface(access.release());
-        }
-        return QAccessible::accessibleInterface(known->second);
+        PlaceAccess*& access = accesses_[&place];
+        if (!access)
+            QAccessible::registerAccessibleInterface(access = new PlaceAccess(canvas_, place));
+        return access;
     }
 
     int childCount() const override {
@@ -133,7 +131,7 @@ class CanvasAccess final : public QAccessibleWidget {
     std::vector<PictureElement*> places() const { return places_of(canvas_.container()); }
 
     Canvas& canvas_;
-    mutable std::map<const PictureElement*, QAccessible::Id> ids_;
+    mutable std::map<const PictureElement*, PlaceAccess*> accesses_;  // Qt's to delete
 };
 
 QAccessibleInterface* make_access(const QString& /*class_name*/, QObject* object) {

@@ -33,6 +33,8 @@ Canvas::Canvas(Container& container, const QColor& background, WindowParts& part
       keyboard_(container, parts.deliver, [this](const std::string& text) { say(*this, text); }) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     if (has_key_stops(container)) setFocusPolicy(Qt::TabFocus);
+    focus_told_.setSingleShot(true);
+    connect(&focus_told_, &QTimer::timeout, this, [this] { tell_news(); });
 }
 
 /// Installed on the controls: what is pressed there makes no half of a double click here.
@@ -168,9 +170,7 @@ void Canvas::focusInEvent(QFocusEvent* event) {
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (by_key) keyboard_.use(true);
     paint_changes();
-    // When Qt has told that the canvas as a whole has the focus.
-    QMetaObject::invokeMethod(
-        this, [this] { tell_news(); }, Qt::QueuedConnection);
+    focus_told_.start();
 }
 
 /// The form may be gone by now.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QTimer>
 #include <QWidget>
 
 #include "front_ends/common/canvas_looks.h"
@@ -62,6 +63,7 @@ class Canvas : public QWidget {
     Mouse mouse_;
     Keyboard keyboard_;
     Voice voice_{container_};
+    QTimer focus_told_;  // when Qt has told that the canvas as a whole has the focus
     CanvasLooks looks_;  // as of the last `sync`
 };
 
