@@ -49,7 +49,8 @@ class Access : public FrontEnd {
     /// The element with a key whose name has this part, in whole words.
     AccessibleLook look_at(const std::string& part) {
         for (const AccessibleLook& look : found()) {
-            if (look.key != 0 && (look.name + ',').find(part + ',') != std::string::npos) return look;
+            if (look.key != 0 && (look.name + ',').find(part + ',') != std::string::npos)
+                return look;
         }
         throw std::runtime_error("nothing is named " + part);
     }
