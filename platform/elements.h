@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -123,6 +124,10 @@ inline constexpr int key_enter = 13;
 struct RichTextBox : Element {
     std::string TextRTF;  ///< the whole content, Rich Text Format bytes; empty shows nothing
     solvanta::Font Font;
+
+    /// Tells those who listen that the lines before the first empty one are a table: what each of
+    /// its columns is called, and the character of a line at which it begins.
+    std::vector<std::pair<std::string, std::size_t>> Columns;
 };
 
 /// Ticks are due every `Interval` milliseconds of a steady clock for the life of the form. Those

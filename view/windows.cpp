@@ -244,6 +244,7 @@ BestTimesWindow::BestTimesWindow() {
     set_up_buttons(*this, best_times_buttons);
     put(RTB1, list_place);
     RTB1.Font = font_from(list_font);
+    RTB1.Columns = {{"Platz", 0}, {"Zeit", 4}, {"Name", 12}, {"Datum", 39}};
     controls = {&Command_Ok, &RTB1, &Comm_clear_highscore};
 }
 

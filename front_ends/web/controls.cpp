@@ -85,7 +85,7 @@ void build(RichTextBox& box, const Node& area, WindowParts& parts) {
         if (shown == box.TextRTF) return;
         shown = box.TextRTF;
         page_set(view.handle(), "textContent", "");
-        if (const auto text = read_rtf(box.TextRTF)) show_rich_text(*text, view);
+        if (const auto text = read_rtf(box.TextRTF)) show_rich_text(*text, box, view);
         page_set(view.handle(), "scrollTop", "0");
     });
 }

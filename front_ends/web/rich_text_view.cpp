@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <string_view>
 
 #include "front_ends/web/look.h"
@@ -131,17 +132,72 @@ bool is_heading(const RichParagraph& paragraph) {
            });
 }
 
+/// The byte at which a character begins, counted from 0; the text's end where it has fewer.
+std::size_t byte_of(std::string_view text, std::size_t character) {
+    const auto is_inside = [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+    };
+    std::size_t at = 0;
+    for (; at < text.size() && (character > 0 || is_inside(text[at])); ++at)
+        character -= is_inside(text[at]) ? 0 : 1;
+    return at;
+}
+
+Node add_row(const Node& table, const char* tag, const char* class_name) {
+    Node row(table, tag, class_name);
+    row.attribute("role", "row");
+    return row;
+}
+
+Node add_cell(const Node& row, const char* role, const std::string& text) {
+    Node cell(row, "span");
+    cell.attribute("role", role);
+    cell.text(text);
+    return cell;
+}
+
+void show_line(const TextRun& run, const RichDocument& document, const RichTextBox& box,
+               const Node& table) {
+    const Node row = add_row(table, "p", "");
+    for (auto column = box.Columns.begin(); column != box.Columns.end(); ++column) {
+        const auto next = std::next(column);
+        const std::size_t begin = byte_of(run.text, column->second);
+        const std::size_t end =
+            next == box.Columns.end() ? run.text.size() : byte_of(run.text, next->second);
+        set_look(add_cell(row, "cell", run.text.substr(begin, end - begin)), run.look, document);
+    }
+}
+
+/// Shows the lines of a table, each of one run, below a row of headings to be heard alone; answers
+/// where they end.
+auto show_table(const RichDocument& document, const RichTextBox& box, const Node& view) {
+    const auto& lines = document.paragraphs;
+    const auto end = std::find_if(lines.begin(), lines.end(),
+                                  [](const RichParagraph& line) { return line.runs.size() != 1; });
+    if (end == lines.begin()) return end;
+    const Node table(view, "div");
+    table.attribute("role", "table");
+    const Node headings = add_row(table, "div", "unseen");
+    for (const auto& column : box.Columns)
+        add_cell(headings, "columnheader", column.first);
+    for (auto line = lines.begin(); line != end; ++line)
+        show_line(line->runs.front(), document, box, table);
+    return end;
+}
+
 }  // namespace
 
-void show_rich_text(const RichDocument& document, const Node& view) {
-    for (const RichParagraph& paragraph : document.paragraphs) {
-        const Node node(view, is_heading(paragraph) ? "h3" : "p");
-        set_layout(node, paragraph.layout);
-        if (paragraph.runs.empty()) {
-            set_look(node, paragraph.mark, document);
+void show_rich_text(const RichDocument& document, const RichTextBox& box, const Node& view) {
+    auto paragraph = document.paragraphs.begin();
+    if (!box.Columns.empty()) paragraph = show_table(document, box, view);
+    for (; paragraph != document.paragraphs.end(); ++paragraph) {
+        const Node node(view, is_heading(*paragraph) ? "h3" : "p");
+        set_layout(node, paragraph->layout);
+        if (paragraph->runs.empty()) {
+            set_look(node, paragraph->mark, document);
             Node(node, "br");
         }
-        ParagraphWriter(paragraph, document, node).write();
+        ParagraphWriter(*paragraph, document, node).write();
     }
 }
 

@@ -166,6 +166,9 @@ async function visit(player, enter, withList) {
   await page.reload();
   await player.hit('Bestzeiten');
   await player.shot('best-times', 'Jörg Süß');
+  const cells = await page.evaluate(() => [...document.querySelector('[role="table"] > p').children].map(
+    (one) => one.textContent.trim()));
+  assert.deepEqual([cells[0], ...cells.slice(2)], ['1:', 'Jörg Süß', '1. Jan 2026 12:33']);
   await withList(player);
   await player.hit('Ok', 'Hilfe');
   await player.shot('help', 'Das Ziel');
