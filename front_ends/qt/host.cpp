@@ -8,6 +8,7 @@
 #include <QSessionManager>
 #include <QTimer>
 
+#include "front_ends/qt/accessibility.h"
 #include "front_ends/qt/locale_texts.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/message_box.h"
@@ -15,6 +16,7 @@
 namespace solvanta::qt {
 
 QtHost::QtHost(std::string directory) : directory_(std::move(directory)) {
+    install_accessibility();
     // Nothing is closed then: the desktop may go on, and when it ends it asks the windows to close.
     QObject::connect(
         qApp, &QGuiApplication::commitDataRequest, &connections_, [this] { save(); },

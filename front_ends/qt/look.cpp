@@ -9,7 +9,6 @@
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/trouble.h"
-#include "front_ends/qt/accessibility.h"
 #include "front_ends/qt/fonts.h"
 
 namespace solvanta::qt {
@@ -44,7 +43,6 @@ void prepare_application(QApplication& application) {
     QPixmapCache::setCacheLimit(pixmap_cache_kilobytes);
     // A picture that can't be read is reported once, by us.
     QLoggingCategory::setFilterRules("qt.gui.imageio*=false");
-    install_accessibility();
     auto* german = new QTranslator(&application);
     if (german->load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(german);

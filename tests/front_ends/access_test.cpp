@@ -124,6 +124,9 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
     EXPECT_EQ(focused(), "Ablage, leer");
     press_key(Key::ArrowLeft);
     EXPECT_EQ(focused(), "Stapel, 49 Karten");
+    const auto [left, middle] =
+        std::pair(look_at("Stapel").place.corner, look_at("Stapel").place.centre());
+    expect_colors(table, {{left.x - 1, middle.y, {255, 255, 255}}, {left.x + 1, middle.y, black}});
     press_key(Key::Space);
     EXPECT_EQ(focused(), "Stapel, 46 Karten");
 }
