@@ -52,12 +52,17 @@ class TableAccess final : public IAccessible {
         *count = 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT /*index*/, LCID /*locale*/,
+                                          ITypeInfo** /*info*/) override {
         return E_NOTIMPL;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override {
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*id*/, LPOLESTR* /*names*/, UINT /*index*/,
+                                            LCID /*locale*/, DISPID* /*ids*/) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID /*member*/, REFIID /*id*/, LCID /*locale*/,
+                                     WORD /*flags*/, DISPPARAMS* /*given*/, VARIANT* /*result*/,
+                                     EXCEPINFO* /*trouble*/, UINT* /*wrong*/) override {
         return E_NOTIMPL;
     }
 
@@ -137,29 +142,38 @@ class TableAccess final : public IAccessible {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE accHitTest(LONG x, LONG y, VARIANT* child) override {
-        const auto places = stop_ ? stop_->places() : std::vector<PictureElement*>();
+        child->vt = VT_EMPTY;
+        if (!stop_) return S_FALSE;
+        const auto places = stop_->places();
         for (std::size_t i = 0; i < places.size(); ++i) {
             const RECT area = stop_->place_on_screen(*places[i]);
             if (PtInRect(&area, {x, y})) return give(child, static_cast<LONG>(i) + 1);
         }
-        child->vt = VT_EMPTY;
         return S_FALSE;
     }
-    HRESULT STDMETHODCALLTYPE accNavigate(LONG, VARIANT, VARIANT*) override {
+    HRESULT STDMETHODCALLTYPE accNavigate(LONG /*direction*/, VARIANT /*child*/,
+                                          VARIANT* /*result*/) override {
         return DISP_E_MEMBERNOTFOUND;
     }
-    HRESULT STDMETHODCALLTYPE get_accValue(VARIANT, BSTR*) override {
+    HRESULT STDMETHODCALLTYPE get_accValue(VARIANT /*child*/, BSTR* /*text*/) override {
         return DISP_E_MEMBERNOTFOUND;
     }
-    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT, BSTR*) override {
+    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT /*child*/, BSTR* /*text*/) override {
         return DISP_E_MEMBERNOTFOUND;
     }
-    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT, BSTR*) override { return DISP_E_MEMBERNOTFOUND; }
-    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR*, VARIANT, LONG*) override {
+    HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT /*child*/, BSTR* /*text*/) override {
         return DISP_E_MEMBERNOTFOUND;
     }
-    HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
-    HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
+    HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* /*text*/, VARIANT /*child*/,
+                                               LONG* /*topic*/) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE put_accName(VARIANT /*child*/, BSTR /*text*/) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
+    HRESULT STDMETHODCALLTYPE put_accValue(VARIANT /*child*/, BSTR /*text*/) override {
+        return DISP_E_MEMBERNOTFOUND;
+    }
 
   private:
     /// Null where there is no such place any more.

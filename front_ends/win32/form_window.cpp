@@ -102,7 +102,7 @@ void FormWindow::sync() {
     // Hidden or disabled, a control keeps the focus and goes on taking keys.
     HWND focused = GetFocus();
     if (IsChild(handle(), focused) && !takes_focus(focused)) {
-        const bool goes_back = before_box_ && takes_focus(before_box_);
+        const bool goes_back = before_box_ != nullptr && takes_focus(before_box_);
         find_focus(goes_back ? before_box_ : focused);
     }
     Canvas::sync();

@@ -49,7 +49,7 @@ bool notify(HWND window, const std::string& text) {
     if (!provide || !raise || FAILED(provide(window, &provider))) return false;
     constexpr int action_completed = 2;
     constexpr int say_all = 2;
-    const BSTR said = to_bstr(text);
+    BSTR said = to_bstr(text);
     const bool done = SUCCEEDED(raise(provider, action_completed, say_all, said, said));
     free_bstr(said);
     provider->Release();

@@ -115,7 +115,7 @@ VARIANT child(LONG number) {
 }
 
 std::string taken(BSTR text) {
-    const std::string utf8 = text ? to_utf8(text) : "";
+    std::string utf8 = text ? to_utf8(text) : "";
     win32::free_bstr(text);
     return utf8;
 }
@@ -147,7 +147,8 @@ AccessibleLook look_at(IAccessible& table, LONG number, HWND window) {
 
 std::vector<std::string> announcements;
 
-void CALLBACK note_alert(HWINEVENTHOOK, DWORD, HWND stop, LONG, LONG number, DWORD, DWORD) {
+void CALLBACK note_alert(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND stop, LONG /*object*/,
+                         LONG number, DWORD /*thread*/, DWORD /*time*/) {
     if (const Accessible table = object_of(GetParent(stop)))
         announcements.push_back(name_of(*table, number));
 }
@@ -317,7 +318,7 @@ class Win32Driver final : public Driver {
     }
 
     std::vector<std::string> announced() override {
-        static const HWINEVENTHOOK hook =
+        static auto* const hook =
             SetWinEventHook(EVENT_SYSTEM_ALERT, EVENT_SYSTEM_ALERT, nullptr, note_alert,
                             GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT);
         if (HWND window = find_window(L"Solvanta", nullptr)) object_of(window);
