@@ -42,7 +42,7 @@ void Canvas::add(PictureElement& element) {
     const Node& node = node_of(&element);
     node.attribute("role", element.Click ? "button" : "img");
     if (element.KeyStop) node.attribute("tabindex", "-1");
-    if (element.Key) node.attribute("aria-keyshortcuts", std::string(1, element.Key));
+    if (element.Key != 0) node.attribute("aria-keyshortcuts", std::string(1, element.Key));
     node.listen("focus", [this, &element](const PageEvent&) { stop_at(&element); });
     node.listen("click", [this, &element](const PageEvent& event) {
         if (event.is_synthetic) keyboard_.click(element);
@@ -84,7 +84,7 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
 
 /// When the place with the focus goes, the nearest takes it over.
 void Canvas::sync_walk() {
-    const bool had_focus = stop_ && node_of(stop_).has_focus();
+    const bool had_focus = stop_ != nullptr && node_of(stop_).has_focus();
     keyboard_.sync();
     if (keyboard_.place() == stop_) return;
     stop_at(keyboard_.place());
