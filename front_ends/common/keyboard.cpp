@@ -11,14 +11,15 @@ namespace solvanta {
 bool Keyboard::press(const KeyPress& press) {
     sync();
     const bool used = press.key == TableKey::Character ? !press.control && press_character(press)
-                                                       : place_ && walk(press.key, press.control);
+                                                       : place_ != nullptr;
     if (used && press.key == TableKey::Click && !press.repeated) click(*place_);
+    if (used) walk(press.key, press.control);
     is_in_use_ |= used;
     return used;
 }
 
-/// Answers whether the key is one of the walk's, as far as it leads.
-bool Keyboard::walk(TableKey key, bool far) {
+/// Does nothing at a key that is none of the walk's.
+void Keyboard::walk(TableKey key, bool far) {
     static const std::map<TableKey, Direction> directions{
         {TableKey::Left, Direction::Left}, {TableKey::Right, Direction::Right},
         {TableKey::Up, Direction::Up},     {TableKey::Down, Direction::Down},
@@ -26,14 +27,13 @@ bool Keyboard::walk(TableKey key, bool far) {
         {TableKey::PageUp, Direction::Up}, {TableKey::PageDown, Direction::Down},
     };
     const auto direction = directions.find(key);
-    if (direction == directions.end()) return true;
+    if (direction == directions.end()) return;
     far |= key >= TableKey::Home;
     do {
         const PictureElement* const next = next_place(container_, *place_, direction->second);
         if (!next) break;
         place_ = next;
     } while (far);
-    return true;
 }
 
 bool Keyboard::press_character(const KeyPress& press) const {

@@ -48,7 +48,7 @@ class Keyboard {
     void use(bool used) { is_in_use_ = used; }
 
   private:
-    bool walk(TableKey key, bool far);
+    void walk(TableKey key, bool far);
     bool press_character(const KeyPress& press) const;
     bool answer(char key) const;
 
