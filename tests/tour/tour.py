@@ -90,7 +90,6 @@ def restarted_game(command, best_times):
         require(read(best_times) == won, "the start changed the best-times file")
         game.open(TO_HELP, HELP)
         shot("8-help")
-        game.to_front()
         game.deal()
         wait_for_counts(best_times, b"2,1")
         require(game.end() == 0, "the game did not end well")

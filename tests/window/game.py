@@ -58,13 +58,14 @@ def windows_named_by(name):
     return windows
 
 
+def caption_of(window):
+    name = ctypes.c_char_p()
+    x11.XFetchName(display, c_ulong(window), byref(name))
+    return (name.value or b"").decode()
+
+
 def window_named(caption, among="_NET_CLIENT_LIST"):
-    for window in windows_named_by(among):
-        name = ctypes.c_char_p()
-        x11.XFetchName(display, c_ulong(window), byref(name))
-        if name.value == caption.encode():
-            return window
-    return None
+    return next((window for window in windows_named_by(among) if caption_of(window) == caption), None)
 
 
 def is_viewable(window):
@@ -131,10 +132,11 @@ class Game:
         return self
 
     def __exit__(self, failure, *_):
+        if failure:
+            print(self.said(), "active:", windows_named_by("_NET_ACTIVE_WINDOW"), "of", *(
+                (window, caption_of(window)) for window in windows_named_by("_NET_CLIENT_LIST")), file=sys.stderr)
         if self.runs():
             self.kill()
-        if failure:
-            print(self.said(), file=sys.stderr)
         self.errors.close()
         wait_for_end_of(TABLE)
 
@@ -146,6 +148,8 @@ class Game:
         return self.errors.read().decode(errors="replace")
 
     def open(self, place, caption):
+        # A window that still becomes the active one may let go of a button pressed meanwhile.
+        self.to_front()
         click(self.table, place)
         return front_window(caption)
 

@@ -42,7 +42,6 @@ def play(command, elsewhere, by_link):
         game.open(TO_HELP, HELP)
         wait_in_front(HELP)
         start_again(by_link, TABLE)
-        game.to_front()
         game.open(NEW_GAME, BOX)
         if not on_windows(sys.argv[1]):  # a desktop can't do this to Wine
             minimise(game)
