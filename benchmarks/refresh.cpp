@@ -36,7 +36,7 @@ class Table {
 
     /// A click on the waste, which is empty, ends in a refresh of everything and its painting.
     void click() {
-        const QPointF at = qt::place_of(form_.Source).center();
+        const QPointF at = qt::to_qt(Scale().place_of(form_.Source)).center();
         send(QEvent::MouseButtonPress, at, Qt::LeftButton);
         send(QEvent::MouseButtonRelease, at, Qt::NoButton);
         QApplication::processEvents();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "front_ends/common/scale.h"
 
 // What looks the same in every window system that paints it. Lengths are pixels at 96 dots per
@@ -21,6 +23,26 @@ inline constexpr int ring_line = 2;
 inline constexpr Color ring_outside{0xFF, 0xFF, 0xFF};
 inline constexpr Color ring_inside{0, 0, 0};
 
+/// Where a picture is painted.
+struct PaintedArea {
+    PixelRect shown;
+    PixelSize whole;  ///< with what is cut off
+};
+
+/// A picture is painted at its own size, in pixels at 96 dots per inch; the stand-in of one that
+/// can't be read, which has none, at the element's.
+inline PaintedArea painted_area(const PictureElement& element, const PixelSize* own,
+                                const Scale& scale) {
+    Element area = element;
+    if (own) {
+        area.Width = own->width * twips_per_pixel;
+        area.Height = own->height * twips_per_pixel;
+    }
+    const PixelRect whole = scale.place_of(area);
+    if (element.CutToHeight) area.Height = std::min(area.Height, element.Height);
+    return {scale.place_of(area), {whole.width(), whole.height()}};
+}
+
 /// The ring's outer edge.
 inline PixelRect ring_around(const Element& place, const Scale& scale) {
     const PixelRect inner = scale.place_of(place);
@@ -33,12 +55,12 @@ inline constexpr Color placeholder_border{0x50, 0x50, 0x50};
 inline constexpr Color placeholder_ground{0xF6, 0xF2, 0xE4};
 inline constexpr Color placeholder_ink{0, 0, 0};
 
-/// The largest font, in pixels, in which a placeholder's name is one line that fits; `fits` is
-/// asked for each size.
+/// The largest font, in pixels of the window, in which a placeholder's name is one line that fits;
+/// `fits` is asked for each size.
 template <typename Fits>
-int placeholder_font_pixels(const Fits& fits) {
-    constexpr int smallest = 7;
-    int pixels = 11;
+int placeholder_font_pixels(const Scale& scale, const Fits& fits) {
+    const int smallest = scale.scaled(7);
+    int pixels = scale.scaled(11);
     while (pixels > smallest && !fits(pixels))
         --pixels;
     return pixels;

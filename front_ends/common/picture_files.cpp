@@ -32,8 +32,8 @@ std::string suffix_of(const std::string& path) {
     return suffix;
 }
 
-std::string fine_file(const std::string& path) {
-    return std::string(path).insert(end_of_stem(path), "@2x");
+std::string larger_file(const std::string& path, int times) {
+    return path.substr(0, end_of_stem(path)) + '@' + std::to_string(times) + "x.png";
 }
 
 void report_picture(const std::string& path, bool missing) {
@@ -41,16 +41,13 @@ void report_picture(const std::string& path, bool missing) {
     report_once(path, trouble + " (" + path + ")");
 }
 
-bool read_picture(
-    const std::string& path, bool optional, std::string& bytes,
-    const std::function<bool(std::string& bytes, const std::string& suffix)>& decode) {
+bool read_picture(const std::string& path, bool optional, std::string& bytes) {
     const std::error_code error = system_files().read(path, largest_picture_file, bytes);
     const bool missing = error == std::errc::no_such_file_or_directory;
     if (missing && optional) return false;
-    const std::string suffix = suffix_of(path);
-    const bool shown = !error && is_whole_picture(bytes, suffix) && decode(bytes, suffix);
-    if (!shown) report_picture(path, missing);
-    return shown;
+    const bool whole = !error && is_whole_picture(bytes, suffix_of(path));
+    if (!whole) report_picture(path, missing);
+    return whole;
 }
 
 }  // namespace solvanta

@@ -20,37 +20,81 @@ struct PixelRect {
     bool empty() const { return right <= left || bottom <= top; }
 };
 
-/// How a window's twips become pixels.
+struct PixelSize {
+    int width = 0;
+    int height = 0;
+
+    friend auto operator<=>(const PixelSize&, const PixelSize&) = default;
+};
+
+/// The largest scale at which `content` fits into `room`, both in the same units; above 0.
+double fitting_scale(double content_width, double content_height, double room_width,
+                     double room_height);
+
+/// A window is never made smaller than at this part of its designed size.
+inline constexpr double smallest_part = 0.5;
+
+/// The next part of the designed size that a window is given when the player enlarges it or makes
+/// it smaller by a step.
+double next_part(double part, bool larger);
+
+/// How a container's twips become pixels of a window.
 class Scale {
   public:
-    /// `pixels` of the window to one at 96 dots per inch.
+    /// `pixels` of the window to one at 96 dots per inch; the container begins at its corner.
     explicit constexpr Scale(double pixels = 1) : pixels_(pixels) {}
+
+    /// The largest scale at which an area of so many twips fits a window of that size, in its
+    /// middle.
+    static Scale fitted(Twips width, Twips height, PixelSize window);
+
+    /// For what is inside an element whose own window begins at its corner: nothing lies elsewhere
+    /// than it would without that window.
+    Scale inside(const Element& element) const;
 
     constexpr double pixels() const { return pixels_; }
 
     constexpr double length(Twips twips) const { return twips * pixels_ / twips_per_pixel; }
 
-    /// The edge of a pixel that lies nearest.
-    int edge(Twips twips) const { return static_cast<int>(std::lround(length(twips))); }
-
     /// Whole pixels by the element's edges, so that neighbours neither overlap nor gap.
     PixelRect place_of(const Element& element) const {
-        return {edge(element.Left), edge(element.Top), edge(element.Left + element.Width),
-                edge(element.Top + element.Height)};
+        return {across(element.Left), down(element.Top), across(element.Left + element.Width),
+                down(element.Top + element.Height)};
     }
 
     /// A length designed in pixels at 96 dots per inch.
-    int scaled(int length) const { return static_cast<int>(std::lround(length * pixels_)); }
+    int scaled(double length) const { return static_cast<int>(std::lround(length * pixels_)); }
 
-    /// The twip in which a place lies.
-    Twips twips(double place) const {
-        return static_cast<Twips>(std::floor(place * twips_per_pixel / pixels_));
-    }
+    /// The twip in which a place across or down the window lies.
+    Twips twips_across(double place) const { return twips(place, across_); }
+    Twips twips_down(double place) const { return twips(place, down_); }
+    /// The whole twips in a length.
+    Twips twips(double length) const { return twips(length, {}); }
 
     friend bool operator==(const Scale&, const Scale&) = default;
 
   private:
+    /// Where the container begins: in twips of the form, and before which pixel of the form's
+    /// window its own window does.
+    struct Start {
+        Twips twips = 0;
+        int pixels = 0;
+        friend bool operator==(const Start&, const Start&) = default;
+    };
+
+    int edge(Twips twips, Start start) const {
+        return static_cast<int>(std::lround(length(start.twips + twips))) - start.pixels;
+    }
+    int across(Twips twips) const { return edge(twips, across_); }
+    int down(Twips twips) const { return edge(twips, down_); }
+    Twips twips(double place, Start start) const {
+        const double whole = (place + start.pixels) * twips_per_pixel / pixels_;
+        return static_cast<Twips>(std::floor(whole)) - start.twips;
+    }
+
     double pixels_;
+    Start across_;
+    Start down_;
 };
 
 }  // namespace solvanta

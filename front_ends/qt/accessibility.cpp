@@ -43,7 +43,7 @@ class PlaceAccess final : public QAccessibleInterface, public QAccessibleActionI
     QAccessible::Role role() const override { return QAccessible::PushButton; }
 
     QRect rect() const override {
-        return place_of(place_).toAlignedRect().translated(canvas_->mapToGlobal(QPoint()));
+        return to_qt(canvas_->scale().place_of(place_)).translated(canvas_->mapToGlobal(QPoint()));
     }
 
     QAccessible::State state() const override {

@@ -25,7 +25,6 @@ bool is_enter(const QKeyEvent& event) {
 Button::Button(QWidget* parent) : QPushButton(parent) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
-    setFont(button_font());
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {

@@ -24,9 +24,11 @@ int text_flags(Alignment alignment) {
 
 }  // namespace
 
-Canvas::Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent)
+Canvas::Canvas(Container& container, const Element* within, const QColor& background,
+               WindowParts& parts, QWidget* parent)
     : QWidget(parent),
       container_(container),
+      within_(within),
       background_(background),
       parts_(parts),
       mouse_(container),
@@ -52,36 +54,28 @@ void Canvas::tell_news() {
     if (is_heard() && has_key_stops(container_)) tell(*this, voice_.news(place_with_focus()));
 }
 
+Scale Canvas::scale(double ratio) const {
+    const Scale scale(parts_.scale.pixels() * ratio);
+    return within_ ? scale.inside(*within_) : scale;
+}
+
 void Canvas::paint_changes() {
     keyboard_.sync();
     const bool is_ringed = keyboard_.is_in_use() && hasFocus();
+    const Scale scale = this->scale(devicePixelRatioF());
     const PixelRect changed = looks_.changes(
-        container_, logical_scale,
-        [this](const PictureElement& element) {
-            const QRect area = painted_area(element).toAlignedRect();
-            return PixelRect{area.left(), area.top(), area.left() + area.width(),
-                             area.top() + area.height()};
+        container_, scale,
+        [&](const PictureElement& element) {
+            return painted_area(element, parts_.pictures.size(element.Picture), scale).shown;
         },
         is_ringed ? keyboard_.place() : nullptr);
-    update(to_qt(changed));
+    update(to_logical(changed, devicePixelRatioF()).toAlignedRect());
 }
 
 void Canvas::walk_to(const PictureElement& place) {
     keyboard_.walk_to(&place);
     setFocus();
     sync();
-}
-
-/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
-QRectF Canvas::painted_area(const PictureElement& element) const {
-    QRectF area = place_of(element);
-    const QImage* const image =
-        parts_.pictures.image(element.Picture, is_fine(devicePixelRatioF()));
-    if (!image) return area;
-    const QSizeF size = image->deviceIndependentSize();
-    area.setWidth(size.width());
-    if (!element.CutToHeight || size.height() < area.height()) area.setHeight(size.height());
-    return area;
 }
 
 void Canvas::paintEvent(QPaintEvent* event) {
@@ -93,52 +87,58 @@ void Canvas::paintEvent(QPaintEvent* event) {
 
 void Canvas::paint_ring(QPainter& painter) const {
     if (looks_.ring().empty() || !hasFocus()) return;
-    QRectF line = to_qt(looks_.ring());
+    const double ratio = devicePixelRatioF();
+    const double width = scale(ratio).scaled(ring_line) / ratio;
+    QRectF line = to_logical(looks_.ring(), ratio);
     for (const Color& color : {ring_outside, ring_inside}) {
-        constexpr double half = ring_line / 2.0;
-        painter.setPen(
-            QPen(to_color(color), ring_line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        const double half = width / 2;
+        painter.setPen(QPen(to_color(color), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.drawRect(line.adjusted(half, half, -half, -half));
-        line.adjust(ring_line, ring_line, -ring_line, -ring_line);
+        line.adjust(width, width, -width, -width);
     }
 }
 
 void Canvas::paint_elements(QPainter& painter, const QRegion& region) const {
     for (std::size_t i = 0; i < container_.canvas.size(); ++i) {
-        if (!region.intersects(to_qt(looks_.area(i)))) continue;
-        std::visit([&](const auto* element) { paint(painter, *element); }, container_.canvas[i]);
+        const PixelRect& area = looks_.area(i);
+        if (!region.intersects(to_logical(area, devicePixelRatioF()).toAlignedRect())) continue;
+        std::visit([&](const auto* element) { paint(painter, area, *element); },
+                   container_.canvas[i]);
     }
 }
 
-void Canvas::paint(QPainter& painter, const PictureElement& element) const {
-    const QRectF area = painted_area(element);
-    const QImage* const image =
-        parts_.pictures.image(element.Picture, is_fine(devicePixelRatioF()));
-    if (!image) return paint_placeholder(painter, area, element.Picture);
-    const QRectF source(QPointF(), area.size() * image->devicePixelRatioF());
-    paint_image(painter, area, *image, source);
+void Canvas::paint(QPainter& painter, const PixelRect& area, const PictureElement& element) const {
+    const double ratio = devicePixelRatioF();
+    const QRectF place = to_logical(area, ratio);
+    const PixelSize* const own = parts_.pictures.size(element.Picture);
+    if (!own) return paint_placeholder(painter, place, element.Picture, parts_.scale);
+    const PixelSize whole = painted_area(element, own, scale(ratio)).whole;
+    paint_image(painter, place, parts_.pictures.image(element.Picture, whole).pixels,
+                static_cast<double>(area.height()) / whole.height);
 }
 
-void Canvas::paint(QPainter& painter, const Label& label) const {
-    const QRectF place = place_of(label);
+void Canvas::paint(QPainter& painter, const PixelRect& area, const Label& label) const {
+    const QRectF place = to_logical(area, devicePixelRatioF());
     painter.fillRect(
         place, label.BackColor ? to_color(*label.BackColor) : palette().color(QPalette::Window));
-    painter.setFont(to_font(label.Font));
+    painter.setFont(to_font(label.Font, parts_.scale));
     painter.setPen(to_color(label.ForeColor));
     painter.drawText(place, text_flags(label.Alignment), QString::fromStdString(label.Caption));
 }
 
-/// To a part of a pixel: the position that Qt gives a widget is rounded.
+/// To a part of a logical pixel: the position that Qt gives a widget is rounded. A pixel of the
+/// screen belongs to the element that paints its middle.
 QPoint Canvas::place_in_twips(const QMouseEvent& event) const {
-    const QPointF at = mapFrom(window(), event.scenePosition());
-    return {logical_scale.twips(at.x()), logical_scale.twips(at.y())};
+    const double middle = 0.5 / devicePixelRatioF();
+    const QPointF at = mapFrom(window(), event.scenePosition()) + QPointF(middle, middle);
+    return {scale().twips_across(at.x()), scale().twips_down(at.y())};
 }
 
 void Canvas::press(const QMouseEvent& event) {
     keyboard_.use(false);
     if (event.button() != Qt::LeftButton) return mouse_.forget_press();
     const QStyleHints& hints = *QGuiApplication::styleHints();
-    const Twips reach = hints.mouseDoubleClickDistance() * twips_per_pixel;
+    const Twips reach = scale().twips(hints.mouseDoubleClickDistance());
     const QPoint at = place_in_twips(event);
     const Press press{at.x(), at.y(), static_cast<std::uint32_t>(event.timestamp())};
     const auto interval = static_cast<std::uint32_t>(hints.mouseDoubleClickInterval());
@@ -176,31 +176,36 @@ void Canvas::focusInEvent(QFocusEvent* event) {
 /// The form may be gone by now.
 void Canvas::focusOutEvent(QFocusEvent* /*event*/) {
     voice_.forget_focus();
-    update(to_qt(looks_.ring()));
+    update(to_logical(looks_.ring(), devicePixelRatioF()).toAlignedRect());
 }
 
 FrameBox::FrameBox(Frame& frame, WindowParts& parts, QWidget* parent)
-    : Canvas(frame, parent->palette().color(QPalette::Window), parts, parent), frame_(frame) {}
+    : Canvas(frame, &frame, parent->palette().color(QPalette::Window), parts, parent),
+      frame_(frame) {}
 
 void FrameBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), background());
     paint_border(painter);
+    const int margin = scale().scaled(frame_margin);
     painter.setClipRect(
-        rect().adjusted(frame_margin, frame_caption_height, -frame_margin, -frame_margin));
+        rect().adjusted(margin, scale().scaled(frame_caption_height), -margin, -margin));
     paint_elements(painter, event->region());
 }
 
 void FrameBox::paint_border(QPainter& painter) const {
-    const QRect line = rect().adjusted(0, frame_caption_height / 2, -2, -2);
+    constexpr int caption_margin = 3;
+    const int caption_height = scale().scaled(frame_caption_height);
+    const QRect line = rect().adjusted(0, caption_height / 2, -2, -2);
     painter.setPen(Qt::white);
     painter.drawRect(line.translated(1, 1));
     painter.setPen(palette().color(QPalette::Dark));
     painter.drawRect(line);
-    painter.setFont(to_font(Font{}));
+    painter.setFont(to_font(Font{}, scale()));
     const QString caption = QString::fromStdString(frame_.Caption);
-    const QRect text(frame_caption_indent, 0, painter.fontMetrics().horizontalAdvance(caption) + 6,
-                     frame_caption_height);
+    const int width = painter.fontMetrics().horizontalAdvance(caption);
+    const QRect text(scale().scaled(frame_caption_indent), 0,
+                     width + 2 * scale().scaled(caption_margin), caption_height);
     painter.fillRect(text, background());
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));

@@ -16,12 +16,17 @@ namespace solvanta::qt {
 /// its Mouse, keys to its Keyboard. It is also the parent of the container's controls.
 class Canvas : public QWidget {
   public:
-    Canvas(Container& container, const QColor& background, WindowParts& parts, QWidget* parent);
+    /// `within` is the element that holds the container, unless that is the form.
+    Canvas(Container& container, const Element* within, const QColor& background,
+           WindowParts& parts, QWidget* parent);
 
     /// Has what looks otherwise than at the last call painted anew.
     void sync();
 
     Container& container() const { return container_; }
+
+    /// Of what is inside, in logical pixels.
+    Scale scale() const { return scale(1); }
 
     /// The place of the walk, while the canvas has the keyboard; null otherwise.
     const PictureElement* place_with_focus() const {
@@ -45,6 +50,8 @@ class Canvas : public QWidget {
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
     const QColor& background() const { return background_; }
+    /// Of what is inside, in pixels of a screen that has so many to a logical one.
+    Scale scale(double ratio) const;
     void paint_elements(QPainter& painter, const QRegion& region) const;
 
   private:
@@ -52,19 +59,19 @@ class Canvas : public QWidget {
     void tell_news();
     void press(const QMouseEvent& event);
     QPoint place_in_twips(const QMouseEvent& event) const;
-    QRectF painted_area(const PictureElement& element) const;
-    void paint(QPainter& painter, const PictureElement& element) const;
+    void paint(QPainter& painter, const PixelRect& area, const PictureElement& element) const;
     void paint_ring(QPainter& painter) const;
-    void paint(QPainter& painter, const Label& label) const;
+    void paint(QPainter& painter, const PixelRect& area, const Label& label) const;
 
     Container& container_;
+    const Element* within_;
     QColor background_;
     WindowParts& parts_;
     Mouse mouse_;
     Keyboard keyboard_;
     Voice voice_{container_};
     QTimer focus_told_;  // when Qt has told that the canvas as a whole has the focus
-    CanvasLooks looks_;  // as of the last `sync`
+    CanvasLooks looks_;  // as of the last `sync`, in pixels of the screen
 };
 
 /// A frame: its border and caption, and inside the border what its container holds.

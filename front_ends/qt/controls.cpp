@@ -33,12 +33,6 @@ class NameEdit final : public QLineEdit {
         QLineEdit::keyPressEvent(event);
     }
 
-    /// Not earlier: the font takes long to find, and most boxes are never shown.
-    void showEvent(QShowEvent* event) override {
-        setFont(to_font(box_.Font));
-        QLineEdit::showEvent(event);
-    }
-
   private:
     TextBox& box_;
     WindowParts& parts_;
@@ -54,14 +48,17 @@ class PictureView final : public QWidget {
     void paintEvent(QPaintEvent* /*event*/) override {
         if (box_.Picture.load_number() == 0) return;
         QPainter painter(this);
-        const QImage* const image =
-            parts_.pictures.image(box_.Picture, is_fine(devicePixelRatioF()));
-        if (!image) return paint_placeholder(painter, rect(), box_.Picture);
+        const PixelSize* const own = parts_.pictures.size(box_.Picture);
+        if (!own) return paint_placeholder(painter, rect(), box_.Picture, parts_.scale);
         painter.fillRect(rect(), parts_.background);
-        QRectF target(QPointF(),
-                      image->deviceIndependentSize().scaled(size(), Qt::KeepAspectRatio));
+        const double ratio = devicePixelRatioF();
+        const QSize whole = QSize(own->width, own->height)
+                                .scaled((QSizeF(size()) * ratio).toSize(), Qt::KeepAspectRatio)
+                                .expandedTo({1, 1});
+        QRectF target(QPointF(), QSizeF(whole) / ratio);
         target.moveCenter(QRectF(rect()).center());
-        paint_image(painter, target, *image, image->rect());
+        paint_image(painter, target,
+                    parts_.pictures.image(box_.Picture, {whole.width(), whole.height()}).pixels, 1);
     }
 
   private:
@@ -70,22 +67,26 @@ class PictureView final : public QWidget {
 };
 
 /// The lines common to all controls: where the widget lies and whether it shows.
-void sync_place(QWidget& widget, const Element& element) {
+void sync_place(QWidget& widget, const Element& element, const Canvas& parent) {
     // What reaches beyond the container would be cut off, a scroll bar included.
-    const QRect place =
-        place_of(element).toAlignedRect().intersected(widget.parentWidget()->rect());
+    const QRect place = to_qt(parent.scale().place_of(element)).intersected(parent.rect());
     if (widget.geometry() != place) widget.setGeometry(place);
     if (widget.isHidden() == element.Visible) widget.setVisible(element.Visible);
 }
 
-void build(CommandButton& element, QWidget& parent, WindowParts& parts) {
+void sync_font(QWidget& widget, const QFont& font) {
+    if (widget.font() != font) widget.setFont(font);
+}
+
+void build(CommandButton& element, Canvas& parent, WindowParts& parts) {
     auto* button = new Button(&parent);
     QObject::connect(button, &QPushButton::clicked, button,
                      [&element, &parts] { parts.deliver(element.Click); });
-    parts.syncs.emplace_back([button, &element] {
+    parts.syncs.emplace_back([button, &element, &parent] {
+        sync_font(*button, button_font(parent.scale()));
         const QString caption = QString::fromStdString(element.Caption);
         if (button->text() != caption) button->setText(caption);
-        sync_place(*button, element);
+        sync_place(*button, element, parent);
     });
 }
 
@@ -95,12 +96,12 @@ void sync_name(QWidget& widget, const std::string& name) {
     if (QAccessible::isActive() && widget.accessibleName() != text) widget.setAccessibleName(text);
 }
 
-void build(Frame& frame, QWidget& parent, WindowParts& parts) {
+void build(Frame& frame, Canvas& parent, WindowParts& parts) {
     auto* box = new FrameBox(frame, parts, &parent);
     // First the frame: a control in a frame just shown can take the focus at once.
-    parts.syncs.emplace_back([box, &frame, &parts] {
+    parts.syncs.emplace_back([box, &frame, &parts, &parent] {
         if (box->isEnabledTo(box->parentWidget()) != frame.Enabled) box->setEnabled(frame.Enabled);
-        sync_place(*box, frame);
+        sync_place(*box, frame, parent);
         sync_name(*box, frame.Caption);
         for (const Control& control : frame.controls) {
             if (auto* const* text_box = std::get_if<TextBox*>(&control))
@@ -111,36 +112,50 @@ void build(Frame& frame, QWidget& parent, WindowParts& parts) {
     build_controls(frame, *box, parts);
 }
 
-void build(TextBox& box, QWidget& parent, WindowParts& parts) {
+void build(TextBox& box, Canvas& parent, WindowParts& parts) {
     auto* edit = new NameEdit(box, parts, &parent);
     parts.text_boxes[&box] = edit;
-    parts.syncs.emplace_back([edit, &box] {
+    parts.syncs.emplace_back([edit, &box, &parent] {
+        // Not before it is shown: the font takes long to find, and most boxes never are.
+        if (parent.isVisible()) sync_font(*edit, to_font(box.Font, parent.scale()));
         const QString text = QString::fromStdString(box.Text);
         if (edit->text() != text) edit->setText(text);
-        sync_place(*edit, box);
+        sync_place(*edit, box, parent);
     });
 }
 
-void build(PictureBox& box, QWidget& parent, WindowParts& parts) {
+void build(PictureBox& box, Canvas& parent, WindowParts& parts) {
     auto* view = new PictureView(box, parts, &parent);
-    parts.syncs.emplace_back([view, &box] {
-        sync_place(*view, box);
+    parts.syncs.emplace_back([view, &box, &parent] {
+        sync_place(*view, box, parent);
         view->update();
     });
 }
 
-void show_rtf(QTextEdit& view, const RichTextBox& box) {
+/// The wheel with Control is the window's, not the text's.
+class RichTextEdit final : public QTextEdit {
+  public:
+    using QTextEdit::QTextEdit;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+        QTextEdit::wheelEvent(event);
+    }
+};
+
+void show_rtf(QTextEdit& view, const RichTextBox& box, const Scale& scale) {
     QTextDocument& document = *view.document();
     document.clear();
-    document.setDefaultFont(to_font(box.Font));
+    document.setDefaultFont(to_font(box.Font, scale));
     if (const auto text = read_rtf(box.TextRTF)) {
-        show_rich_text(*text, document);
+        show_rich_text(*text, document, scale);
     }
     view.moveCursor(QTextCursor::Start);
 }
 
-void build(RichTextBox& box, QWidget& parent, WindowParts& parts) {
-    auto* view = new QTextEdit(&parent);
+void build(RichTextBox& box, Canvas& parent, WindowParts& parts) {
+    auto* view = new RichTextEdit(&parent);
     view->setReadOnly(true);
     view->setUndoRedoEnabled(false);
     // By keyboard it shows a caret, with which alone a screen reader goes from line to line.
@@ -149,17 +164,18 @@ void build(RichTextBox& box, QWidget& parent, WindowParts& parts) {
                                       : Qt::TextSelectableByMouse);
     view->setFrameShape(QFrame::NoFrame);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    parts.syncs.emplace_back([view, &box, shown = std::string()]() mutable {
-        sync_place(*view, box);
-        if (shown == box.TextRTF) return;
+    parts.syncs.emplace_back([view, &box, &parent, shown = std::string(), at = Scale()]() mutable {
+        sync_place(*view, box, parent);
+        if (shown == box.TextRTF && at == parent.scale()) return;
         shown = box.TextRTF;
-        show_rtf(*view, box);
+        at = parent.scale();
+        show_rtf(*view, box, at);
     });
 }
 
 }  // namespace
 
-void build_controls(Container& container, QWidget& parent, WindowParts& parts) {
+void build_controls(Container& container, Canvas& parent, WindowParts& parts) {
     for (const Control& control : container.controls) {
         std::visit([&](auto* element) { build(*element, parent, parts); }, control);
     }

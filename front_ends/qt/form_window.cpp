@@ -1,6 +1,8 @@
 #include "front_ends/qt/form_window.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
+#include <QPainter>
 #include <QScreen>
 
 #include "front_ends/common/ticks.h"
@@ -17,6 +19,8 @@ Ticks::Time time_awake() {
     const auto time = std::chrono::steady_clock::now().time_since_epoch();
     return std::chrono::duration_cast<Ticks::Time>(time);
 }
+
+constexpr int rest_milliseconds = 150;
 
 /// Behind all controls in the order of the Tab key, the first of which begins with the focus.
 void put_last(QWidget& canvas) {
@@ -35,16 +39,18 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     : form_(form), parts_(std::move(parts)), close_box_(std::move(close_box)) {
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                   Qt::WindowCloseButtonHint);
-    setFixedSize(logical_scale.edge(form.ClientWidth), logical_scale.edge(form.ClientHeight));
+                   Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
+    setAttribute(Qt::WA_OpaquePaintEvent);
     parts_.background =
         form.BackColor ? to_color(*form.BackColor) : palette().color(QPalette::Window);
-    auto* canvas = new Canvas(form, parts_.background, parts_, this);
-    canvas->setGeometry(rect());
-    parts_.syncs.emplace_back([canvas] { canvas->sync(); });
-    build_controls(form, *canvas, parts_);
-    put_last(*canvas);
-    sync();
+    canvas_ = new Canvas(form, nullptr, parts_.background, parts_, this);
+    parts_.syncs.emplace_back([canvas = canvas_] { canvas->sync(); });
+    build_controls(form, *canvas_, parts_);
+    put_last(*canvas_);
+    setMinimumSize(size_at(smallest_part));
+    resize(size_at(qMin(1.0, largest_part())));
+    lay_out();
+    watch_screen();
     if (form.Place == OpeningPlace::Centered) centre();
     for (const Timer* timer : form.timers)
         start(*timer);
@@ -66,6 +72,97 @@ void FormWindow::start(const Timer& timer) {
     timers_.push_back(alarm);
 }
 
+/// What comes of another resolution, a turned screen or a larger task bar.
+void FormWindow::watch_screen() {
+    rest_.setSingleShot(true);
+    rest_.setInterval(rest_milliseconds);
+    connect(&rest_, &QTimer::timeout, this, [this] { come_to_rest(); });
+    connect(qApp, &QGuiApplication::screenRemoved, this, [this] { stay_on_screen(); });
+    for (const QScreen* screen : QGuiApplication::screens())
+        connect(screen, &QScreen::availableGeometryChanged, this, [this] { stay_on_screen(); });
+}
+
+QSize FormWindow::size_at(double part) const {
+    const PixelRect place = Scale(part).place_of({0, 0, form_.ClientWidth, form_.ClientHeight});
+    return {place.width(), place.height()};
+}
+
+/// The part of its designed size at which the window, with its frame, just fits its screen.
+double FormWindow::largest_part() const {
+    constexpr QSize usual_frame(8, 36);
+    const QSize frame = isVisible() ? frameGeometry().size() - size() : usual_frame;
+    const QSize room = screen()->availableSize() - frame;
+    const QSize designed = size_at(1);
+    return qMax(smallest_part,
+                fitting_scale(designed.width(), designed.height(), room.width(), room.height()));
+}
+
+void FormWindow::lay_out() {
+    const Scale fitted = Scale::fitted(form_.ClientWidth, form_.ClientHeight, {width(), height()});
+    parts_.scale = Scale(fitted.pixels());
+    canvas_->setGeometry(to_qt(fitted.place_of({0, 0, form_.ClientWidth, form_.ClientHeight})));
+    sync();
+    update();
+}
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
+    if (!isVisible() || let_go_) return;
+    parts_.pictures.quick(true);
+    lay_out();
+    rest_.start();
+}
+
+void FormWindow::come_to_rest() {
+    parts_.pictures.quick(false);
+    canvas_->update();
+}
+
+void FormWindow::paintEvent(QPaintEvent* event) {
+    QPainter(this).fillRect(event->rect(), parts_.background);
+}
+
+/// The keys that nothing inside has a use for come here.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const double part = parts_.scale.pixels();
+    const bool full = isFullScreen();
+    if (event->key() == Qt::Key_F11 || (full && event->key() == Qt::Key_Escape)) {
+        setWindowState(windowState() ^ Qt::WindowFullScreen);
+    } else if (event->matches(QKeySequence::ZoomIn)) {
+        enlarge_to(next_part(part, true));
+    } else if (event->matches(QKeySequence::ZoomOut)) {
+        enlarge_to(next_part(part, false));
+    } else if (event->key() == Qt::Key_0 && event->modifiers().testFlag(Qt::ControlModifier)) {
+        enlarge_to(1);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void FormWindow::wheelEvent(QWheelEvent* event) {
+    const int turned = event->angleDelta().y();
+    if (!event->modifiers().testFlag(Qt::ControlModifier) || turned == 0) return event->ignore();
+    enlarge_to(next_part(parts_.scale.pixels(), turned > 0));
+}
+
+/// Gives the window a part of its designed size, as far as its screen has room.
+void FormWindow::enlarge_to(double part) {
+    setWindowState(windowState() & ~(Qt::WindowFullScreen | Qt::WindowMaximized));
+    resize(size_at(qMin(part, largest_part())));
+    stay_on_screen();
+}
+
+void FormWindow::stay_on_screen() {
+    if (isMaximized() || isFullScreen()) return;
+    const QRect free = screen()->availableGeometry();
+    const double part = qMin(parts_.scale.pixels(), largest_part());
+    const QSize size = this->size().boundedTo(free.size());
+    if (part < parts_.scale.pixels() || size != this->size()) resize(size_at(part));
+    const QSize frame = frameGeometry().size() - this->size() + size;
+    const QPoint corner(qMin(x(), free.right() + 1 - frame.width()),
+                        qMin(y(), free.bottom() + 1 - frame.height()));
+    move(qMax(free.left(), corner.x()), qMax(free.top(), corner.y()));
+}
+
 void FormWindow::centre() {
     const QRect free = screen()->availableGeometry();
     const QPoint corner = free.center() - rect().center();
@@ -83,7 +180,8 @@ void FormWindow::sync() {
 }
 
 void FormWindow::bring_forward() {
-    isMinimized() ? showNormal() : show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
     raise();
     activateWindow();
 }
@@ -100,6 +198,7 @@ bool FormWindow::focus(const TextBox& box) {
 
 void FormWindow::let_go() {
     let_go_ = true;
+    rest_.stop();
     for (QTimer* timer : timers_)
         timer->stop();
     hide();

@@ -10,7 +10,10 @@
 
 namespace solvanta::qt {
 
-/// The window of one form.
+class Canvas;
+
+/// The window of one form, which the player may enlarge: its layout grows with it, in the middle of
+/// what room there is.
 class FormWindow final : public QWidget {
   public:
     /// `close_box` is called once the player closes the window; the form must outlive the window
@@ -33,13 +36,26 @@ class FormWindow final : public QWidget {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void start(const Timer& timer);
+    void watch_screen();
+    void lay_out();
+    void come_to_rest();
+    void enlarge_to(double part);
+    void stay_on_screen();
+    QSize size_at(double part) const;
+    double largest_part() const;
     void centre();
 
     Form& form_;
     WindowParts parts_;
+    Canvas* canvas_ = nullptr;
+    QTimer rest_;  // runs out when the size has not changed for a while
     std::function<void(FormWindow&)> close_box_;
     std::vector<QTimer*> timers_;
     QLineEdit* box_ = nullptr;       // that was given the focus last

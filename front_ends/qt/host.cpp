@@ -24,7 +24,8 @@ QtHost::QtHost(std::string directory) : directory_(std::move(directory)) {
 }
 
 FormWindow& QtHost::create_window(Form& form) {
-    WindowParts parts{[this](Event event) { deliver(std::move(event)); }, pictures_, {}, {}, {}};
+    WindowParts parts{
+        [this](Event event) { deliver(std::move(event)); }, pictures_, Scale(), {}, {}, {}};
     FormWindow& window = add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); }));
     if (form.HasIcon) {

@@ -16,9 +16,9 @@ namespace {
 
 constexpr int pixmap_cache_kilobytes = 256;
 
-QFont standard_font(int pixels) {
+QFont standard_font(int pixels, const Scale& scale) {
     QFont font = QApplication::font();
-    font.setPixelSize(pixels);
+    font.setPixelSize(qMax(1, scale.scaled(pixels)));
     return font;
 }
 
@@ -53,17 +53,17 @@ QColor to_color(const Color& color) {
     return {color.red, color.green, color.blue};
 }
 
-QFont to_font(const Font& font) {
-    if (font.family.empty()) return standard_font(standard_font_pixels);
+QFont to_font(const Font& font, const Scale& scale) {
+    if (font.family.empty()) return standard_font(standard_font_pixels, scale);
     QFont result;
     result.setFamilies(font_families(QString::fromStdString(font.family)));
-    result.setPixelSize(qMax(1, qRound(font.points * 96 / 72)));
+    result.setPixelSize(qMax(1, scale.scaled(font.points * 96 / 72)));
     result.setBold(font.bold);
     return result;
 }
 
-QFont button_font() {
-    return standard_font(button_font_pixels);
+QFont button_font(const Scale& scale) {
+    return standard_font(button_font_pixels, scale);
 }
 
 QIcon program_icon(const QString& directory) {

@@ -6,7 +6,7 @@
 #include <QIcon>
 #include <QString>
 
-#include "platform/elements.h"
+#include "front_ends/common/scale.h"
 
 namespace solvanta::qt {
 
@@ -17,10 +17,10 @@ void prepare_application(QApplication& application);
 QColor to_color(const Color& color);
 
 /// The font in a size counted in pixels, so that the layout holds at every resolution of fonts.
-QFont to_font(const Font& font);
+QFont to_font(const Font& font, const Scale& scale);
 
 /// The standard font of buttons, small enough for one 17 pixels high.
-QFont button_font();
+QFont button_font(const Scale& scale);
 
 /// The program's icon in the sizes that windows and lists of windows show, from `directory`; null,
 /// with one line on standard error, when there is none.

@@ -12,8 +12,6 @@
 namespace solvanta::qt {
 namespace {
 
-constexpr double fine_ratio = 2;
-
 bool has_sound_size(const QSize& size) {
     return qMax(size.width(), size.height()) <= largest_picture_side;
 }
@@ -41,27 +39,22 @@ QImage decoded(std::string& bytes, const std::string& suffix) {
 
 }  // namespace
 
-std::optional<QImage> decode_picture(std::string& bytes, const std::string& suffix, bool fine) {
+std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix) {
     QImage image = decoded(bytes, suffix);
-    if (image.isNull()) return std::nullopt;
-    image.setDevicePixelRatio(fine ? fine_ratio : 1);
-    return image;
+    return image.isNull() ? std::nullopt : std::optional(Image(std::move(image)));
 }
 
-void paint_image(QPainter& painter, const QRectF& target, const QImage& image,
-                 const QRectF& source) {
-    const double ratio = painter.device()->devicePixelRatioF();
-    const bool exact = qFuzzyCompare(target.width() * ratio, source.width()) &&
-                       qFuzzyCompare(target.height() * ratio, source.height());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, !exact);
-    painter.drawImage(target, image, source);
+/// One made for another size, while a window is being resized, is stretched as fast as can be.
+void paint_image(QPainter& painter, const QRectF& target, const QImage& image, double part) {
+    painter.drawImage(target, image, QRectF(0, 0, image.width(), image.height() * part));
 }
 
-void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& picture) {
+void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& picture,
+                       const Scale& scale) {
     const QString name = QString::fromStdString(file_name(picture.path()));
     const QRectF inside = place.adjusted(1, 1, -1, -1);
     QFont font = QApplication::font();
-    font.setPixelSize(placeholder_font_pixels([&](int pixels) {
+    font.setPixelSize(placeholder_font_pixels(scale, [&](int pixels) {
         font.setPixelSize(pixels);
         const QFontMetricsF metrics(font);
         return metrics.horizontalAdvance(name) <= inside.width() &&

@@ -11,7 +11,6 @@
 
 #include "front_ends/qt/fonts.h"
 #include "front_ends/qt/look.h"
-#include "front_ends/qt/scale.h"
 
 namespace solvanta::qt {
 namespace {
@@ -25,13 +24,13 @@ Qt::Alignment to_qt(ParagraphAlignment alignment) {
     return flags[static_cast<std::size_t>(alignment)];
 }
 
-QTextOption::Tab to_qt(const TabStop& stop) {
+QTextOption::Tab to_qt(const TabStop& stop, const Scale& scale) {
     constexpr QTextOption::TabType types[] = {QTextOption::LeftTab, QTextOption::RightTab,
                                               QTextOption::CenterTab};
-    return {logical_scale.length(stop.position), types[static_cast<std::size_t>(stop.alignment)]};
+    return {scale.length(stop.position), types[static_cast<std::size_t>(stop.alignment)]};
 }
 
-void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
+void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout, const Scale& scale) {
     const Twips spacing = layout.line_spacing;
     if (spacing == 0) return;
     if (layout.line_spacing_factor) {
@@ -39,60 +38,58 @@ void set_line_spacing(QTextBlockFormat& format, const ParagraphLayout& layout) {
         format.setLineHeight(std::abs(spacing) / single_line_spacing * percent,
                              QTextBlockFormat::ProportionalHeight);
     } else {
-        format.setLineHeight(
-            logical_scale.length(std::abs(spacing)),
-            spacing > 0 ? QTextBlockFormat::MinimumHeight : QTextBlockFormat::FixedHeight);
+        format.setLineHeight(scale.length(std::abs(spacing)), spacing > 0
+                                                                  ? QTextBlockFormat::MinimumHeight
+                                                                  : QTextBlockFormat::FixedHeight);
     }
 }
 
 /// Neighbouring margins overlap in a text document, so all the space between two paragraphs goes
 /// above the second: its own and what the first one owes.
-QTextBlockFormat block_format(const ParagraphLayout& layout, Twips space_owed) {
+QTextBlockFormat block_format(const ParagraphLayout& layout, Twips space_owed, const Scale& scale) {
     QTextBlockFormat format;
     format.setAlignment(to_qt(layout.alignment));
-    format.setLeftMargin(logical_scale.length(layout.left));
-    format.setRightMargin(logical_scale.length(layout.right));
-    format.setTextIndent(logical_scale.length(layout.first_line));
-    format.setTopMargin(logical_scale.length(layout.before + space_owed));
+    format.setLeftMargin(scale.length(layout.left));
+    format.setRightMargin(scale.length(layout.right));
+    format.setTextIndent(scale.length(layout.first_line));
+    format.setTopMargin(scale.length(layout.before + space_owed));
     QList<QTextOption::Tab> tabs;
     for (const TabStop& stop : layout.tabs)
-        tabs.append(to_qt(stop));
+        tabs.append(to_qt(stop, scale));
     format.setTabPositions(tabs);
-    set_line_spacing(format, layout);
+    set_line_spacing(format, layout, scale);
     return format;
-}
-
-int to_font_pixels(int half_points) {
-    constexpr double pixels_per_half_point = 96.0 / 72 / 2;
-    return std::max(qRound(half_points * pixels_per_half_point), 1);
 }
 
 /// Fills a text document paragraph by paragraph, replacing what it held.
 class Writer {
   public:
-    Writer(const RichDocument& document, QTextDocument& shown);
+    Writer(const RichDocument& document, QTextDocument& shown, const Scale& scale);
 
     void write();
 
   private:
     QTextCharFormat format(const CharacterLook& look) const;
     void set_font(QTextCharFormat& format, const RichFont& font) const;
+    int font_pixels(int half_points) const;
     double font_pixels(const CharacterLook& look) const;
     double greatest_height(const RichParagraph& paragraph) const;
     void begin_block(const QTextBlockFormat& block, const QTextCharFormat& mark);
 
     const RichDocument& document_;
+    Scale scale_;
     double default_font_pixels_;
     QTextCursor cursor_;
     bool is_first_ = true;
 };
 
-Writer::Writer(const RichDocument& document, QTextDocument& shown)
+Writer::Writer(const RichDocument& document, QTextDocument& shown, const Scale& scale)
     : document_(document),
+      scale_(scale),
       default_font_pixels_(QFontInfo(shown.defaultFont()).pixelSize()),
       cursor_(&shown) {
     QTextOption option = shown.defaultTextOption();
-    option.setTabStopDistance(logical_scale.length(default_tab_stop));
+    option.setTabStopDistance(scale.length(default_tab_stop));
     shown.setDefaultTextOption(option);
 }
 
@@ -103,7 +100,7 @@ void Writer::write() {
     for (const RichParagraph& paragraph : document_.paragraphs) {
         height += greatest_height(paragraph);
         if (height > greatest_document_height) break;
-        begin_block(block_format(paragraph.layout, space_owed), format(paragraph.mark));
+        begin_block(block_format(paragraph.layout, space_owed, scale_), format(paragraph.mark));
         for (const TextRun& run : paragraph.runs)
             cursor_.insertText(QString::fromStdString(run.text), format(run.look));
         space_owed = paragraph.layout.after;
@@ -115,7 +112,7 @@ QTextCharFormat Writer::format(const CharacterLook& look) const {
     QTextCharFormat format;
     if (look.font) set_font(format, document_.fonts.at(*look.font));
     if (look.half_points) {
-        format.setProperty(QTextFormat::FontPixelSize, to_font_pixels(*look.half_points));
+        format.setProperty(QTextFormat::FontPixelSize, font_pixels(*look.half_points));
     }
     if (look.ink) format.setForeground(to_color(*look.ink));
     if (look.paper) format.setBackground(to_color(*look.paper));
@@ -137,13 +134,18 @@ void Writer::set_font(QTextCharFormat& format, const RichFont& font) const {
     format.setFontStyleHint(QFont::Monospace);
 }
 
+int Writer::font_pixels(int half_points) const {
+    constexpr double pixels_per_half_point = 96.0 / 72 / 2;
+    return std::max(scale_.scaled(half_points * pixels_per_half_point), 1);
+}
+
 double Writer::font_pixels(const CharacterLook& look) const {
-    return look.half_points ? to_font_pixels(*look.half_points) : default_font_pixels_;
+    return look.half_points ? font_pixels(*look.half_points) : default_font_pixels_;
 }
 
 /// More pixels than the paragraph will be high in any window fit to read it.
 double Writer::greatest_height(const RichParagraph& paragraph) const {
-    constexpr double narrowest_line = 150;
+    const double narrowest_line = 150 * scale_.pixels();
     constexpr double line_per_font_height = 1.5;
     double tallest = font_pixels(paragraph.mark);
     double lines = 1;
@@ -159,8 +161,8 @@ double Writer::greatest_height(const RichParagraph& paragraph) const {
     double line = tallest * line_per_font_height;
     line = paragraph.layout.line_spacing_factor
                ? std::max(line, line * spacing / single_line_spacing)
-               : line + logical_scale.length(spacing);
-    return lines * line + logical_scale.length(paragraph.layout.before + paragraph.layout.after);
+               : line + scale_.length(spacing);
+    return lines * line + scale_.length(paragraph.layout.before + paragraph.layout.after);
 }
 
 /// A document has one block from the start.
@@ -175,11 +177,11 @@ void Writer::begin_block(const QTextBlockFormat& block, const QTextCharFormat& m
 
 }  // namespace
 
-void show_rich_text(const RichDocument& document, QTextDocument& shown) {
+void show_rich_text(const RichDocument& document, QTextDocument& shown, const Scale& scale) {
     const bool undo_was_enabled = shown.isUndoRedoEnabled();
     shown.setUndoRedoEnabled(false);
     shown.clear();
-    Writer(document, shown).write();
+    Writer(document, shown, scale).write();
     shown.setUndoRedoEnabled(undo_was_enabled);
 }
 

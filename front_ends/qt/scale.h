@@ -7,16 +7,16 @@
 
 namespace solvanta::qt {
 
-/// Twips in logical pixels, which Qt takes to device pixels by itself.
-inline constexpr Scale logical_scale;
-
-inline QRectF place_of(const Element& element) {
-    return {logical_scale.length(element.Left), logical_scale.length(element.Top),
-            logical_scale.length(element.Width), logical_scale.length(element.Height)};
-}
+// Widgets lie at logical pixels, which Qt takes to those of the screen by a ratio. What is painted
+// is laid out in the screen's own.
 
 inline QRect to_qt(const PixelRect& rect) {
     return {rect.left, rect.top, rect.width(), rect.height()};
+}
+
+/// The logical pixels of a rectangle in those of the screen.
+inline QRectF to_logical(const PixelRect& rect, double ratio) {
+    return {rect.left / ratio, rect.top / ratio, rect.width() / ratio, rect.height() / ratio};
 }
 
 }  // namespace solvanta::qt

@@ -18,6 +18,7 @@ using Deliver = std::function<void(Event)>;
 struct WindowParts {
     Deliver deliver;
     Pictures& pictures;
+    Scale scale;                               ///< of the form in logical pixels
     QColor background;                         ///< of the form's client area
     std::vector<std::function<void()>> syncs;  ///< each brings one widget in line
     std::map<const TextBox*, QLineEdit*> text_boxes;

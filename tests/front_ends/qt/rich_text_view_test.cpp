@@ -21,7 +21,7 @@ TEST(RichTextView, GivesTheDocumentItsLook) {
             .value();
     document.paragraphs[0].runs[0].look = {};
     QTextDocument shown("old");
-    show_rich_text(document, shown);
+    show_rich_text(document, shown, Scale());
     QTextDocument page;  // of the same look
     page.setHtml(
         "<style>p{margin:0} span{font:16px Own,'Liberation Mono','DejaVu Sans Mono'}</style>"
@@ -50,7 +50,7 @@ TEST(RichTextView, LeavesOutWhatIsTooHigh) {
     for (const RichParagraph& part : {tall, tall_text, wide}) {
         QTextDocument shown;
         shown.setTextWidth(600);
-        show_rich_text({{}, std::vector(100'000, part)}, shown);
+        show_rich_text({{}, std::vector(100'000, part)}, shown, Scale());
         const double height = shown.documentLayout()->documentSize().height();
         EXPECT_TRUE(height > 1'000'000 && height < 5'000'000) << height;
     }

@@ -1,0 +1,129 @@
+#include "front_ends/common/resample.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+namespace solvanta {
+namespace {
+
+constexpr std::size_t channels = 4;
+constexpr float full = 255;
+
+using Light = std::vector<float>;  // of pixels one after the other, four channels each
+
+/// By what each value of a channel shines, 0 to 1. Alpha is an amount already.
+const std::array<float, 256>& lights() {
+    static const auto table = [] {
+        std::array<float, 256> values{};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const float value = static_cast<float>(i) / full;
+            values[i] =
+                value <= 0.04045F ? value / 12.92F : std::pow((value + 0.055F) / 1.055F, 2.4F);
+        }
+        return values;
+    }();
+    return table;
+}
+
+/// The value of a channel that shines so.
+std::uint32_t value_of(float light) {
+    constexpr std::size_t steps = 4096;  // enough for neighbouring values to be told apart
+    static const auto table = [] {
+        std::array<std::uint8_t, steps + 1> values{};
+        for (std::size_t i = 0; i <= steps; ++i) {
+            const float value = static_cast<float>(i) / steps;
+            const float shown =
+                value <= 0.0031308F ? value * 12.92F : 1.055F * std::pow(value, 1 / 2.4F) - 0.055F;
+            values[i] = static_cast<std::uint8_t>(std::lround(shown * full));
+        }
+        return values;
+    }();
+    return table[static_cast<std::size_t>(std::clamp(light, 0.0F, 1.0F) * steps + 0.5F)];
+}
+
+/// What of a line of pixels falls into one pixel of another: from `first` on, in such parts.
+struct Share {
+    int first = 0;
+    std::vector<float> parts;
+};
+
+std::vector<Share> shares(int from, int to) {
+    std::vector<Share> result;
+    const double step = static_cast<double>(from) / to;
+    for (int i = 0; i < to; ++i) {
+        const double begin = i * step;
+        const double end = begin + step;
+        Share share{static_cast<int>(begin), {}};
+        for (int at = share.first; at < from && at < end; ++at) {
+            const double part = std::min(end, at + 1.0) - std::max(begin, static_cast<double>(at));
+            share.parts.push_back(static_cast<float>(part / step));
+        }
+        result.push_back(std::move(share));
+    }
+    return result;
+}
+
+/// Adds a part of a line of pixels to `sum`.
+void add_line(const std::uint32_t* pixels, int width, float part, Light& sum) {
+    const auto& light = lights();
+    float* out = sum.data();
+    for (int x = 0; x < width; ++x, out += channels) {
+        const std::uint32_t pixel = pixels[x];
+        out[0] += part * light[pixel & 0xFFU];
+        out[1] += part * light[pixel >> 8U & 0xFFU];
+        out[2] += part * light[pixel >> 16U & 0xFFU];
+        out[3] += part * static_cast<float>(pixel >> 24U) / full;
+    }
+}
+
+std::uint32_t pixel_of(const Light& line, const Share& share) {
+    std::array<float, channels> sum{};
+    const float* in = &line[static_cast<std::size_t>(share.first) * channels];
+    for (const float part : share.parts) {
+        for (float& channel : sum)
+            channel += part * *in++;
+    }
+    const auto alpha = static_cast<std::uint32_t>(std::lround(sum[3] * full));
+    return alpha << 24U | value_of(sum[2]) << 16U | value_of(sum[1]) << 8U | value_of(sum[0]);
+}
+
+int channel_of(std::uint32_t pixel, unsigned shift) {
+    return static_cast<int>(pixel >> shift & 0xFFU);
+}
+
+}  // namespace
+
+void resample(const PixelGrid& from, const PixelGrid& to) {
+    const std::vector<Share> across = shares(from.width, to.width);
+    std::uint32_t* out = to.pixels;
+    for (const Share& down : shares(from.height, to.height)) {
+        Light line(static_cast<std::size_t>(from.width) * channels);
+        const std::uint32_t* in = from.pixels + std::ptrdiff_t{down.first} * from.width;
+        for (const float part : down.parts) {
+            add_line(in, from.width, part, line);
+            in += from.width;
+        }
+        for (const Share& share : across)
+            *out++ = pixel_of(line, share);
+    }
+}
+
+bool shows_the_same(const PixelGrid& small, const PixelGrid& large, int times) {
+    if (large.width != small.width * times || large.height != small.height * times) return false;
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(small.width) *
+                                      static_cast<std::size_t>(small.height));
+    resample(large, {pixels.data(), small.width, small.height});
+    constexpr std::size_t most = 12;  // of 255 to a channel
+    std::size_t differences = 0;
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        for (const unsigned shift : {0U, 8U, 16U})
+            differences += static_cast<std::size_t>(
+                std::abs(channel_of(pixels[i], shift) - channel_of(small.pixels[i], shift)));
+    }
+    return differences <= most * 3 * pixels.size();
+}
+
+}  // namespace solvanta
