@@ -108,6 +108,7 @@ bool is_whole_picture(std::string_view bytes, std::string_view suffix) {
     if (suffix == "bmp") return bitmap_is_whole(file);
     if (suffix == "gif") return gif_is_whole(file);
     if (suffix == "jpg") return jpeg_is_whole(file);
+    if (suffix == "png") return bytes.find("IEND\xAE\x42\x60\x82") != std::string_view::npos;
     return true;
 }
 

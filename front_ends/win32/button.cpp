@@ -24,7 +24,7 @@ Button::Button(CommandButton& element, WindowParts& parts, HWND parent)
 
 void Button::sync() {
     sync_text(handle(), element_.Caption, standard_font(button_font_pixels, parts_.scale));
-    sync_place(handle(), element_, parts_.scale);
+    sync_place(handle(), element_, parts_);
 }
 
 std::optional<LRESULT> Button::answer(const Message& message) {

@@ -1,6 +1,5 @@
 #include "front_ends/win32/canvas.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <commctrl.h>
@@ -39,22 +38,12 @@ bool is_on_control(const Message& message) {
 void Canvas::sync() {
     const PixelRect changed = looks_.changes(
         container_, scale(),
-        [this](const PictureElement& element) { return painted_area(element); },
+        [this](const PictureElement& element) {
+            return painted_area(element, parts_.pictures.size(element.Picture), scale()).shown;
+        },
         has_key_stops(container_) ? parts_.ringed : nullptr);
     const RECT area = to_rect(changed);
     if (!changed.empty()) InvalidateRect(handle(), &area, FALSE);
-}
-
-/// A picture is painted at its own size; the stand-in of one that can't be read at the element's.
-PixelRect Canvas::painted_area(const PictureElement& element) const {
-    PixelRect area = scale().place_of(element);
-    const Image* const image = parts_.pictures.image(element.Picture, is_fine(scale()));
-    if (!image) return area;
-    const SIZE size = image->size(scale());
-    area.right = area.left + size.cx;
-    const int height = size.cy;
-    area.bottom = area.top + (element.CutToHeight ? std::min(area.height(), height) : height);
-    return area;
 }
 
 std::optional<LRESULT> Canvas::answer(const Message& message) {
@@ -80,8 +69,8 @@ std::optional<LRESULT> Canvas::answer(const Message& message) {
 
 POINT Canvas::place_in_twips(const Message& message) const {
     constexpr double middle = 0.5;  // a pixel belongs to the element that paints it
-    return {scale().twips(GET_X_LPARAM(message.l) + middle),
-            scale().twips(GET_Y_LPARAM(message.l) + middle)};
+    return {scale().twips_across(GET_X_LPARAM(message.l) + middle),
+            scale().twips_down(GET_Y_LPARAM(message.l) + middle)};
 }
 
 LRESULT Canvas::press(const Message& message) {
@@ -135,9 +124,10 @@ void Canvas::paint_elements(HDC dc) const {
 }
 
 void Canvas::paint(HDC dc, const RECT& area, const PictureElement& element) const {
-    const Image* const image = parts_.pictures.image(element.Picture, is_fine(scale()));
-    if (!image) return paint_placeholder(dc, area, element.Picture, scale());
-    image->paint(dc, area, image->size(scale()).cy);
+    const PixelSize* const own = parts_.pictures.size(element.Picture);
+    if (!own) return paint_placeholder(dc, area, element.Picture, scale());
+    const PixelSize whole = painted_area(element, own, scale()).whole;
+    parts_.pictures.image(element.Picture, whole).paint(dc, area, whole.height);
 }
 
 void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
@@ -148,7 +138,7 @@ void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
 
 // A group box is what tells a screen reader that the elements inside belong together.
 FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
-    : Canvas(frame, parts), frame_(frame) {
+    : Canvas(frame, &frame, parts), frame_(frame) {
     create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | BS_GROUPBOX,
            WS_EX_CONTROLPARENT, parent);
     words_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD, 0, 0, 0, 0, handle(), nullptr,
@@ -159,7 +149,7 @@ void FrameBox::sync() {
     EnableWindow(handle(), frame_.Enabled ? TRUE : FALSE);
     sync_text(handle(), frame_.Caption, to_font({}, scale()));
     sync_text(words_, words_of(frame_), nullptr);
-    sync_place(handle(), frame_, scale());
+    sync_place(handle(), frame_, parts());
     Canvas::sync();
 }
 

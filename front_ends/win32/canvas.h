@@ -10,8 +10,9 @@ namespace solvanta::win32 {
 /// its Mouse. It is also the parent of the container's controls.
 class Canvas : public PaintedWindow {
   public:
-    Canvas(Container& container, WindowParts& parts)
-        : container_(container), parts_(parts), mouse_(container) {}
+    /// `within` is the element that holds the container, unless that is the form.
+    Canvas(Container& container, const Element* within, WindowParts& parts)
+        : container_(container), within_(within), parts_(parts), mouse_(container) {}
 
     /// Has what looks otherwise than at the last call painted anew.
     void sync() override;
@@ -21,18 +22,20 @@ class Canvas : public PaintedWindow {
     void paint(HDC dc) override;
 
     void paint_elements(HDC dc) const;
-    const Scale& scale() const { return parts_.scale; }
+    Scale scale() const { return within_ ? parts_.scale.inside(*within_) : parts_.scale; }
+
+    WindowParts& parts() const { return parts_; }
 
   private:
     LRESULT press(const Message& message);
     LRESULT release(const Message& message);
     POINT place_in_twips(const Message& message) const;
     void paint_ring(HDC dc) const;
-    PixelRect painted_area(const PictureElement& element) const;
     void paint(HDC dc, const RECT& area, const PictureElement& element) const;
     void paint(HDC dc, const RECT& area, const Label& label) const;
 
     Container& container_;
+    const Element* within_;
     WindowParts& parts_;
     Mouse mouse_;
     CanvasLooks looks_;      // as of the last `sync`

@@ -66,7 +66,7 @@ class NameEdit final : public Window {
     void sync() override {
         if (!is_shown(GetParent(handle()))) return;
         sync_text(handle(), box_.Text, to_font(box_.Font, parts_.scale));
-        sync_place(handle(), box_, parts_.scale);
+        sync_place(handle(), box_, parts_);
     }
 
   protected:
@@ -140,10 +140,12 @@ class NameEdit final : public Window {
 };
 
 /// The largest size with the proportions of `picture` that fits into `room`.
-SIZE fitted(SIZE picture, SIZE room) {
-    const auto width = static_cast<LONG>(MulDiv(room.cy, picture.cx, picture.cy));
-    if (width <= room.cx) return {width, room.cy};
-    return {room.cx, MulDiv(room.cx, picture.cy, picture.cx)};
+PixelSize fitted(PixelSize picture, SIZE room) {
+    const int width = MulDiv(room.cy, picture.width, picture.height);
+    const PixelSize size = width <= room.cx
+                               ? PixelSize{width, room.cy}
+                               : PixelSize{room.cx, MulDiv(room.cx, picture.height, picture.width)};
+    return {std::max(1, size.width), std::max(1, size.height)};
 }
 
 /// The picture is drawn as large as fits, its proportions kept, on the form's background.
@@ -154,7 +156,7 @@ class PictureView final : public PaintedWindow {
     }
 
     void sync() override {
-        sync_place(handle(), box_, parts_.scale);
+        sync_place(handle(), box_, parts_);
         if (shown_ != box_.Picture.load_number()) InvalidateRect(handle(), nullptr, FALSE);
         shown_ = box_.Picture.load_number();
     }
@@ -164,12 +166,13 @@ class PictureView final : public PaintedWindow {
         const RECT area = client_area(handle());
         fill(dc, area, to_ground(parts_.background));
         if (box_.Picture.load_number() == 0) return;
-        const Image* const image = parts_.pictures.image(box_.Picture, is_fine(parts_.scale));
-        if (!image) return paint_placeholder(dc, area, box_.Picture, parts_.scale);
-        const SIZE size = fitted(image->size(parts_.scale), size_of(area));
-        const LONG left = (area.right - size.cx) / 2;
-        const LONG top = (area.bottom - size.cy) / 2;
-        image->paint(dc, {left, top, left + size.cx, top + size.cy}, size.cy);
+        const PixelSize* const own = parts_.pictures.size(box_.Picture);
+        if (!own) return paint_placeholder(dc, area, box_.Picture, parts_.scale);
+        const PixelSize size = fitted(*own, size_of(area));
+        const LONG left = (area.right - size.width) / 2;
+        const LONG top = (area.bottom - size.height) / 2;
+        parts_.pictures.image(box_.Picture, size)
+            .paint(dc, {left, top, left + size.width, top + size.height}, size.height);
     }
 
   private:
@@ -190,6 +193,9 @@ void build(CommandButton& button, HWND parent, WindowParts& parts) {
 
 // First the frame: a control in a frame just shown can take the focus at once.
 void build(Frame& frame, HWND parent, WindowParts& parts) {
+    for (const Control& control : frame.controls) {
+        std::visit([&](const auto* element) { parts.frames[element] = &frame; }, control);
+    }
     build_controls(frame, add<FrameBox>(frame, parent, parts), parts);
 }
 

@@ -10,7 +10,9 @@
 namespace solvanta::win32 {
 namespace {
 
-constexpr DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+/// The timer that runs out when the size has not changed for a while; the form's own begin at 1.
+constexpr UINT_PTR rest_timer = 1000;
+constexpr UINT rest_milliseconds = 150;
 
 /// How long the machine has been running, without what it slept.
 Ticks::Time time_awake() {
@@ -47,18 +49,20 @@ void centre(HWND window, const RECT& free) {
 
 FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWindow&)> close_box,
                        std::function<void()> to_box)
-    : Canvas(form, parts_),
+    : Canvas(form, nullptr, parts_),
       form_(form),
       parts_(std::move(parts)),
       close_box_(std::move(close_box)),
       to_box_(std::move(to_box)) {
-    create(plain_class(), style, WS_EX_CONTROLPARENT, nullptr);
+    create(plain_class(), window_style, extended_window_style, nullptr);
     parts_.background = form.BackColor;
     const bool centred = form.Place == OpeningPlace::Centered;
     const RECT free = work_area(centred && GetActiveWindow() ? GetActiveWindow() : handle());
     // On its screen first, whose resolution makes its size.
     if (centred) move_to(handle(), {free.left, free.top});
-    fit_to(GetDpiForWindow(handle()), {}, SWP_NOMOVE);
+    size_.open(form, handle());
+    parts_.scale = size_.scale();
+    load_icons();
     if (centred) centre(handle(), free);
     build_controls(form, handle(), parts_);
     if (has_key_stops(form))
@@ -72,19 +76,9 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     }
 }
 
-/// Gives the window a client area of the form's size on a screen of that resolution. The flags are
-/// those of SetWindowPos.
-void FormWindow::fit_to(UINT dpi, POINT corner, UINT flags) {
-    parts_.scale = scale_at(dpi);
-    if (form_.HasIcon) load_icons(dpi);
-    RECT rect{0, 0, scale().edge(form_.ClientWidth), scale().edge(form_.ClientHeight)};
-    AdjustWindowRectExForDpi(&rect, style, FALSE, WS_EX_CONTROLPARENT, dpi);
-    const SIZE size = size_of(rect);
-    SetWindowPos(handle(), nullptr, corner.x, corner.y, size.cx, size.cy,
-                 flags | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void FormWindow::load_icons(UINT dpi) {
+void FormWindow::load_icons() {
+    if (!form_.HasIcon) return;
+    const UINT dpi = GetDpiForWindow(handle());
     for (const std::size_t kind : {std::size_t{ICON_SMALL}, std::size_t{ICON_BIG}}) {
         const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON, dpi);
         // Shared icons would keep the size that was asked for first.
@@ -93,6 +87,32 @@ void FormWindow::load_icons(UINT dpi) {
         SendMessageW(handle(), WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
         icons_.at(kind).reset(static_cast<HICON>(icon));
     }
+}
+
+void FormWindow::lay_out() {
+    parts_.scale = size_.scale();
+    sync();
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+LRESULT FormWindow::come_to_rest() {
+    KillTimer(handle(), rest_timer);
+    parts_.pictures.quick(false);
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return 0;
+}
+
+std::optional<LRESULT> FormWindow::answer_size(const Message& message) {
+    if (message.id == WM_GETMINMAXINFO) {
+        size_.limit(*reinterpret_cast<MINMAXINFO*>(message.l));
+    } else if (message.id != WM_SIZE) {
+        size_.stay_on_screen();
+    } else if (message.w != SIZE_MINIMIZED && IsWindowVisible(handle())) {
+        parts_.pictures.quick(true);
+        SetTimer(handle(), rest_timer, rest_milliseconds, nullptr);
+        lay_out();
+    }
+    return std::nullopt;
 }
 
 void FormWindow::sync() {
@@ -133,23 +153,29 @@ void FormWindow::let_go() {
 std::optional<LRESULT> FormWindow::answer(const Message& message) {
     switch (message.id) {
         case WM_TIMER:
-            return tick(message.w - 1);
+            return message.w == rest_timer ? come_to_rest() : tick(message.w - 1);
         case WM_CLOSE:
         case WM_QUERYENDSESSION:
         case WM_ENDSESSION:
             return answer_end(message);
         case WM_ACTIVATE:
         case WM_SETFOCUS:
-        case WM_SIZE:
         case WM_SYSCOMMAND:
             return answer_focus(message);
+        case WM_SIZE:
+            answer_size(message);
+            return answer_focus(message);
+        case WM_GETMINMAXINFO:
+        case WM_DISPLAYCHANGE:
+        case WM_SETTINGCHANGE:
+            return answer_size(message);
         case active_below_box:
             to_box_();
             return 0;
         case WM_SYSCOLORCHANGE:
             return change_colors();
         case WM_DPICHANGED:
-            return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
+            return come_to_screen(*reinterpret_cast<const RECT*>(message.l));
         case WM_CTLCOLORBTN:
             return ground_of_button(reinterpret_cast<HDC>(message.w));
     }
@@ -204,11 +230,13 @@ void FormWindow::find_focus(HWND from) {
     if (next && takes_focus(next)) SetFocus(next);
 }
 
-/// The window has come to a screen of another resolution, and is to lie about `place`.
-LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
-    fit_to(dpi, {place.left, place.top}, 0);
-    sync();
-    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+/// The window has come to a screen of another resolution, and is to lie there.
+LRESULT FormWindow::come_to_screen(const RECT& place) {
+    load_icons();
+    const SIZE size = size_of(place);
+    SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    lay_out();
     return 0;
 }
 

@@ -1,5 +1,6 @@
 #include "front_ends/win32/host.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <commctrl.h>
@@ -17,6 +18,7 @@ FormWindow& Win32Host::create_window(Form& form) {
                       .background = {},
                       .controls = {},
                       .text_boxes = {},
+                      .frames = {},
                       .hide_ring = {}};
     return add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); },
@@ -69,9 +71,14 @@ int Win32Host::run() {
 }
 
 void Win32Host::handle(MSG& message) {
+    HWND window = GetAncestor(message.hwnd, GA_ROOT);
+    const auto takes = [&](const Owner& one) {
+        return one->handle() == window && one->take(message);
+    };
     // The keys that lead from control to control are those of every dialog.
     const bool is_key = message.message == WM_KEYDOWN;
-    if (!is_key || !IsDialogMessageW(GetAncestor(message.hwnd, GA_ROOT), &message)) {
+    if (!std::any_of(windows().begin(), windows().end(), takes) &&
+        (!is_key || !IsDialogMessageW(window, &message))) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -1,6 +1,5 @@
 #include "front_ends/win32/look.h"
 
-#include <cmath>
 #include <map>
 #include <string>
 #include <tuple>
@@ -23,7 +22,7 @@ std::wstring message_family() {
 /// takes its place.
 std::wstring family_for(const std::string& family, const Scale& scale) {
     const bool screen_font = family == "MS Sans Serif";
-    return screen_font && scale != Scale() ? L"Microsoft Sans Serif" : to_utf16(family);
+    return screen_font && scale.pixels() != 1 ? L"Microsoft Sans Serif" : to_utf16(family);
 }
 
 HFONT make_font(const std::wstring& family, int pixels, bool bold) {
@@ -57,8 +56,7 @@ bool is_dark(COLORREF color) {
 HFONT to_font(const Font& font, const Scale& scale) {
     if (font.family.empty()) return standard_font(standard_font_pixels, scale);
     const double pixels = font.points * USER_DEFAULT_SCREEN_DPI / 72;
-    return make_font(family_for(font.family, scale),
-                     static_cast<int>(std::lround(pixels * scale.pixels())), font.bold);
+    return make_font(family_for(font.family, scale), scale.scaled(pixels), font.bold);
 }
 
 HFONT standard_font(int pixels, const Scale& scale) {

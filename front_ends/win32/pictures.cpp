@@ -36,7 +36,7 @@ const GUID* format_of(const std::string& suffix) {
     return nullptr;
 }
 
-/// The first picture of a file in memory, its pixels as those of a Bitmap; null when the bytes are
+/// The first picture of a file in memory, its pixels as those of an Image; null when the bytes are
 /// none in this format.
 ComPtr<IWICFormatConverter> first_picture(IWICImagingFactory& factory, std::string& bytes,
                                           const GUID& format) {
@@ -58,84 +58,71 @@ ComPtr<IWICFormatConverter> first_picture(IWICImagingFactory& factory, std::stri
     return read ? picture : nullptr;
 }
 
-/// A clear picture; none when it has no pixels, or the system no memory for it.
-Bitmap new_bitmap(LONG width, LONG height) {
-    BITMAPINFO description{};
-    description.bmiHeader.biSize = sizeof description.bmiHeader;
-    description.bmiHeader.biWidth = width;
-    description.bmiHeader.biHeight = -height;  // the top line first
-    description.bmiHeader.biPlanes = 1;
-    description.bmiHeader.biBitCount = 32;
-    void* pixels = nullptr;
-    GdiObject handle(CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
-    return {{width, height}, std::move(handle), static_cast<std::uint32_t*>(pixels)};
-}
-
-Bitmap decoded(std::string& bytes, const std::string& suffix) {
+std::optional<Image> decoded(std::string& bytes, const std::string& suffix) {
     const GUID* const format = format_of(suffix);
-    if (!format || !decoders()) return {};
+    if (!format || !decoders()) return std::nullopt;
     const ComPtr<IWICFormatConverter> picture = first_picture(*decoders(), bytes, *format);
     UINT width = 0;
     UINT height = 0;
     if (picture) picture->GetSize(&width, &height);
-    if (std::max(width, height) > UINT{largest_picture_side}) return {};
-    Bitmap bitmap = new_bitmap(static_cast<LONG>(width), static_cast<LONG>(height));
+    if (std::max(width, height) > UINT{largest_picture_side}) return std::nullopt;
+    Image image({static_cast<int>(width), static_cast<int>(height)});
+    auto* const pixels = reinterpret_cast<BYTE*>(image.grid().pixels);
     const bool copied =
-        bitmap.handle && SUCCEEDED(picture->CopyPixels(nullptr, 4 * width, 4 * width * height,
-                                                       reinterpret_cast<BYTE*>(bitmap.pixels)));
-    return copied ? std::move(bitmap) : Bitmap();
+        pixels && SUCCEEDED(picture->CopyPixels(nullptr, 4 * width, 4 * width * height, pixels));
+    return copied ? std::optional(std::move(image)) : std::nullopt;
 }
 
-Bitmap copy_of(std::string_view bytes, const PlainBitmap& plain) {
-    Bitmap bitmap = new_bitmap(plain.width, plain.height);
-    if (bitmap.handle) {
-        copy_pixels(bytes, plain,
-                    [&](int y) { return bitmap.pixels + y * std::ptrdiff_t{plain.width}; });
-    }
-    return bitmap;
+std::optional<Image> copy_of(std::string_view bytes, const PlainBitmap& plain) {
+    Image image({plain.width, plain.height});
+    std::uint32_t* const pixels = image.grid().pixels;
+    if (!pixels) return std::nullopt;
+    copy_pixels(bytes, plain, [&](int y) { return pixels + y * std::ptrdiff_t{plain.width}; });
+    return image;
 }
 
 }  // namespace
 
-Image::Image(Bitmap bitmap, bool fine)
-    : bitmap_(std::move(bitmap)),
-      pixels_to_one_(fine ? 2 : 1),
-      opaque_(std::all_of(bitmap_.pixels,
-                          bitmap_.pixels + std::ptrdiff_t{bitmap_.size.cx} * bitmap_.size.cy,
-                          [](std::uint32_t pixel) { return pixel >> 24U == 0xFF; })) {}
+Image::Image(PixelSize size) : size_(size) {
+    BITMAPINFO description{};
+    description.bmiHeader.biSize = sizeof description.bmiHeader;
+    description.bmiHeader.biWidth = size.width;
+    description.bmiHeader.biHeight = -size.height;  // the top line first
+    description.bmiHeader.biPlanes = 1;
+    description.bmiHeader.biBitCount = 32;
+    void* pixels = nullptr;
+    bitmap_.reset(CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &pixels, nullptr, 0));
+    pixels_ = static_cast<std::uint32_t*>(pixels);
+}
 
-SIZE Image::size(const Scale& scale) const {
-    const auto side = [&](LONG pixels) {
-        return std::max(1L,
-                        std::lround(static_cast<double>(pixels) / pixels_to_one_ * scale.pixels()));
-    };
-    return {side(bitmap_.size.cx), side(bitmap_.size.cy)};
+void Image::find_out_opacity() {
+    opaque_ = std::all_of(pixels_, pixels_ + std::ptrdiff_t{size_.width} * size_.height,
+                          [](std::uint32_t pixel) { return pixel >> 24U == 0xFF; });
 }
 
 void Image::paint(HDC dc, const RECT& area, int height) const {
     const SIZE target = size_of(area);
-    const SIZE whole = bitmap_.size;
-    const int lines = MulDiv(whole.cy, target.cy, height);
+    const int lines = MulDiv(size_.height, target.cy, height);
     HDC memory = CreateCompatibleDC(dc);
-    HGDIOBJ before = SelectObject(memory, bitmap_.handle.get());
+    HGDIOBJ before = SelectObject(memory, bitmap_.get());
     if (opaque_) {
-        SetStretchBltMode(dc, height == whole.cy ? COLORONCOLOR : HALFTONE);
-        StretchBlt(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, whole.cx, lines,
+        SetStretchBltMode(dc, COLORONCOLOR);
+        StretchBlt(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, size_.width, lines,
                    SRCCOPY);
     } else {
         const BLENDFUNCTION by_alpha{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-        GdiAlphaBlend(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, whole.cx, lines,
-                      by_alpha);
+        GdiAlphaBlend(dc, area.left, area.top, target.cx, target.cy, memory, 0, 0, size_.width,
+                      lines, by_alpha);
     }
     SelectObject(memory, before);
     DeleteDC(memory);
 }
 
-std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix, bool fine) {
+std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix) {
     const auto plain = suffix == "bmp" ? plain_bitmap(bytes, largest_picture_side) : std::nullopt;
-    Bitmap bitmap = plain ? copy_of(bytes, *plain) : decoded(bytes, suffix);
-    if (!bitmap.handle) return std::nullopt;
-    return Image(std::move(bitmap), fine);
+    std::optional<Image> image = plain ? copy_of(bytes, *plain) : decoded(bytes, suffix);
+    if (image && !plain) image->find_out_opacity();
+    return image;
 }
 
 void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const Scale& scale) {
@@ -144,7 +131,7 @@ void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const 
     fill(dc, place, to_color(placeholder_border));
     fill(dc, inside, to_color(placeholder_ground));
     const std::string name = file_name(picture.path());
-    const int font_pixels = placeholder_font_pixels([&](int pixels) {
+    const int font_pixels = placeholder_font_pixels(Scale(), [&](int pixels) {
         const SIZE size = text_size(dc, name, standard_font(pixels, scale));
         return size.cx <= size_of(inside).cx && size.cy <= size_of(inside).cy;
     });

@@ -9,44 +9,35 @@
 
 namespace solvanta::win32 {
 
-/// A picture in memory: 32 bits a pixel, blue, green, red and alpha in rising bytes, the colours
-/// multiplied by alpha, the top line first.
-struct Bitmap {
-    SIZE size{};
-    GdiObject handle;                 ///< without one there is no picture
-    std::uint32_t* pixels = nullptr;  ///< owned by the handle
-};
-
-/// A picture as it is shown.
+/// A picture ready for painting.
 class Image {
   public:
-    /// `fine` says that two of the bitmap's pixels make one.
-    Image(Bitmap bitmap, bool fine);
+    explicit Image(PixelSize size);
+    Image(const Image& like, PixelSize size) : Image(size) { opaque_ = like.opaque_; }
 
-    /// Its own size in device pixels.
-    SIZE size(const Scale& scale) const;
+    PixelGrid grid() const { return {pixels_, size_.width, size_.height}; }
 
-    /// Paints the picture into `area`, scaled to its width and to `height`. What reaches below
-    /// the area is left out.
+    /// To be called when all pixels are there.
+    void find_out_opacity();
+
+    /// Paints the picture into `area`, as if that were so many pixels high: what reaches below it
+    /// is left out. One of another size, while a window is being resized, is stretched as fast as
+    /// can be.
     void paint(HDC dc, const RECT& area, int height) const;
 
   private:
-    Bitmap bitmap_;
-    int pixels_to_one_;
-    bool opaque_;
+    PixelSize size_;
+    GdiObject bitmap_;                 ///< without one there is no memory for the picture
+    std::uint32_t* pixels_ = nullptr;  ///< owned by the bitmap
+    bool opaque_ = true;
 };
 
-/// The images of the pictures on show, ready for painting.
+/// The images of the pictures on show.
 using Pictures = PictureStore<Image>;
 
 /// What `Pictures` make their images by. Files other than plain bitmaps are read by the system's
 /// own decoders, which are loaded for the first one.
-std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix, bool fine);
-
-/// Whether a screen wants the fine files.
-inline bool is_fine(const Scale& scale) {
-    return scale.pixels() > 1;
-}
+std::optional<Image> decode_picture(std::string& bytes, const std::string& suffix);
 
 /// Paints what stands in for a picture that can't be read.
 void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const Scale& scale);

@@ -76,7 +76,7 @@ RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND pare
 }
 
 void RichTextView::sync() {
-    sync_place(handle(), box_, parts_.scale);
+    sync_place(handle(), box_, parts_);
     const bool changed = shown_ != box_.TextRTF;
     if (changed) {
         shown_ = box_.TextRTF;
