@@ -73,3 +73,5 @@ void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& pi
 }
 
 }  // namespace solvanta::qt
+
+template class solvanta::PictureStore<solvanta::qt::Image>;

@@ -39,3 +39,5 @@ void paint_placeholder(QPainter& painter, const QRectF& place, const Picture& pi
                        const Scale& scale);
 
 }  // namespace solvanta::qt
+
+extern template class solvanta::PictureStore<solvanta::qt::Image>;

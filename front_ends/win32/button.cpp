@@ -17,14 +17,14 @@ bool is_under_mouse(const Message& message) {
 
 }  // namespace
 
-Button::Button(CommandButton& element, WindowParts& parts, HWND parent)
-    : element_(element), parts_(parts) {
-    create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_PUSHBUTTON, 0, parent);
+Button::Button(CommandButton& element, WindowParts& parts, const Canvas& parent)
+    : element_(element), parts_(parts), parent_(parent) {
+    create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | BS_PUSHBUTTON, 0, parent.handle());
 }
 
 void Button::sync() {
     sync_text(handle(), element_.Caption, standard_font(button_font_pixels, parts_.scale));
-    sync_place(handle(), element_, parts_);
+    sync_place(handle(), element_, parent_.scale());
 }
 
 std::optional<LRESULT> Button::answer(const Message& message) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "front_ends/win32/window_parts.h"
+#include "front_ends/win32/canvas.h"
 
 namespace solvanta::win32 {
 
@@ -8,7 +8,7 @@ namespace solvanta::win32 {
 /// it is, so that a name half typed can be finished.
 class Button final : public Window {
   public:
-    Button(CommandButton& element, WindowParts& parts, HWND parent);
+    Button(CommandButton& element, WindowParts& parts, const Canvas& parent);
 
     void sync() override;
 
@@ -25,6 +25,7 @@ class Button final : public Window {
 
     CommandButton& element_;
     WindowParts& parts_;
+    const Canvas& parent_;
     bool held_ = false;  // by the mouse
 };
 

@@ -137,10 +137,10 @@ void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
 }
 
 // A group box is what tells a screen reader that the elements inside belong together.
-FrameBox::FrameBox(Frame& frame, WindowParts& parts, HWND parent)
-    : Canvas(frame, &frame, parts), frame_(frame) {
+FrameBox::FrameBox(Frame& frame, WindowParts& parts, const Canvas& parent)
+    : Canvas(frame, &frame, parts), frame_(frame), parent_(parent) {
     create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | BS_GROUPBOX,
-           WS_EX_CONTROLPARENT, parent);
+           WS_EX_CONTROLPARENT, parent.handle());
     words_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD, 0, 0, 0, 0, handle(), nullptr,
                              GetModuleHandleW(nullptr), nullptr);
 }
@@ -149,7 +149,7 @@ void FrameBox::sync() {
     EnableWindow(handle(), frame_.Enabled ? TRUE : FALSE);
     sync_text(handle(), frame_.Caption, to_font({}, scale()));
     sync_text(words_, words_of(frame_), nullptr);
-    sync_place(handle(), frame_, parts());
+    sync_place(handle(), frame_, parent_.scale());
     Canvas::sync();
 }
 

@@ -17,14 +17,14 @@ class Canvas : public PaintedWindow {
     /// Has what looks otherwise than at the last call painted anew.
     void sync() override;
 
+    /// Of what is inside.
+    Scale scale() const { return within_ ? parts_.scale.inside(*within_) : parts_.scale; }
+
   protected:
     std::optional<LRESULT> answer(const Message& message) override;
     void paint(HDC dc) override;
 
     void paint_elements(HDC dc) const;
-    Scale scale() const { return within_ ? parts_.scale.inside(*within_) : parts_.scale; }
-
-    WindowParts& parts() const { return parts_; }
 
   private:
     LRESULT press(const Message& message);
@@ -45,7 +45,7 @@ class Canvas : public PaintedWindow {
 /// A frame: its border and caption, and inside the border what its container holds.
 class FrameBox final : public Canvas {
   public:
-    FrameBox(Frame& frame, WindowParts& parts, HWND parent);
+    FrameBox(Frame& frame, WindowParts& parts, const Canvas& parent);
 
     void sync() override;
 
@@ -57,6 +57,7 @@ class FrameBox final : public Canvas {
     void paint_border(HDC dc) const;
 
     Frame& frame_;
+    const Canvas& parent_;
     HWND words_ = nullptr;  // hidden before the text box: readers take it for the box's name
 };
 

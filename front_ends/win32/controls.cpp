@@ -56,9 +56,10 @@ std::wstring in_one_line(std::wstring text) {
 /// write; what would make a second line is kept from it.
 class NameEdit final : public Window {
   public:
-    NameEdit(TextBox& box, WindowParts& parts, HWND parent) : box_(box), parts_(parts) {
+    NameEdit(TextBox& box, WindowParts& parts, const Canvas& parent)
+        : box_(box), parts_(parts), parent_(parent) {
         create(WC_EDITW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
-               WS_EX_CLIENTEDGE, parent);
+               WS_EX_CLIENTEDGE, parent.handle());
         parts.text_boxes[&box] = handle();
     }
 
@@ -66,7 +67,7 @@ class NameEdit final : public Window {
     void sync() override {
         if (!is_shown(GetParent(handle()))) return;
         sync_text(handle(), box_.Text, to_font(box_.Font, parts_.scale));
-        sync_place(handle(), box_, parts_);
+        sync_place(handle(), box_, parent_.scale());
     }
 
   protected:
@@ -137,6 +138,7 @@ class NameEdit final : public Window {
 
     TextBox& box_;
     WindowParts& parts_;
+    const Canvas& parent_;
 };
 
 /// The largest size with the proportions of `picture` that fits into `room`.
@@ -151,12 +153,13 @@ PixelSize fitted(PixelSize picture, SIZE room) {
 /// The picture is drawn as large as fits, its proportions kept, on the form's background.
 class PictureView final : public PaintedWindow {
   public:
-    PictureView(const PictureBox& box, WindowParts& parts, HWND parent) : box_(box), parts_(parts) {
-        create(plain_class(), WS_CHILD | WS_CLIPSIBLINGS, 0, parent);
+    PictureView(const PictureBox& box, WindowParts& parts, const Canvas& parent)
+        : box_(box), parts_(parts), parent_(parent) {
+        create(plain_class(), WS_CHILD | WS_CLIPSIBLINGS, 0, parent.handle());
     }
 
     void sync() override {
-        sync_place(handle(), box_, parts_);
+        sync_place(handle(), box_, parent_.scale());
         if (shown_ != box_.Picture.load_number()) InvalidateRect(handle(), nullptr, FALSE);
         shown_ = box_.Picture.load_number();
     }
@@ -178,42 +181,42 @@ class PictureView final : public PaintedWindow {
   private:
     const PictureBox& box_;
     WindowParts& parts_;
+    const Canvas& parent_;
     std::uint64_t shown_ = 0;  // the load of the picture
 };
 
 template <typename ControlWindow, typename Element>
-HWND add(Element& element, HWND parent, WindowParts& parts) {
-    parts.controls.push_back(std::make_unique<ControlWindow>(element, parts, parent));
-    return parts.controls.back()->handle();
+ControlWindow& add(Element& element, const Canvas& parent, WindowParts& parts) {
+    auto control = std::make_unique<ControlWindow>(element, parts, parent);
+    ControlWindow& added = *control;
+    parts.controls.push_back(std::move(control));
+    return added;
 }
 
-void build(CommandButton& button, HWND parent, WindowParts& parts) {
+void build(CommandButton& button, const Canvas& parent, WindowParts& parts) {
     add<Button>(button, parent, parts);
 }
 
 // First the frame: a control in a frame just shown can take the focus at once.
-void build(Frame& frame, HWND parent, WindowParts& parts) {
-    for (const Control& control : frame.controls) {
-        std::visit([&](const auto* element) { parts.frames[element] = &frame; }, control);
-    }
+void build(Frame& frame, const Canvas& parent, WindowParts& parts) {
     build_controls(frame, add<FrameBox>(frame, parent, parts), parts);
 }
 
-void build(TextBox& box, HWND parent, WindowParts& parts) {
+void build(TextBox& box, const Canvas& parent, WindowParts& parts) {
     add<NameEdit>(box, parent, parts);
 }
 
-void build(PictureBox& box, HWND parent, WindowParts& parts) {
+void build(PictureBox& box, const Canvas& parent, WindowParts& parts) {
     add<PictureView>(box, parent, parts);
 }
 
-void build(RichTextBox& box, HWND parent, WindowParts& parts) {
+void build(RichTextBox& box, const Canvas& parent, WindowParts& parts) {
     add<RichTextView>(box, parent, parts);
 }
 
 }  // namespace
 
-void build_controls(Container& container, HWND parent, WindowParts& parts) {
+void build_controls(Container& container, const Canvas& parent, WindowParts& parts) {
     for (const Control& control : container.controls) {
         std::visit([&](auto* element) { build(*element, parent, parts); }, control);
     }

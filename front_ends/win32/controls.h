@@ -1,11 +1,11 @@
 #pragma once
 
-#include "front_ends/win32/window_parts.h"
+#include "front_ends/win32/canvas.h"
 
 namespace solvanta::win32 {
 
 /// Makes the system's control for each of the container's, in tab order, as children of `parent`,
 /// and adds them to `parts`.
-void build_controls(Container& container, HWND parent, WindowParts& parts);
+void build_controls(Container& container, const Canvas& parent, WindowParts& parts);
 
 }  // namespace solvanta::win32

@@ -62,9 +62,9 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     if (centred) move_to(handle(), {free.left, free.top});
     size_.open(form, handle());
     parts_.scale = size_.scale();
-    load_icons();
+    load_icons(GetDpiForWindow(handle()));
     if (centred) centre(handle(), free);
-    build_controls(form, handle(), parts_);
+    build_controls(form, *this, parts_);
     if (has_key_stops(form))
         parts_.controls.push_back(std::make_unique<TableStop>(form, parts_, handle()));
     // Whether the focus is marked follows the player's habits, as in every dialog.
@@ -76,9 +76,8 @@ FormWindow::FormWindow(Form& form, WindowParts parts, std::function<void(FormWin
     }
 }
 
-void FormWindow::load_icons() {
+void FormWindow::load_icons(UINT dpi) {
     if (!form_.HasIcon) return;
-    const UINT dpi = GetDpiForWindow(handle());
     for (const std::size_t kind : {std::size_t{ICON_SMALL}, std::size_t{ICON_BIG}}) {
         const int side = GetSystemMetricsForDpi(kind == ICON_SMALL ? SM_CXSMICON : SM_CXICON, dpi);
         // Shared icons would keep the size that was asked for first.
@@ -175,7 +174,7 @@ std::optional<LRESULT> FormWindow::answer(const Message& message) {
         case WM_SYSCOLORCHANGE:
             return change_colors();
         case WM_DPICHANGED:
-            return come_to_screen(*reinterpret_cast<const RECT*>(message.l));
+            return come_to_screen(LOWORD(message.w), *reinterpret_cast<const RECT*>(message.l));
         case WM_CTLCOLORBTN:
             return ground_of_button(reinterpret_cast<HDC>(message.w));
     }
@@ -230,12 +229,9 @@ void FormWindow::find_focus(HWND from) {
     if (next && takes_focus(next)) SetFocus(next);
 }
 
-/// The window has come to a screen of another resolution, and is to lie there.
-LRESULT FormWindow::come_to_screen(const RECT& place) {
-    load_icons();
-    const SIZE size = size_of(place);
-    SetWindowPos(handle(), nullptr, place.left, place.top, size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+LRESULT FormWindow::come_to_screen(UINT dpi, const RECT& place) {
+    load_icons(dpi);
+    size_.come_to_screen(dpi, place);
     lay_out();
     return 0;
 }

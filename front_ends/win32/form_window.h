@@ -49,14 +49,14 @@ class FormWindow final : public Canvas {
     std::optional<LRESULT> answer(const Message& message) override;
 
   private:
-    void load_icons();
+    void load_icons(UINT dpi);
     void lay_out();
     LRESULT come_to_rest();
     std::optional<LRESULT> answer_size(const Message& message);
     LRESULT tick(std::size_t timer);
     LRESULT answer_end(const Message& message);
     std::optional<LRESULT> answer_focus(const Message& message);
-    LRESULT come_to_screen(const RECT& place);
+    LRESULT come_to_screen(UINT dpi, const RECT& place);
     LRESULT change_colors();
     LRESULT ground_of_button(HDC dc) const;
     void find_focus(HWND from);

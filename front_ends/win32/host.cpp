@@ -18,7 +18,6 @@ FormWindow& Win32Host::create_window(Form& form) {
                       .background = {},
                       .controls = {},
                       .text_boxes = {},
-                      .frames = {},
                       .hide_ring = {}};
     return add(std::make_unique<FormWindow>(
         form, std::move(parts), [this](FormWindow& closed) { close(closed); },

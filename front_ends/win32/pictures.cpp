@@ -140,3 +140,5 @@ void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const 
 }
 
 }  // namespace solvanta::win32
+
+template class solvanta::PictureStore<solvanta::win32::Image>;

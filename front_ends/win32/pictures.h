@@ -43,3 +43,5 @@ std::optional<Image> decode_picture(std::string& bytes, const std::string& suffi
 void paint_placeholder(HDC dc, const RECT& place, const Picture& picture, const Scale& scale);
 
 }  // namespace solvanta::win32
+
+extern template class solvanta::PictureStore<solvanta::win32::Image>;

@@ -65,18 +65,18 @@ CHARFORMATW format_of(const Font& font) {
 
 }  // namespace
 
-RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent)
-    : box_(box), parts_(parts) {
+RichTextView::RichTextView(const RichTextBox& box, WindowParts& parts, const Canvas& parent)
+    : box_(box), parts_(parts), parent_(parent) {
     LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     create(MSFTEDIT_CLASS,
            WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
                ES_READONLY | ES_NOHIDESEL,
-           0, parent);
+           0, parent.handle());
     SendMessageW(handle(), EM_EXLIMITTEXT, 0, text_limit);
 }
 
 void RichTextView::sync() {
-    sync_place(handle(), box_, parts_);
+    sync_place(handle(), box_, parent_.scale());
     const bool changed = shown_ != box_.TextRTF;
     if (changed) {
         shown_ = box_.TextRTF;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "front_ends/win32/window_parts.h"
+#include "front_ends/win32/canvas.h"
 
 namespace solvanta::win32 {
 
 /// A read-only rich-text view. It shows nothing for what is no rich text.
 class RichTextView final : public Window {
   public:
-    RichTextView(const RichTextBox& box, WindowParts& parts, HWND parent);
+    RichTextView(const RichTextBox& box, WindowParts& parts, const Canvas& parent);
 
     void sync() override;
 
@@ -22,6 +22,7 @@ class RichTextView final : public Window {
 
     const RichTextBox& box_;
     WindowParts& parts_;
+    const Canvas& parent_;
     std::string shown_;
     Scale zoomed_for_;
 };

@@ -8,16 +8,13 @@ bool is_shown(HWND control) {
     return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
-void sync_place(HWND control, const Element& element, const WindowParts& parts) {
+void sync_place(HWND control, const Element& element, const Scale& scale) {
     HWND parent = GetParent(control);
     RECT before{};
     GetWindowRect(control, &before);
     MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&before), 2);
     // What reaches beyond the parent would be cut off, a scroll bar included.
     const RECT room = client_area(parent);
-    const auto frame = parts.frames.find(&element);
-    const bool is_framed = frame != parts.frames.end();
-    const Scale scale = is_framed ? parts.scale.inside(*frame->second) : parts.scale;
     RECT place = to_rect(scale.place_of(element));
     // A minimised window has no room, but its controls keep their places.
     if (IntersectRect(&place, &place, &room) && !EqualRect(&place, &before)) {

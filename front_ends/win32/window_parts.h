@@ -22,7 +22,6 @@ struct WindowParts {
     std::optional<Color> background;  ///< of the form's client area
     std::vector<std::unique_ptr<Window>> controls;
     std::map<const TextBox*, HWND> text_boxes;
-    std::map<const Element*, const Frame*> frames;  ///< of the controls inside one
     const PictureElement* ringed = nullptr;  ///< the place that has the keyboard, if it is marked
     std::function<void()> hide_ring;         ///< to be told when the mouse is used; may be empty
 };
@@ -32,7 +31,7 @@ bool is_shown(HWND control);
 
 /// Puts a control where its element lies, as far as that is within its parent, and shows or hides
 /// it.
-void sync_place(HWND control, const Element& element, const WindowParts& parts);
+void sync_place(HWND control, const Element& element, const Scale& scale);
 
 /// Gives a control its text and its font, if they are others than it has.
 void sync_text(HWND control, const std::string& text, HFONT font);

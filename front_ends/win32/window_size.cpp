@@ -5,9 +5,9 @@
 namespace solvanta::win32 {
 namespace {
 
-void place(HWND window, const RECT& place, UINT flags) {
-    const SIZE size = size_of(place);
-    SetWindowPos(window, nullptr, place.left, place.top, size.cx, size.cy,
+void move(HWND window, const RECT& to, UINT flags) {
+    const SIZE size = size_of(to);
+    SetWindowPos(window, nullptr, to.left, to.top, size.cx, size.cy,
                  flags | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -16,8 +16,31 @@ void place(HWND window, const RECT& place, UINT flags) {
 void WindowSize::open(const Form& form, HWND window) {
     form_ = &form;
     window_ = window;
-    const SIZE size = size_at(std::min(1.0, largest_part()));
-    place(window_, {0, 0, size.cx, size.cy}, SWP_NOMOVE);
+    dpi_ = GetDpiForWindow(window);
+    resize_to(std::min(1.0, largest_part()), {}, SWP_NOMOVE);
+}
+
+void WindowSize::come_to_screen(UINT dpi, const RECT& place) {
+    const double part = this->part();
+    dpi_ = dpi;
+    if (IsZoomed(window_) || fills_screen_) {
+        move(window_, place, 0);
+    } else {
+        resize_to(part, {place.left, place.top}, 0);
+    }
+}
+
+/// Until the system has drawn it anew, the window may have the frame of another resolution.
+void WindowSize::resize_to(double part, POINT corner, UINT flags) const {
+    SIZE size = size_at(part);
+    for (const bool first : {true, false}) {
+        move(window_, {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, flags);
+        if (!first) break;
+        const SIZE client = size_of(client_area(window_));
+        const SIZE wanted = client_size(part);
+        size = {size.cx + wanted.cx - client.cx, size.cy + wanted.cy - client.cy};
+        if (client.cx == wanted.cx && client.cy == wanted.cy) break;
+    }
 }
 
 Scale WindowSize::scale() const {
@@ -26,11 +49,15 @@ Scale WindowSize::scale() const {
                          {static_cast<int>(client.cx), static_cast<int>(client.cy)});
 }
 
-/// Of the window with its frame.
+SIZE WindowSize::client_size(double part) const {
+    const Scale scale(part * scale_at(dpi_).pixels());
+    return size_of(to_rect(scale.place_of({0, 0, form_->ClientWidth, form_->ClientHeight})));
+}
+
 SIZE WindowSize::size_at(double part) const {
-    const Scale scale(part * scale_at(dpi()).pixels());
-    RECT rect = to_rect(scale.place_of({0, 0, form_->ClientWidth, form_->ClientHeight}));
-    AdjustWindowRectExForDpi(&rect, window_style, FALSE, extended_window_style, dpi());
+    const SIZE client = client_size(part);
+    RECT rect{0, 0, client.cx, client.cy};
+    AdjustWindowRectExForDpi(&rect, window_style, FALSE, extended_window_style, dpi_);
     return size_of(rect);
 }
 
@@ -38,8 +65,8 @@ SIZE WindowSize::size_at(double part) const {
 double WindowSize::largest_part() const {
     const SIZE free = size_of(work_area(window_));
     RECT frame{};
-    AdjustWindowRectExForDpi(&frame, window_style, FALSE, extended_window_style, dpi());
-    const Scale designed = scale_at(dpi());
+    AdjustWindowRectExForDpi(&frame, window_style, FALSE, extended_window_style, dpi_);
+    const Scale designed = scale_at(dpi_);
     return std::max(
         smallest_part,
         fitting_scale(designed.length(form_->ClientWidth), designed.length(form_->ClientHeight),
@@ -53,23 +80,19 @@ void WindowSize::limit(MINMAXINFO& limits) const {
 
 void WindowSize::stay_on_screen() const {
     if (IsZoomed(window_) || IsIconic(window_) || fills_screen_) return;
+    if (part() > largest_part()) resize_to(largest_part(), {}, SWP_NOMOVE);
     const RECT free = work_area(window_);
     RECT rect{};
     GetWindowRect(window_, &rect);
-    SIZE size = size_of(rect);
-    if (size.cx > size_of(free).cx || size.cy > size_of(free).cy) {
-        size = size_at(std::min(part(), largest_part()));
-    }
-    const LONG left = std::clamp(rect.left, free.left, std::max(free.left, free.right - size.cx));
-    const LONG top = std::clamp(rect.top, free.top, std::max(free.top, free.bottom - size.cy));
-    place(window_, {left, top, left + size.cx, top + size.cy}, 0);
+    const LONG left = std::max(free.left, std::min(rect.left, free.right - size_of(rect).cx));
+    const LONG top = std::max(free.top, std::min(rect.top, free.bottom - size_of(rect).cy));
+    move(window_, {left, top, left, top}, SWP_NOSIZE);
 }
 
 void WindowSize::enlarge_to(double part) {
     fill_screen(false);
     if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
-    const SIZE size = size_at(std::min(part, largest_part()));
-    place(window_, {0, 0, size.cx, size.cy}, SWP_NOMOVE);
+    resize_to(std::min(part, largest_part()), {}, SWP_NOMOVE);
     stay_on_screen();
 }
 
@@ -84,11 +107,11 @@ void WindowSize::fill_screen(bool fill) {
         monitor.cbSize = sizeof monitor;
         GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
         SetWindowLongPtrW(window_, GWL_STYLE, others);
-        place(window_, monitor.rcMonitor, SWP_FRAMECHANGED);
+        move(window_, monitor.rcMonitor, SWP_FRAMECHANGED);
     } else {
         SetWindowLongPtrW(window_, GWL_STYLE, others | WS_OVERLAPPEDWINDOW);
         SetWindowPlacement(window_, &before_);
-        place(window_, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_FRAMECHANGED);
+        move(window_, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_FRAMECHANGED);
     }
 }
 

@@ -16,6 +16,10 @@ class WindowSize {
     /// largest that fits there.
     void open(const Form& form, HWND window);
 
+    /// Keeps the window's part of the designed size on a screen of another resolution, where it is
+    /// to lie about `place`.
+    void come_to_screen(UINT dpi, const RECT& place);
+
     /// The scale of the form in the client area as it is.
     Scale scale() const;
 
@@ -30,9 +34,10 @@ class WindowSize {
     void stay_on_screen() const;
 
   private:
-    UINT dpi() const { return GetDpiForWindow(window_); }
-    double part() const { return scale().pixels() / scale_at(dpi()).pixels(); }
-    SIZE size_at(double part) const;
+    double part() const { return scale().pixels() / scale_at(dpi_).pixels(); }
+    SIZE client_size(double part) const;
+    SIZE size_at(double part) const;  // with its frame
+    void resize_to(double part, POINT corner, UINT flags) const;
     double largest_part() const;
     void enlarge_to(double part);
     void fill_screen(bool fill);
@@ -41,6 +46,7 @@ class WindowSize {
 
     const Form* form_ = nullptr;
     HWND window_ = nullptr;
+    UINT dpi_ = USER_DEFAULT_SCREEN_DPI;
     bool fills_screen_ = false;
     WINDOWPLACEMENT before_{};  // when it did not yet
 };
