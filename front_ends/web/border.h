@@ -36,7 +36,7 @@ int page_touched();
 void page_soon(int listener);
 void page_start_ticks(int listener, int interval);
 void page_stop_ticks(int listener);
-void page_draws(int fine);
+void page_draws(int times);
 void page_fetch(const char* url, int listener);
 void page_load_file(int listener, std::size_t limit);
 void page_save_file(const char* name, const char* bytes, std::size_t length);

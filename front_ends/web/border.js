@@ -201,8 +201,8 @@ const Page = {
   },
 
   // Tells the page which pictures it is to load.
-  page_draws: function(fine) {
-    if (Module.draws) Module.draws(fine !== 0);
+  page_draws: function(times) {
+    if (Module.draws) Module.draws(times);
   },
 
   // Reads a file of the page's own server; the listener gets no bytes when it can't be read.

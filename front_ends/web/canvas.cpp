@@ -26,8 +26,9 @@ KeyPress to_key_press(const PageEvent& event) {
 
 }  // namespace
 
-Canvas::Canvas(Container& container, Node area, WindowParts& parts)
+Canvas::Canvas(Container& container, const Element* within, Node area, WindowParts& parts)
     : container_(container),
+      within_(within),
       area_(std::move(area)),
       parts_(parts),
       mouse_(container),
@@ -62,7 +63,7 @@ void Canvas::sync() {
         bring_in_line(*element, view);
     for (const auto& [label, node] : labels_) {
         node.text(label->Caption);
-        node.place(*label);
+        place(node, *label);
     }
     sync_walk();
     const std::string said = container_.SpokenChanges ? container_.SpokenChanges() : std::string();
@@ -71,7 +72,7 @@ void Canvas::sync() {
 
 void Canvas::bring_in_line(const PictureElement& element, PictureView& view) const {
     const Node& node = view.node();
-    node.place(element);
+    place(node, element);
     if (!element.Visible) return;
     node.turn("cut", element.CutToHeight);
     const std::string name = place_name(element);
@@ -79,7 +80,24 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
     node.attribute("aria-label", name);
     const bool is_selected = element.IsSelected && element.IsSelected();
     if (element.Click) node.attribute("aria-pressed", is_selected ? "true" : "false");
-    view.show(element.Picture, parts_.fine);
+    view.show(element.Picture, parts_.prepared());
+}
+
+/// For pixels of a screen that has so many to one of the page.
+Scale Canvas::scale(double ratio) const {
+    const Scale scale(parts_.scale.pixels() * ratio);
+    return within_ ? scale.inside(*within_) : scale;
+}
+
+/// By whole pixels of the screen, so that edges are sharp.
+void Canvas::place(const Node& node, const Element& element) const {
+    const PixelRect place = scale(parts_.ratio).place_of(element);
+    node.attribute_if("hidden", !element.Visible);
+    if (!element.Visible) return;
+    node.style("--left", place.left / parts_.ratio);
+    node.style("--top", place.top / parts_.ratio);
+    node.style("--width", place.width() / parts_.ratio);
+    node.style("--height", place.height() / parts_.ratio);
 }
 
 /// When the place with the focus goes, the nearest takes it over.
@@ -101,9 +119,9 @@ void Canvas::stop_at(const PictureElement* place) {
 void Canvas::listen() {
     area_.listen("pointerdown", [this](const PageEvent& event) { press(event); });
     area_.listen("pointerup", [this](const PageEvent& event) {
-        const Scale& scale = parts_.scale;
         if (!event.is_left) return;
-        parts_.deliver(mouse_.release(scale.twips(event.inside_x), scale.twips(event.inside_y)));
+        parts_.deliver(mouse_.release(scale().twips_across(event.inside_x),
+                                      scale().twips_down(event.inside_y)));
     });
     area_.listen("pointercancel", [this](const PageEvent&) { mouse_.cancel(); });
     // Or the browser would make a click of the finger's touch on what it takes to be meant.
@@ -115,11 +133,11 @@ void Canvas::listen() {
 void Canvas::press(const PageEvent& event) {
     if (!event.is_own || !event.is_left) return mouse_.forget_press();
     page_capture(area_.handle());
-    const Scale& scale = parts_.scale;
-    const Twips reach = scale.twips(12);  // a finger does not come down twice on one pixel
-    parts_.deliver(mouse_.press({scale.twips(event.inside_x), scale.twips(event.inside_y),
-                                 static_cast<std::uint32_t>(event.milliseconds)},
-                                {500, reach, reach}));
+    const Twips reach = scale().twips(12);  // a finger does not come down twice on one pixel
+    parts_.deliver(
+        mouse_.press({scale().twips_across(event.inside_x), scale().twips_down(event.inside_y),
+                      static_cast<std::uint32_t>(event.milliseconds)},
+                     {500, reach, reach}));
 }
 
 void Canvas::key(PageEvent& event) {

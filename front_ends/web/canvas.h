@@ -14,12 +14,16 @@ namespace solvanta::web {
 /// mouse, the finger and the arrow keys for all of them.
 class Canvas {
   public:
-    Canvas(Container& container, Node area, WindowParts& parts);
+    /// `within` is the element that holds the container, unless that is the form.
+    Canvas(Container& container, const Element* within, Node area, WindowParts& parts);
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
 
     /// Brings everything in line with the container.
     void sync();
+
+    /// Puts a node where its element lies in the container, and shows or hides it.
+    void place(const Node& node, const Element& element) const;
 
   private:
     void add(PictureElement& element);
@@ -32,7 +36,10 @@ class Canvas {
     void stop_at(const PictureElement* place);
     const Node& node_of(const PictureElement* element) const { return views_.at(element).node(); }
 
+    Scale scale(double ratio = 1) const;
+
     Container& container_;
+    const Element* within_;
     Node area_;
     WindowParts& parts_;
     Mouse mouse_;

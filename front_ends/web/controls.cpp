@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "front_ends/common/walk.h"
-#include "front_ends/web/canvas.h"
 #include "front_ends/web/look.h"
 #include "front_ends/web/rich_text_view.h"
 #include "rich_text/font_kind.h"
@@ -12,29 +11,29 @@
 namespace solvanta::web {
 namespace {
 
-void build(CommandButton& element, const Node& area, WindowParts& parts) {
+void build(CommandButton& element, const Canvas& canvas, const Node& area, WindowParts& parts) {
     const Node button(area, "button", "element button");
     button.listen("click", [&](const PageEvent&) { parts.deliver(element.Click); });
-    parts.syncs.emplace_back([button, &element] {
+    parts.syncs.emplace_back([button, &element, &canvas] {
         button.text(element.Caption);
-        button.place(element);
+        canvas.place(button, element);
     });
 }
 
-void build(Frame& frame, const Node& area, WindowParts& parts) {
+void build(Frame& frame, const Canvas& canvas, const Node& area, WindowParts& parts) {
     const Node box(area, "fieldset", "element frame");
     Node(box, "legend").text(frame.Caption);
-    const auto canvas = std::make_shared<Canvas>(frame, Node(box, "div", "inside"), parts);
-    parts.syncs.emplace_back([box, canvas, &frame, &parts] {
+    const auto inside = std::make_shared<Canvas>(frame, &frame, Node(box, "div", "inside"), parts);
+    parts.syncs.emplace_back([box, inside, &frame, &canvas, &parts] {
         box.attribute_if("disabled", !frame.Enabled);
-        box.place(frame);
-        canvas->sync();
+        canvas.place(box, frame);
+        inside->sync();
         for (const Control& control : frame.controls) {
             if (auto* const* text_box = std::get_if<TextBox*>(&control))
                 parts.text_boxes[*text_box].attribute("aria-label", words_of(frame));
         }
     });
-    build_controls(frame, box, parts);
+    build_controls(frame, *inside, box, parts);
 }
 
 void listen_to(const Node& input, TextBox& box, WindowParts& parts) {
@@ -50,7 +49,7 @@ void listen_to(const Node& input, TextBox& box, WindowParts& parts) {
     });
 }
 
-void build(TextBox& box, const Node& area, WindowParts& parts) {
+void build(TextBox& box, const Canvas& canvas, const Node& area, WindowParts& parts) {
     const Node input(area, "input", "element text-box");
     set_font(input, box.Font);
     for (const auto& [name, value] :
@@ -59,29 +58,29 @@ void build(TextBox& box, const Node& area, WindowParts& parts) {
     }
     parts.text_boxes[&box] = input;
     listen_to(input, box, parts);
-    parts.syncs.emplace_back([input, &box] {
+    parts.syncs.emplace_back([input, &box, &canvas] {
         if (taken(page_value(input.handle())) != box.Text)
             page_set(input.handle(), "value", box.Text.c_str());
-        input.place(box);
+        canvas.place(input, box);
     });
 }
 
-void build(PictureBox& box, const Node& area, WindowParts& parts) {
+void build(PictureBox& box, const Canvas& canvas, const Node& area, WindowParts& parts) {
     const auto view = std::make_shared<PictureView>(area, "element picture-box", parts.pictures);
-    parts.syncs.emplace_back([view, &box, &parts] {
-        view->node().place(box);
-        if (box.Visible) view->show(box.Picture, parts.fine);
+    parts.syncs.emplace_back([view, &box, &canvas, &parts] {
+        canvas.place(view->node(), box);
+        if (box.Visible) view->show(box.Picture, parts.prepared());
     });
 }
 
-void build(RichTextBox& box, const Node& area, WindowParts& parts) {
+void build(RichTextBox& box, const Canvas& canvas, const Node& area, WindowParts& parts) {
     const Node view(area, "div", "element rich-text");
     set_font(view, box.Font);
     view.turn("columns", font_kind(box.Font.family) == FontKind::FixedPitch);
     view.attribute("tabindex", "0");
     view.attribute("role", "document");
-    parts.syncs.emplace_back([view, &box, shown = std::string()]() mutable {
-        view.place(box);
+    parts.syncs.emplace_back([view, &box, &canvas, shown = std::string()]() mutable {
+        canvas.place(view, box);
         if (shown == box.TextRTF) return;
         shown = box.TextRTF;
         page_set(view.handle(), "textContent", "");
@@ -92,9 +91,10 @@ void build(RichTextBox& box, const Node& area, WindowParts& parts) {
 
 }  // namespace
 
-void build_controls(Container& container, const Node& area, WindowParts& parts) {
+void build_controls(Container& container, const Canvas& canvas, const Node& area,
+                    WindowParts& parts) {
     for (const Control& control : container.controls) {
-        std::visit([&](auto* element) { build(*element, area, parts); }, control);
+        std::visit([&](auto* element) { build(*element, canvas, area, parts); }, control);
     }
 }
 

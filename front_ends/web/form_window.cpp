@@ -31,7 +31,7 @@ FormWindow::FormWindow(Form& form, const Node& page, WindowParts parts, bool fix
       frame_(page, "section", "window"),
       title_bar_(frame_, "header", "title-bar"),
       client_(frame_, "div", "client"),
-      canvas_(form, client_, parts_) {
+      canvas_(form, nullptr, client_, parts_) {
     hide();
     frame_.turn("fixed", fixed);
     frame_.turn("with-cards", has_pictures(form));
@@ -57,16 +57,13 @@ void FormWindow::build_title_bar() {
 }
 
 void FormWindow::build_client() {
-    client_.style("--width", client_size().width);
-    client_.style("--height", client_size().height);
-    client_.style("--cards-height", cards_height());
     if (has_pictures(form_)) {
         client_.attribute("role", "application");  // or readers keep the arrow keys
         client_.attribute("aria-label", "Spieltisch");
         client_.attribute("aria-describedby", "keys");
     }
     if (form_.BackColor) client_.style("background", to_css(*form_.BackColor));
-    build_controls(form_, client_, parts_);
+    build_controls(form_, canvas_, client_, parts_);
 }
 
 Size FormWindow::client_size() const {
@@ -111,12 +108,15 @@ void FormWindow::make_free() {
 
 void FormWindow::scale(double scale) {
     parts_.scale = Scale(scale);
+    parts_.ratio = page_ratio();
     frame_.style("--scale", scale);
+    client_.style("--width", client_size().width * scale);
+    client_.style("--height", client_size().height * scale);
+    client_.style("--cards-height", cards_height() * scale);
     if (placed_) move_to(left_, top_);
 }
 
 void FormWindow::sync() {
-    parts_.fine = is_fine();
     caption_.text(form_.Caption);
     canvas_.sync();
     for (const auto& bring_in_line : parts_.syncs)

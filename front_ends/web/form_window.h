@@ -36,8 +36,8 @@ class FormWindow {
     /// Sets the scale, in pixels of the page to one of the form.
     void scale(double scale);
 
-    /// Whether the screen has more pixels than the form at this scale.
-    bool is_fine() const { return page_ratio() * parts_.scale.pixels() > 1.001; }
+    /// For how many times their size pictures are best prepared at this scale.
+    int prepared() const { return parts_.prepared(); }
 
     /// Brings everything shown in line with the form.
     void sync();

@@ -29,6 +29,7 @@ FormWindow& WebHost::create_window(Form& form) {
     WindowParts parts{.deliver = [this](Event event) { deliver(std::move(event)); },
                       .pictures = pictures_,
                       .announce = [this](const std::string& text) { announcer_.say(text); },
+                      .scale = Scale(),
                       .syncs = {},
                       .text_boxes = {}};
     FormWindow& window =
@@ -107,7 +108,7 @@ void WebHost::lay_out() {
                 ? layout.scale
                 : scale_beside(page, window->client_size(), layout.compact ? 1 : layout.scale));
     }
-    page_draws(table.is_fine() ? 1 : 0);
+    page_draws(table.prepared());
 }
 
 }  // namespace solvanta::web

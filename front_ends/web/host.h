@@ -14,7 +14,7 @@ namespace solvanta::web {
 /// `largest_scale`. There is one at a time.
 class WebHost final : public WindowHost<FormWindow> {
   public:
-    explicit WebHost(double largest_scale = 2);
+    explicit WebHost(double largest_scale = 8);
     ~WebHost() override {
         clear();
         remove_all_listeners();

@@ -1,7 +1,6 @@
 #include "front_ends/web/node.h"
 
 #include <map>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,7 +18,6 @@ struct Node::Held {
 
     int handle;
     std::vector<int> listeners;
-    std::optional<Element> place;
     std::map<std::string, std::string> told;  // by attribute, property or class: all differ
 };
 
@@ -67,16 +65,6 @@ void Node::style(const char* property, double value) const {
 
 void Node::turn(const char* class_name, bool on) const {
     if (is_news(class_name, on ? "+" : "-")) page_turn(handle(), class_name, on ? 1 : 0);
-}
-
-void Node::place(const Element& element) const {
-    attribute_if("hidden", !element.Visible);
-    if (!element.Visible || held_->place == element) return;
-    held_->place = element;
-    style("--left", logical_scale.length(element.Left));
-    style("--top", logical_scale.length(element.Top));
-    style("--width", logical_scale.length(element.Width));
-    style("--height", logical_scale.length(element.Height));
 }
 
 void Node::listen(const char* type, Listener listener) const {

@@ -35,8 +35,6 @@ class Node {
     void style(const char* property, const std::string& value) const;
     void style(const char* property, double value) const;
     void turn(const char* class_name, bool on) const;
-    /// Puts it where `element` lies in its container, and shows or hides it.
-    void place(const Element& element) const;
 
     double number(const char* property) const { return page_number(handle(), property); }
     void focus() const { page_focus(handle()); }

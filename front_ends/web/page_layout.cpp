@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "front_ends/common/scale.h"
+
 namespace solvanta::web {
 namespace {
 
@@ -17,8 +19,7 @@ constexpr double smallest_legible = 0.8;
 constexpr double smallest_touchable = 1.6;
 
 double scale_for(Size room, Size content, double largest) {
-    return std::max(0.1,
-                    std::min({room.width / content.width, room.height / content.height, largest}));
+    return std::min(fitting_scale(content.width, content.height, room.width, room.height), largest);
 }
 
 }  // namespace

@@ -32,13 +32,17 @@ std::string url_of(const std::string& bytes, const std::string& suffix) {
     return shown ? taken(page_picture_url(bytes.data(), bytes.size(), format->type)) : "";
 }
 
+std::string file_of(const Picture& picture, int times) {
+    return times == 1 ? picture.path() : larger_file(picture.path(), times);
+}
+
 }  // namespace
 
-Image& Pictures::ask(const Picture& picture, bool fine) {
-    const std::string file = fine ? fine_file(picture.path()) : picture.path();
+Image& Pictures::ask(const Picture& picture, int times) {
+    const std::string file = file_of(picture, times);
     Image& image = images_[file];
     image.file = file;
-    image.fine = fine;
+    image.times = times;
     if (image.asked_by >= picture.load_number()) return image;
     image.asked_by = picture.load_number();
     if (image.url.empty() && !std::exchange(image.coming, true)) {
@@ -47,19 +51,28 @@ Image& Pictures::ask(const Picture& picture, bool fine) {
     return image;
 }
 
-const Image& Pictures::image(const Picture& picture, bool fine) {
-    const Image& wanted = ask(picture, fine);
+/// The largest image of the picture that there is.
+const Image* Pictures::stand_in(const Picture& picture) const {
+    for (int times = largest_prepared; times > 0; --times) {
+        const auto found = images_.find(file_of(picture, times));
+        if (found != images_.end() && !found->second.url.empty()) return &found->second;
+    }
+    return nullptr;
+}
+
+/// One larger than twice its size comes late: until then there is one that does not.
+const Image& Pictures::image(const Picture& picture, int times) {
+    const Image& wanted = ask(picture, times);
     if (!wanted.url.empty()) return wanted;
-    const auto other = images_.find(fine ? picture.path() : fine_file(picture.path()));
-    const bool is_there = other != images_.end() && !other->second.url.empty();
-    if (is_there) return other->second;
-    return wanted.coming ? wanted : ask(picture, !fine);
+    if (const Image* const other = stand_in(picture)) return *other;
+    if (times > 2) return image(picture, 2);
+    return wanted.coming || times == 1 ? wanted : image(picture, 1);
 }
 
 void Pictures::arrive(Image& image, const std::optional<std::string>& bytes) {
     image.coming = false;
     if (bytes) image.url = url_of(*bytes, suffix_of(image.file));
-    if (image.url.empty() && (bytes || !image.fine)) report_picture(image.file, !bytes);
+    if (image.url.empty() && (bytes || image.times == 1)) report_picture(image.file, !bytes);
     changed_();
 }
 
@@ -84,9 +97,9 @@ PictureView::PictureView(const Node& parent, const char* class_name, Pictures& p
     display(nullptr);
 }
 
-void PictureView::show(const Picture& picture, bool fine) {
+void PictureView::show(const Picture& picture, int times) {
     const bool empty = picture.load_number() == 0;
-    const Image* const image = empty ? nullptr : &pictures_.image(picture, fine);
+    const Image* const image = empty ? nullptr : &pictures_.image(picture, times);
     if (image != image_ || (image && image->url != url_)) display(image);
 }
 
@@ -97,7 +110,7 @@ void PictureView::display(const Image* image) {
     picture_.attribute_if("hidden", !readable);
     placeholder_.attribute_if("hidden", image == nullptr || readable);
     if (image && readable) {
-        picture_.attribute("srcset", image->url + (image->fine ? " 2x" : " 1x"));
+        picture_.attribute("srcset", image->url + ' ' + std::to_string(image->times) + 'x');
     } else if (image) {
         placeholder_.text(file_name(image->file));
     }

@@ -13,7 +13,7 @@ namespace solvanta::web {
 /// A picture file as the browser holds it.
 struct Image {
     std::string file;
-    bool fine = false;           ///< two of its pixels make one
+    int times = 1;               ///< so many of its pixels across and down make one
     std::string url;             ///< empty when it can't be shown, or not yet
     bool coming = false;         ///< being fetched
     std::uint64_t asked_by = 0;  ///< the latest load that asked for it
@@ -28,15 +28,16 @@ class Pictures {
     /// `changed` is called, as an event, when `image` would give another answer than before.
     explicit Pictures(Event changed) : changed_(std::move(changed)) {}
 
-    /// The image of the picture's file, for a `fine` screen that of its neighbour `Name@2x.ext`;
-    /// the other one of the two while there is only that.
-    const Image& image(const Picture& picture, bool fine);
+    /// The image of the picture prepared at so many times its size, 1 to `largest_prepared`;
+    /// another one that there is while that is coming, and for good when it does not come.
+    const Image& image(const Picture& picture, int times);
 
     /// The browser can't show this one.
     void give_up(const Image& image);
 
   private:
-    Image& ask(const Picture& picture, bool fine);
+    Image& ask(const Picture& picture, int times);
+    const Image* stand_in(const Picture& picture) const;
     void arrive(Image& image, const std::optional<std::string>& bytes);
 
     Event changed_;
@@ -53,7 +54,7 @@ class PictureView {
 
     const Node& node() const { return node_; }
 
-    void show(const Picture& picture, bool fine);
+    void show(const Picture& picture, int times);
 
   private:
     void display(const Image* image);

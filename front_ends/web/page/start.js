@@ -64,13 +64,21 @@ function unpack(bytes) {
 const packs = {};
 
 function pack(name) {
-  packs[name] = packs[name] || bytesOf(name).then(unpack);
+  packs[name] = packs[name] || bytesOf(name).then((bytes) => {
+    if (begun) keepCopy(name);
+    return unpack(bytes);
+  });
   packs[name].catch(() => { delete packs[name]; });
   return packs[name];
 }
 
-const packFor = (fine) => (fine ? 'pictures@2x.pack' : 'pictures.pack');
-let drawn = '';  // the pack of the pictures that the program draws
+// What is drawn at more than twice its size starts with less: those packs come once the player does
+// something.
+const packFor = (times) => (times > 1 ? `pictures@${times}x.pack` : 'pictures.pack');
+const played = new Promise((done) => {
+  for (const input of ['pointerdown', 'keydown']) addEventListener(input, done, { once: true });
+});
+let drawn = '';  // the pack of the pictures that the program starts with
 let begun = false;
 
 var Module = {
@@ -90,13 +98,15 @@ var Module = {
   async load(path) {
     const name = path.replace(/^\.\//, '');
     if (name.endsWith('.rtf')) return unzip(await bytesOf(`${name}.z`));
-    return (await pack(packFor(name.includes('@2x')))).get(name);
+    const times = Number((/@(\d)x/.exec(name) || [0, 1])[1]);
+    if (times > 2) await played;
+    return (await pack(packFor(times))).get(name);
   },
 
-  // The program draws such pictures from now on.
-  draws(fine) {
-    drawn = packFor(fine);
-    if (begun) return keepCopy();
+  // The program draws pictures prepared at so many times their size from now on.
+  draws(times) {
+    if (begun) return undefined;
+    drawn = packFor(Math.min(times, 2));
     loading[drawn] = loading[drawn] || 0;
     return pack(drawn).then(begin, give);
   },
@@ -111,15 +121,15 @@ function begin() {
   show('links', true);
   byId('windows').inert = false;
   document.querySelector('.client button').focus({ preventScroll: true });
-  keepCopy();
+  keepCopy(drawn);
 }
 
 // For playing without a network.
-async function keepCopy() {
+async function keepCopy(name) {
   if (!navigator.serviceWorker) return;
   try {
     await navigator.serviceWorker.register('service-worker.js');
-    (await navigator.serviceWorker.ready).active.postMessage(drawn);
+    (await navigator.serviceWorker.ready).active.postMessage(name);
   } catch (error) {
     console.info(`Solvanta: ohne Netz nicht spielbar (${error.message})`);
   }
