@@ -124,7 +124,7 @@ TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
             SetForegroundWindow(window_of(other));
             driver().later(200, [&] {
                 EXPECT_TRUE(box_is_in_front() && !IsIconic(window_of(form)));
-                driver().close_box();
+                driver().close("Solvanta");
             });
         });
     });
