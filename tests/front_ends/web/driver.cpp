@@ -170,6 +170,6 @@ std::unique_ptr<Driver> make_driver() {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
-    ask("done", std::to_string(result));
+    hand_ask("done", std::to_string(result).c_str(), 0, 0, 0);
     return result;
 }

@@ -77,11 +77,11 @@ const Hand = {
       // Whether the control that begins there is shown, has the focus, can scroll, what it is
       // scrolled by, its text.
       control: function(caption, x, y, scroll) {
-        const at = hand.spot(caption, x, y);
         const node = [...hand.window(caption).querySelectorAll(
           'button.element, input.element, .rich-text.element')].find((one) => {
-          const { left, top } = one.getBoundingClientRect();
-          return Math.hypot(left - at.x, top - at.y) < 3;
+          const at = (name) => [one, one.closest('.frame')].reduce(
+            (sum, box) => sum + Number(box?.style.getPropertyValue(name) ?? 0), 0);
+          return Math.hypot(at('--left') - x, at('--top') - y) < 0.5;
         });
         if (!node) return '0 0 0 0';
         if (scroll) node.scrollTop = scroll;
