@@ -18,8 +18,6 @@ ORDER = ("create list.tmp, write list.tmp, fsync list.tmp, close list.tmp, renam
          "close directory")
 ORDER_IN_PLACE = "close list, write list, fsync list, ftruncate list, fsync list, close list"
 IN_PLACE = 0o555, 0o666
-# Modes of the directory and of the list, and what a deal leaves.
-PERMISSIONS = [(0o555, 0o444, "old, told"), (0o1777, 0o666, "new, in place"), (0o777, 0o000, "old, told")]
 
 
 def next_deal(content):
@@ -101,30 +99,23 @@ def follow(expected, wrapper=(), modes=()):
     print("killed before", *(outcome_of_kill(name, number, wrapper, modes) for name, number, *_ in calls))
 
 
-def cut_short():
-    """A write that takes 100 bytes and then fails."""
-    with program_directory() as (directory, best_times):
-        dealt, told = deal(directory, "prlimit", "--fsize=100")
-        require((dealt, len(told), read(best_times)) == (b"100", 1, OLD), "a short write leaves", read(best_times))
-        require(deal(directory) == (b"100", []) and read(best_times) == NEW, "no next deal after a short write")
-
-
-def outcome_without_permission(*modes):
+def hinder(left, wrapper, *modes):
+    """A deal that can't write as usual: the list left is told of when it is the old one, and always the same file."""
     with program_directory(*modes) as (directory, best_times):
         file = os.stat(best_times).st_ino
-        dealt, told = deal(directory, *AS_NOBODY)
-        require(dealt and os.listdir(directory) == [LIST], "the game ends, or leaves", os.listdir(directory))
-        in_place = read(best_times) == NEW and os.stat(best_times).st_ino == file and not told
-        return "new, in place" if in_place else "old, told" if read(best_times) == OLD and told else "?"
+        dealt, told = deal(directory, *wrapper)
+        done = bool(dealt), bool(told), read(best_times), os.listdir(directory), os.stat(best_times).st_ino
+        require(done == (True, left == OLD, left, [LIST], file), wrapper, modes, "give", done)
 
 
 def main():
     follow(ORDER)
-    cut_short()
+    hinder(OLD, ["prlimit", "--fsize=100"])  # a write takes so much and then fails
     if os.getuid() == 0:  # who alone can take permissions away
         follow(ORDER_IN_PLACE, AS_NOBODY, IN_PLACE)
-        for *modes, expected in PERMISSIONS:
-            require((outcome := outcome_without_permission(*modes)) == expected, modes, "gives", outcome)
+        # Modes of the directory and of the list.
+        for *modes, left in ((0o555, 0o444, OLD), (0o1777, 0o666, NEW), (0o777, 0o000, OLD)):
+            hinder(left, AS_NOBODY, *modes)
 
 
 if __name__ == "__main__":

@@ -26,7 +26,8 @@ struct Rectangle {
 };
 
 enum class MouseButton { Left, Right };
-enum class Key { Enter, KeypadEnter, Space, Escape, Tab, Backspace, ArrowLeft, End, A, M, N };
+/// A digit or a capital letter is its own key.
+enum class Key : char { Enter, KeypadEnter, Space, Escape, Tab, Backspace, ArrowLeft, End };
 enum class Modifier { None, Shift, Control, Alt };
 
 struct WindowLook {
@@ -98,9 +99,7 @@ class Driver {
     /// Pastes two lines from another program.
     virtual void paste(const std::string& line, const std::string& next) = 0;
 
-    /// The same with the key of a digit or a capital letter.
-    virtual void type(char character, bool shift) = 0;
-
+    /// A window or a box.
     virtual void close(const std::string& caption) = 0;
     virtual void minimise(const std::string& caption) = 0;
     /// What the desktop does when it saves its state and goes on.
@@ -116,11 +115,10 @@ class Driver {
 
     /// Nothing when none is open.
     virtual std::optional<BoxLook> box() = 0;
-    virtual void close_box() = 0;
 
-    /// What a screen reader finds in a window, in its order.
+    /// What a screen reader finds on the canvas of a window, in its order.
     virtual std::vector<AccessibleLook> accessible(const Form& form) = 0;
-    virtual void press_accessible(const Form& form, const std::string& name) = 0;
+    virtual void press_accessible(const Form& form, std::size_t index) = 0;
     /// What a screen reader has been told to say since the last call; the first begins to listen.
     virtual std::vector<std::string> announced() = 0;
 

@@ -14,7 +14,7 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
     using enum Answer;
     using Answers = std::vector<std::pair<std::optional<Key>, Answer>>;  // no key: the close box
     const std::tuple<Buttons, std::vector<std::string>, Answers> cases[] = {
-        {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {Key::Escape, No}, {Key::N, No}}},
+        {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {Key::Escape, No}, {Key{'N'}, No}}},
         {Buttons::YesNo, {"Ja", "Nein"}, {{{}, No}}},
         {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Enter, Ok}, {{}, Cancel}}},
         {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Escape, Cancel}}},
@@ -28,8 +28,8 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
                 const BoxLook box = *driver().box();
                 EXPECT_EQ(box.title + ": " + box.text, "Solvanta: <b>Größe?</b>");
                 EXPECT_EQ(box.buttons, shown);
-                if (!pressed) return driver().close_box();
-                driver().key(*pressed, pressed == Key::N ? Modifier::Alt : Modifier::None);
+                if (!pressed) return driver().close("Solvanta");
+                driver().key(*pressed, pressed == Key{'N'} ? Modifier::Alt : Modifier::None);
             });
             std::optional<Answer> given;
             host().ask("<b>Größe?</b>", buttons, [&](Answer answered) { given = answered; });
@@ -60,7 +60,7 @@ TEST_F(Boxes, HaveBehindThemWhatGoesOnAndKeepTheMouseOut) {
                  EXPECT_TRUE(driver().window(std::to_string(ticks)));
                  EXPECT_TRUE(driver().control(form, form.box).shown);
                  EXPECT_FALSE(driver().pixel(form, {40, 110}) == red);
-                 driver().close_box();
+                 driver().close("Solvanta");
              });
     });
     click(form, form.button);

@@ -60,17 +60,17 @@ QMessageBox* open_box() {
 
 Qt::Key to_qt(Key key) {
     using enum Qt::Key;
-    return std::array{Key_Return, Key_Enter, Key_Space, Key_Escape, Key_Tab, Key_Backspace,
-                      Key_Left,   Key_End,   Key_A,     Key_M,      Key_N}
-        .at(std::size_t(key));
+    constexpr std::array keys{Key_Return, Key_Enter,     Key_Space, Key_Escape,
+                              Key_Tab,    Key_Backspace, Key_Left,  Key_End};
+    return std::size_t(key) < keys.size() ? keys.at(std::size_t(key)) : Qt::Key(key);
 }
 
-/// The buttons within `widget` that a screen reader finds, in its order.
+/// The pictures within `widget` that a screen reader finds as buttons, in its order.
 std::vector<QAccessibleInterface*> buttons_in(QWidget& widget) {
     std::vector<QAccessibleInterface*> buttons;
     const std::function<void(QAccessibleInterface&)> look = [&](QAccessibleInterface& one) {
         if (one.state().invisible) return;
-        if (one.role() == QAccessible::PushButton) buttons.push_back(&one);
+        if (one.role() == QAccessible::PushButton && !one.object()) buttons.push_back(&one);
         for (int i = 0; i < one.childCount(); ++i)
             look(*one.child(i));
     };
@@ -140,11 +140,6 @@ class QtDriver final : public Driver {
         QApplication::sendEvent(QApplication::focusWidget(), &held);
     }
 
-    void type(char character, bool shift) override {
-        QTest::keyClick(QApplication::activeWindow()->windowHandle(), character,
-                        shift ? Qt::ShiftModifier : Qt::NoModifier);
-    }
-
     void paste(const std::string& line, const std::string& next) override {
         QApplication::clipboard()->setText(QString::fromStdString(line + '\n' + next));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
@@ -202,15 +197,13 @@ class QtDriver final : public Driver {
         return look;
     }
 
-    void close_box() override { open_box()->close(); }
-
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
         for (QAccessibleInterface* one : buttons_in(window_of(form))) {
             const QRect place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
             const std::string key = one->text(QAccessible::Accelerator).toStdString();
             looks.push_back({one->text(QAccessible::Name).toStdString(),
-                             key.empty() ? '\0' : key[0],
+                             key[0],
                              bool(one->state().focused),
                              bool(one->state().selected),
                              {{double(place.x()), double(place.y())},
@@ -220,11 +213,9 @@ class QtDriver final : public Driver {
         return looks;
     }
 
-    void press_accessible(const Form& form, const std::string& name) override {
-        for (QAccessibleInterface* one : buttons_in(window_of(form))) {
-            if (one->text(QAccessible::Name).toStdString() != name) continue;
-            return one->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        }
+    void press_accessible(const Form& form, std::size_t index) override {
+        auto* const action = buttons_in(window_of(form)).at(index)->actionInterface();
+        action->doAction(QAccessibleActionInterface::pressAction());
     }
 
     std::vector<std::string> announced() override {

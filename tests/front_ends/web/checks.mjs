@@ -26,25 +26,21 @@ let finish;
 const finished = new Promise((done) => { finish = done; });
 
 const acts = {
-  async down({ x, y, button }) {
+  async mouse({ x, y, button, down }) {
     await page.mouse.move(x, y);
-    await page.mouse.down({ button });
-    pressed = Date.now();
-  },
-  async up({ x, y, button }) {
-    await page.mouse.move(x, y);
-    await page.mouse.up({ button });
+    await page.mouse[down ? 'down' : 'up']({ button });
+    if (down) pressed = Date.now();
   },
   click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
-  async key({ argument }) {
-    const [key, held] = argument.split('+').reverse();
+  async key({ text }) {
+    const [key, held] = text.split('+').reverse();
     if (held) await page.keyboard.down(held);
     await page.keyboard.press(key);
     if (held) await page.keyboard.up(held);
   },
-  paste: ({ argument: text }) => tools.send('Input.insertText', { text }),
-  repeat: ({ argument: key }) => tools.send('Input.dispatchKeyEvent',
+  paste: ({ text }) => tools.send('Input.insertText', { text }),
+  repeat: ({ text: key }) => tools.send('Input.dispatchKeyEvent',
     { type: 'keyDown', key, code: key, windowsVirtualKeyCode: 13, text: '\r', autoRepeat: true }),
   async look({ x, y }) {
     const fine = (value) => Math.floor(value * ratio) / ratio;
@@ -52,7 +48,7 @@ const acts = {
     const { data } = await tools.send('Page.captureScreenshot', { clip });
     return firstPixel(Buffer.from(data, 'base64'));
   },
-  done: ({ failures }) => finish(failures),
+  done: ({ text: failures }) => finish(Number(failures)),
 };
 
 await page.exposeFunction('act', (what) => acts[what.act](what));

@@ -11,31 +11,28 @@
 #include "front_ends/web/host.h"
 
 extern "C" {
-void hand_act(const char* act, const char* argument);
-void hand_mouse(const char* caption, double x, double y, int button, int down);
-void hand_close(const char* caption);
+char* hand_ask(const char* what, const char* text, double x, double y, int number);
 void hand_settle();
 void hand_wait(int milliseconds);
 int hand_pixel(const char* caption, double x, double y);
-char* hand_window(const char* caption);
-char* hand_control(const char* caption, double x, double y, int scroll);
-char* hand_box();
 void hand_put_file(const char* path, const char* bytes, std::size_t length);
-void hand_leave_page();
-char* hand_accessible(const char* caption);
-void hand_press(const char* caption, const char* name);
-char* hand_announced();
-void hand_done(int failures);
 }
 
 namespace solvanta::test {
 namespace {
 
-const char* name_of(Key key) {
+std::string name_of(Key key) {
     constexpr const char* names[] = {"Enter", "NumpadEnter", "Space",     "Escape",
-                                     "Tab",   "Backspace",   "ArrowLeft", "End",
-                                     "a",     "m",           "n"};
-    return names[static_cast<std::size_t>(key)];
+                                     "Tab",   "Backspace",   "ArrowLeft", "End"};
+    const auto number = static_cast<std::size_t>(key);
+    if (number < std::size(names)) return names[number];
+    return (number <= '9' ? "Digit" : "Key") + std::string(1, static_cast<char>(key));
+}
+
+/// What the page's hand answers to one of its questions, after it has done what it is told.
+std::istringstream ask(const char* what, const std::string& text = "", Point at = {},
+                       int number = 0) {
+    return std::istringstream(web::taken(hand_ask(what, text.c_str(), at.x, at.y, number)));
 }
 
 /// Drives a page with real input of the browser, given from outside; it takes effect during
@@ -66,34 +63,27 @@ class WebDriver final : public Driver {
     }
 
     void mouse(const Form& form, Point at, MouseButton button, bool down) override {
-        hand_mouse(form.Caption.c_str(), at.x, at.y, static_cast<int>(button), down ? 1 : 0);
+        ask("mouse", form.Caption, at, 2 * static_cast<int>(button) + (down ? 1 : 0));
     }
 
-    void rest() override { hand_act("rest", ""); }
+    void rest() override { ask("rest"); }
 
     void key(Key key, Modifier modifier) override {
         constexpr const char* modifiers[] = {"", "Shift+", "Control+", "Alt+"};
-        const std::string held = modifiers[static_cast<std::size_t>(modifier)];
-        hand_act("key", (held + name_of(key)).c_str());
+        ask("key", modifiers[static_cast<std::size_t>(modifier)] + name_of(key));
     }
 
-    void repeat_key(Key key) override { hand_act("repeat", name_of(key)); }
-    void type(char character, bool shift) override {
-        const bool is_digit = character <= '9';
-        const std::string key = (is_digit ? "Digit" : "Key") + std::string(1, character);
-        hand_act("key", ((shift ? "Shift+" : "") + key).c_str());
-    }
-
+    void repeat_key(Key key) override { ask("repeat", name_of(key)); }
     void paste(const std::string& line, const std::string& next) override {
-        hand_act("paste", (line + '\n' + next).c_str());
+        ask("paste", line + '\n' + next);
     }
 
-    void close(const std::string& caption) override { hand_close(caption.c_str()); }
+    void close(const std::string& caption) override { ask("close", caption); }
     void minimise(const std::string& /*caption*/) override {}
-    void save_desktop() override { hand_leave_page(); }
+    void save_desktop() override { ask("leavePage"); }
 
     std::optional<WindowLook> window(const std::string& caption) override {
-        std::istringstream answer(web::taken(hand_window(caption.c_str())));
+        auto answer = ask("window", caption);
         WindowLook look;
         look.is_within_page = true;
         if (!(answer >> look.width >> look.height >> look.active)) return std::nullopt;
@@ -110,9 +100,7 @@ class WebDriver final : public Driver {
     }
 
     ControlLook control(const Form& form, const Element& element) override {
-        const Point corner = place_of(form, element).corner;
-        std::istringstream answer(
-            web::taken(hand_control(form.Caption.c_str(), corner.x, corner.y, 0)));
+        auto answer = ask("control", form.Caption, place_of(form, element).corner);
         ControlLook look;
         answer >> look.shown >> look.focused >> look.scrollable >> look.scrolled;
         std::getline(answer.ignore(), look.text, '\0');
@@ -120,12 +108,11 @@ class WebDriver final : public Driver {
     }
 
     void scroll_down(const Form& form, const RichTextBox& box) override {
-        const Point corner = place_of(form, box).corner;
-        web::taken(hand_control(form.Caption.c_str(), corner.x, corner.y, 100));
+        ask("control", form.Caption, place_of(form, box).corner, 100);
     }
 
     std::optional<BoxLook> box() override {
-        std::istringstream lines(web::taken(hand_box()));
+        auto lines = ask("box");
         BoxLook look;
         if (!std::getline(lines, look.title)) return std::nullopt;
         std::getline(lines, look.text);
@@ -134,11 +121,9 @@ class WebDriver final : public Driver {
         return look;
     }
 
-    void close_box() override { hand_close(""); }
-
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
-        std::istringstream lines(web::taken(hand_accessible(form.Caption.c_str())));
+        auto lines = ask("accessible", form.Caption);
         AccessibleLook look;
         while (lines >> look.key >> look.focused >> look.selected >> look.place.corner.x >>
                look.place.corner.y >> look.place.width >> look.place.height) {
@@ -149,13 +134,13 @@ class WebDriver final : public Driver {
         return looks;
     }
 
-    void press_accessible(const Form& form, const std::string& name) override {
-        hand_press(form.Caption.c_str(), name.c_str());
+    void press_accessible(const Form& form, std::size_t index) override {
+        ask("press", form.Caption, {}, static_cast<int>(index));
     }
 
     std::vector<std::string> announced() override {
         std::vector<std::string> texts;
-        std::istringstream lines(web::taken(hand_announced()));
+        auto lines = ask("announced");
         for (std::string text; std::getline(lines, text);)
             texts.push_back(text);
         return texts;
@@ -185,6 +170,6 @@ std::unique_ptr<Driver> make_driver() {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const int result = RUN_ALL_TESTS();
-    hand_done(result);
+    hand_ask("done", std::to_string(result).c_str(), 0, 0, 0);
     return result;
 }

@@ -38,7 +38,7 @@ HWND open_box() {
 }
 
 HWND window_named(const std::string& caption) {
-    return find_window(L"Solvanta", to_utf16(caption).c_str());
+    return find_window(nullptr, to_utf16(caption).c_str());
 }
 
 HWND window_of(const Form& form) {
@@ -69,9 +69,10 @@ HWND control_of(const Form& form, const Element& element) {
 }
 
 WORD to_virtual_key(Key key) {
-    constexpr WORD keys[] = {VK_RETURN, VK_RETURN, VK_SPACE, VK_ESCAPE, VK_TAB, VK_BACK,
-                             VK_LEFT,   VK_END,    'A',      'M',       'N'};
-    return keys[static_cast<std::size_t>(key)];
+    constexpr WORD keys[] = {VK_RETURN, VK_RETURN, VK_SPACE, VK_ESCAPE,
+                             VK_TAB,    VK_BACK,   VK_LEFT,  VK_END};
+    const auto number = static_cast<std::size_t>(key);
+    return number < std::size(keys) ? keys[number] : static_cast<WORD>(number);
 }
 
 /// Presses a key, or releases it by the flag.
@@ -137,9 +138,8 @@ AccessibleLook look_at(IAccessible& table, LONG number, HWND window) {
     table.accLocation(&corner.x, &corner.y, &width, &height, child(number));
     ScreenToClient(window, &corner);
     const double ratio = screen_ratio();
-    const std::string shortcut = taken(key);
     return {name_of(table, number),
-            shortcut.empty() ? '\0' : shortcut[0],
+            taken(key)[0],
             (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
             (state.lVal & STATE_SYSTEM_SELECTED) != 0,
             {{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio}};
@@ -212,10 +212,6 @@ class Win32Driver final : public Driver {
         constexpr WORD modifiers[] = {0, VK_SHIFT, VK_CONTROL, VK_MENU};
         press_key(to_virtual_key(key), modifiers[static_cast<std::size_t>(modifier)],
                   key == Key::KeypadEnter ? KEYEVENTF_EXTENDEDKEY : 0);
-    }
-
-    void type(char character, bool shift) override {
-        press_key(static_cast<WORD>(character), shift ? VK_SHIFT : 0, 0);
     }
 
     /// Copied from a text box of the system's.
@@ -297,8 +293,6 @@ class Win32Driver final : public Driver {
         return look;
     }
 
-    void close_box() override { PostMessageW(open_box(), WM_CLOSE, 0, 0); }
-
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
         const auto table = table_of(form);
@@ -309,12 +303,8 @@ class Win32Driver final : public Driver {
         return looks;
     }
 
-    void press_accessible(const Form& form, const std::string& name) override {
-        const auto looks = accessible(form);
-        for (LONG number = 1; const AccessibleLook& look : looks) {
-            if (look.name == name) table_of(form)->accDoDefaultAction(child(number));
-            ++number;
-        }
+    void press_accessible(const Form& form, std::size_t index) override {
+        table_of(form)->accDoDefaultAction(child(static_cast<LONG>(index) + 1));
     }
 
     std::vector<std::string> announced() override {

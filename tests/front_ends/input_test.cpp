@@ -1,3 +1,6 @@
+#include <map>
+#include <sstream>
+
 #include "tests/front_ends/stage.h"
 #include "text/windows_1252.h"
 
@@ -50,7 +53,7 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndEndsWithWhatIsTyped) {
         {Key::Enter, Modifier::Control, true},
         {Key::Enter, Modifier::Alt, true},
         {Key::Escape, Modifier::None, false},
-        {Key::M, Modifier::Control, false},
+        {Key{'M'}, Modifier::Control, false},
         {{}, Modifier::None, true},  // the desktop saves its state
     };
     show(form);
@@ -60,7 +63,7 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndEndsWithWhatIsTyped) {
         EXPECT_FALSE(driver().control(form, form.box).shown);
         click(form, form.button);
         ASSERT_TRUE(driver().control(form, form.box).focused);
-        for (const Key typed : {Key::End, Key::Backspace, Key::A})
+        for (const Key typed : {Key::End, Key::Backspace, Key{'A'}})
             press_key(typed);
         driver().paste("Süß", "er");
         driver().settle();
@@ -68,7 +71,7 @@ TEST_F(NameEntry, TakesFocusInAFrameJustShownAndEndsWithWhatIsTyped) {
         driver().settle();
         const std::string typed = "J\xF6raS\xFC\xDF er";  // in one line
         EXPECT_EQ(to_list_text(form.box.Text), typed);
-        EXPECT_EQ(entered, ends ? typed : "") << int(key.value_or(Key::N)) << int(modifier);
+        EXPECT_EQ(entered, ends ? typed : "") << int(key.value_or(Key{'A'})) << int(modifier);
         const ControlLook box = driver().control(form, form.box);
         EXPECT_EQ(std::tuple(box.shown, box.focused, to_list_text(box.text)),
                   std::tuple(!ends, !ends, typed));
@@ -123,7 +126,7 @@ TEST_F(RichText, IsShownAndSetOnlyWhenChanged) {
     driver().settle();
     show(form);
     click(form, view);
-    press_key(Key::A);  // nothing can be written there
+    press_key(Key{'A'});  // nothing can be written there
     EXPECT_EQ(look().text, "Zeile ü{ 1\nEnde");
     EXPECT_EQ(look_after("Hilfe ohne Form").text, "");
 }
@@ -146,9 +149,78 @@ TEST_F(Frames, ShowTheirLabelsInsideTheBorderAndTakeNoKeysDisabled) {
     for (const double border : {22.0, 118.0})
         EXPECT_FALSE(driver().pixel(form, {150, border}) == green);
     click(form, form.box);  // disabled with its frame
-    press_key(Key::A);
+    press_key(Key{'A'});
     EXPECT_FALSE(driver().control(form, form.box).focused);
     EXPECT_EQ(form.box.Text, "");
+}
+
+/// Pictures 40 pixels square in a row: `a` lies free, `l` and `r` are its outermost pixels; `b`
+/// lies under a picture box, `c` under a frame, `d` under a disabled button in a disabled frame.
+/// Clicks are noted in small letters, double clicks in capitals.
+struct MouseForm : TestForm {
+    MouseForm() {
+        for (int left = 40; const char name : {'a', 'b', 'c', 'd', 'e'}) {
+            PictureElement& element = add_picture(left, 0, 40, 40);
+            element.Click = [this, name] { log += name; };
+            element.DblClick = [this, name] { log += static_cast<char>(name - 'a' + 'A'); };
+            places[name] = place_of(*this, element).centre();
+            left += 40;
+        }
+        place(box, 80, 0, 40, 40);
+        place(frame, 120, 0, 40, 40);
+        place(dead_frame, 160, 0, 40, 40);
+        place(dead_button, 0, 0, 40, 40);
+        dead_frame.Enabled = false;
+        dead_frame.controls = {&dead_button};
+        controls = {&box, &frame, &dead_frame};
+    }
+
+    std::map<char, Point> places{{'l', {40, 0}}, {'r', {79, 39}}};
+    PictureBox box;
+    Frame frame;
+    Frame dead_frame;
+    CommandButton dead_button;
+    std::string log;
+};
+
+class MouseOnWindow : public FrontEnd {};
+
+// +x presses on x, -x releases there, a 2 behind it means the right button. The double click of
+// `e` opens a box.
+TEST_F(MouseOnWindow, GivesClicksAndDoubleClicks) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"+l -r", "a"},
+        {"+a -e", ""},
+        {"+a -a +a -a +a -a", "aAa"},
+        {"+a -a rest +a -a", "aa"},
+        {"+a2 -a2 +a +a2 -a2 -a", "a"},
+        {"+b -b +b -b +c -c +c -c +d -d +d -d", ""},
+        {"+e -e +e -e answered +e -e", "eE!e"},
+    };
+    for (const auto& [steps, log] : cases) {
+        start_anew();
+        MouseForm form;
+        form.pictures.back().DblClick = [&] {
+            form.log += 'E';
+            when_box_opens([&] { driver().key(Key::Enter); });
+            host().ask("Gratulation!", Buttons::Ok, [&](Answer) { form.log += '!'; });
+        };
+        show(form);
+        driver().rest();
+        std::istringstream words(steps);
+        for (std::string word; words >> word;) {
+            if (word == "rest") {
+                driver().rest();
+            } else if (word == "answered") {
+                EXPECT_TRUE(wait_until([&] { return form.log.back() == '!'; }));
+            } else {
+                const auto button = word.back() == '2' ? MouseButton::Right : MouseButton::Left;
+                driver().mouse(form, form.places.at(word[1]), button, word[0] == '+');
+            }
+        }
+        driver().settle();
+        EXPECT_EQ(form.log, log) << steps;
+    }
 }
 
 }  // namespace
