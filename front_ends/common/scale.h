@@ -65,11 +65,12 @@ class Scale {
     /// A length designed in pixels at 96 dots per inch.
     int scaled(double length) const { return static_cast<int>(std::lround(length * pixels_)); }
 
-    /// The twip in which a place across or down the window lies.
+    /// The twip across or down the container that the pixel at this place of the window shows: an
+    /// element takes the mouse where it is painted.
     Twips twips_across(double place) const { return twips(place, across_); }
     Twips twips_down(double place) const { return twips(place, down_); }
     /// The whole twips in a length.
-    Twips twips(double length) const { return twips(length, {}); }
+    Twips twips(double length) const { return static_cast<Twips>(length * to_twips()); }
 
     friend bool operator==(const Scale&, const Scale&) = default;
 
@@ -87,9 +88,11 @@ class Scale {
     }
     int across(Twips twips) const { return edge(twips, across_); }
     int down(Twips twips) const { return edge(twips, down_); }
+    double to_twips() const { return twips_per_pixel / pixels_; }
     Twips twips(double place, Start start) const {
-        const double whole = (place + start.pixels) * twips_per_pixel / pixels_;
-        return static_cast<Twips>(std::floor(whole)) - start.twips;
+        constexpr double middle = 0.49;  // an edge in the middle is rounded up
+        const double twips = (std::floor(place) + start.pixels + middle) * to_twips();
+        return static_cast<Twips>(std::floor(twips)) - start.twips;
     }
 
     double pixels_;

@@ -126,12 +126,11 @@ void Canvas::paint(QPainter& painter, const PixelRect& area, const Label& label)
     painter.drawText(place, text_flags(label.Alignment), QString::fromStdString(label.Caption));
 }
 
-/// To a part of a logical pixel: the position that Qt gives a widget is rounded. A pixel of the
-/// screen belongs to the element that paints its middle.
+/// To a part of a logical pixel: the position that Qt gives a widget is rounded.
 QPoint Canvas::place_in_twips(const QMouseEvent& event) const {
-    const double middle = 0.5 / devicePixelRatioF();
-    const QPointF at = mapFrom(window(), event.scenePosition()) + QPointF(middle, middle);
-    return {scale().twips_across(at.x()), scale().twips_down(at.y())};
+    const double ratio = devicePixelRatioF();
+    const QPointF at = mapFrom(window(), event.scenePosition()) * ratio;
+    return {scale(ratio).twips_across(at.x()), scale(ratio).twips_down(at.y())};
 }
 
 void Canvas::press(const QMouseEvent& event) {

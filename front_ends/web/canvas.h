@@ -32,6 +32,7 @@ class Canvas {
     void sync_walk();
     void listen();
     void press(const PageEvent& event);
+    std::pair<Twips, Twips> place_in_twips(const PageEvent& event) const;
     void key(PageEvent& event);
     void stop_at(const PictureElement* place);
     const Node& node_of(const PictureElement* element) const { return views_.at(element).node(); }

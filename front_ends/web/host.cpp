@@ -4,7 +4,7 @@
 
 namespace solvanta::web {
 
-WebHost::WebHost(double largest_scale) : largest_scale_(largest_scale) {
+WebHost::WebHost() {
     page_.listen("resize", [this](const PageEvent&) {
         lay_out();
         deliver(nullptr);
@@ -99,7 +99,7 @@ void WebHost::lay_out() {
     const Size page = page_size();
     const FormWindow& table = *windows().front();
     const Layout layout = layout_for(page, table.client_size(), table.cards_height(),
-                                     page_touched() != 0, largest_scale_);
+                                     page_touched() != 0, largest_scale);
     windows_.turn("compact", layout.compact);
     windows_.turn("sideways", layout.sideways);
     for (const Owner& window : windows()) {

@@ -14,7 +14,7 @@ namespace solvanta::web {
 /// `largest_scale`. There is one at a time.
 class WebHost final : public WindowHost<FormWindow> {
   public:
-    explicit WebHost(double largest_scale = 8);
+    WebHost();
     ~WebHost() override {
         clear();
         remove_all_listeners();
@@ -24,6 +24,8 @@ class WebHost final : public WindowHost<FormWindow> {
     std::string program_directory() const override;
     LocalTime local_time() const override;
     LocaleTexts locale_texts() const override;
+
+    double largest_scale = 8;
 
     /// Called when the program has ended.
     Event ended;
@@ -39,7 +41,6 @@ class WebHost final : public WindowHost<FormWindow> {
     void close(FormWindow& window) override;
     void lay_out();
 
-    double largest_scale_;
     Node windows_ = Node::find("windows");
     Node announcer_ = Node::find("announcer");
     Node page_ = Node::page();

@@ -68,9 +68,8 @@ std::optional<LRESULT> Canvas::answer(const Message& message) {
 }
 
 POINT Canvas::place_in_twips(const Message& message) const {
-    constexpr double middle = 0.5;  // a pixel belongs to the element that paints it
-    return {scale().twips_across(GET_X_LPARAM(message.l) + middle),
-            scale().twips_down(GET_Y_LPARAM(message.l) + middle)};
+    return {scale().twips_across(GET_X_LPARAM(message.l)),
+            scale().twips_down(GET_Y_LPARAM(message.l))};
 }
 
 LRESULT Canvas::press(const Message& message) {

@@ -102,6 +102,9 @@ class Driver {
     /// A window or a box.
     virtual void close(const std::string& caption) = 0;
     virtual void minimise(const std::string& caption) = 0;
+    /// Makes the window of a form so many times as large as it was designed; places in it are still
+    /// those of the design. Answers whether that is possible.
+    virtual bool resize(const Form& form, double scale) = 0;
     /// What the desktop does when it saves its state and goes on.
     virtual void save_desktop() = 0;
 

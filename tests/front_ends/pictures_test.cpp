@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "tests/front_ends/stage.h"
@@ -28,6 +29,24 @@ std::string bitmap(std::uint32_t width, std::uint32_t height, Color color,
     }
     return "BM" + std::string(reinterpret_cast<const char*>(numbers.data()), 4 * numbers.size());
 }
+
+/// Neighbours whose edges lie between pixels at most scales, named from the left; small letters
+/// are clicks, capitals double clicks.
+struct Neighbours : EntryForm {
+    explicit Neighbours(const Picture& picture) {
+        for (char name = 'a'; name < 'd'; ++name) {
+            PictureElement& element = add_picture(0, 7, 37, 23);
+            element.Left = 11 * twips_per_pixel + (name - 'a') * element.Width;
+            element.Picture = picture;
+            element.Click = [this, name] { log += name; };
+            element.DblClick = [this, name] { log += char(name - 'a' + 'A'); };
+        }
+        place(frame, 20, 45, 260, 100);
+        frame.Visible = frame.Enabled = true;
+    }
+
+    std::string log;
+};
 
 class Pictures : public FrontEnd {
   protected:
@@ -97,20 +116,73 @@ TEST_F(Pictures, AreReadOnceForEachLoadAndDroppedWithTheLastElement) {
     expect_colors(form, {{10, 10, blue}, {50, 10, is_within_page ? blue : green}});
 }
 
-TEST_F(Pictures, ComeFromTheFineFileWhereTheScreenIsFine) {
-    TestForm form;
-    driver().put_file("both@2x.bmp", bitmap(40, 20, green));
-    driver().put_file("broken@2x.bmp", "nothing");
-    form.add_picture(0, 0, 20, 10).Picture = put("both.bmp", bitmap(20, 10, blue));
-    form.add_picture(40, 0, 20, 10).Picture = put("plain.bmp", bitmap(20, 10, blue));
-    form.add_picture(80, 0, 20, 10).Picture = put("broken.bmp", bitmap(20, 10, blue));
-    show(form);
-    const Color seen = driver().ratio() > 1 ? green : blue;
-    const Colors colors{
-        {1, 8, seen}, {18, 8, seen}, {22, 8, red},  {41, 8, blue}, {58, 8, blue},
-        {62, 8, red}, {81, 8, blue}, {98, 8, blue}, {102, 8, red},
-    };
-    expect_colors(form, colors);
+TEST_F(Pictures, ComeFromTheFilePreparedForTheScaleThatShowsTheSame) {
+    const std::string nearly_blue =  // 40 x 20
+        "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0("
+        "\0\0\0\x14\1\3\0\0\0\xC5\x88\xED\xF8\0\0\0\3PLTE\0\0\xFA\xFA"
+        "\x12&\xD8\0\0\0\fIDATx\xDA\x63`\x18\x18\0\0\0x\0\1\x35\x33n\xA4\0\0\0\0IEND\xAE\x42`\x82"s;
+    const std::string all_green =  // 60 x 30
+        "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0<\0\0\0\x1E\1\3\0\0\0JV\xEF\f\0\0\0\3PLTE\0\xFF\0\x34^"
+        "\xC0\xA8"
+        "\0\0\0\rIDATx\xDA\x63`\x18\5\b\0\0\1\x0E\0\1\xA5h\x12\x44\0\0\0\0IEND\xAE\x42`\x82"s;
+    const Picture both = put("both.bmp", bitmap(20, 10, blue));
+    driver().put_file("both@2x.png", nearly_blue);
+    driver().put_file("both@3x.png", all_green);
+    driver().put_file("broken@2x.png", "nothing");
+    for (const double scale : {1.0, 2.0, 3.0}) {
+        TestForm form;
+        form.add_picture(0, 0, 20, 10).Picture = both;
+        form.add_picture(40, 0, 20, 10).Picture = put("plain.bmp", bitmap(20, 10, blue));
+        form.add_picture(80, 0, 20, 10).Picture = put("broken.bmp", bitmap(20, 10, blue));
+        show(form);
+        driver().resize(form, scale);
+        const Color seen = driver().ratio() * scale > 1 ? Color{0, 0, 0xFA} : blue;
+        const Colors colors{
+            {1, 8, seen}, {18, 8, seen}, {22, 8, red},  {41, 8, blue}, {58, 8, blue},
+            {62, 8, red}, {81, 8, blue}, {98, 8, blue}, {102, 8, red},
+        };
+        expect_colors(form, colors);
+        driver().close(form.Caption);
+        driver().settle();
+    }
+}
+
+TEST_F(Pictures, AreShownAndPressedAtTheirPlacesAtEveryScale) {
+    for (const double scale : {0.5, 1.0, 1.25, 1.5, 2.0, 3.0, 4.1}) {
+        start_anew();
+        Neighbours form(put("blue.bmp", bitmap(37, 23, blue)));
+        show(form);
+        if (!driver().resize(form, scale)) continue;
+        const double pixels = scale * driver().ratio();
+        // The middle of the pixel so far behind an edge, in pixels of the design.
+        const auto beside = [&](double edge, double by) {
+            return (std::round(edge * pixels) + by + 0.5) / pixels;
+        };
+        const bool is_within_page = driver().window(form.Caption)->is_within_page;
+        const double near = is_within_page ? 1 : 0;  // a browser makes edges soft
+        for (std::size_t i = 0; i < form.pictures.size(); ++i) {
+            const Rectangle area = place_of(form, form.pictures[i]);
+            const Point first{beside(area.corner.x, near), beside(area.corner.y, near)};
+            const Point last{beside(area.corner.x + area.width, -1 - near),
+                             beside(area.corner.y + area.height, -1 - near)};
+            expect_colors(form, {{first.x, first.y, blue},
+                                 {last.x, last.y, blue},
+                                 {first.x, beside(area.corner.y, -1 - near), red},
+                                 {last.x, beside(area.corner.y + area.height, near), red}});
+            for (const Point at : {first, last}) {
+                driver().rest();
+                form.log.clear();
+                tap(form, at);
+                tap(form, at);
+                driver().settle();
+                const std::string expected{char('a' + i), char('A' + i)};
+                EXPECT_EQ(form.log, expected) << scale;
+            }
+        }
+        click(form, form.box);
+        press_key(Key{'M'});
+        EXPECT_EQ(form.box.Text, "m") << scale;
+    }
 }
 
 TEST_F(Pictures, LieAtTheirOwnSizeInStackingOrder) {

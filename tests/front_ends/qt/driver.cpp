@@ -40,15 +40,22 @@ QWidget& window_of(const Form& form) {
     return *window;
 }
 
+/// Pixels of the window to one of its design.
+double scale_of(const Form& form) {
+    return double(window_of(form).width()) * twips_per_pixel / form.ClientWidth;
+}
+
 /// The toolkit's control that shows `element`, found by its place.
 QWidget& control_of(const Form& form, const Element& element) {
     QWidget& window = window_of(form);
-    const Point corner = place_of(form, element).corner;
+    const QPointF corner =
+        QPointF(place_of(form, element).corner.x, place_of(form, element).corner.y) *
+        scale_of(form);
     for (auto* widget : window.findChildren<QWidget*>()) {
         const bool may_be = widget->inherits("QLineEdit") || widget->inherits("QTextEdit") ||
                             widget->inherits("QAbstractButton");
         const QPoint place = widget->mapTo(&window, QPoint());
-        if (may_be && place == QPoint(qRound(corner.x), qRound(corner.y))) return *widget;
+        if (may_be && place == corner.toPoint()) return *widget;
     }
     throw std::runtime_error("no such control");
 }
@@ -118,7 +125,7 @@ class QtDriver final : public Driver {
         held_.setFlag(used, down);
         now_ += 40;
         QWindow* window = window_of(form).windowHandle();
-        const QPointF local(at.x, at.y);
+        const QPointF local = QPointF(at.x, at.y) * scale_of(form);
         qt_handleMouseEvent(window, local, window->mapToGlobal(local), held_, used,
                             down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, {}, now_);
         QApplication::processEvents();
@@ -147,6 +154,12 @@ class QtDriver final : public Driver {
 
     void close(const std::string& caption) override { find_window(caption)->close(); }
     void minimise(const std::string& caption) override { find_window(caption)->showMinimized(); }
+    bool resize(const Form& form, double scale) override {
+        window_of(form).resize(qRound(form.ClientWidth * scale / twips_per_pixel),
+                               qRound(form.ClientHeight * scale / twips_per_pixel));
+        QTest::qWait(200);
+        return true;
+    }
     void save_desktop() override { host_.save(); }
 
     std::optional<WindowLook> window(const std::string& caption) override {
@@ -164,7 +177,7 @@ class QtDriver final : public Driver {
         QApplication::processEvents();
         const QPaintDevice* painted = window_of(form).backingStore()->paintDevice();
         const auto& image = dynamic_cast<const QImage&>(*painted);
-        const QPointF place = QPointF(at.x, at.y) * image.devicePixelRatio();
+        const QPointF place = QPointF(at.x, at.y) * image.devicePixelRatio() * scale_of(form);
         const QRgb color = image.pixel(int(std::floor(place.x())), int(std::floor(place.y())));
         return {std::uint8_t(qRed(color)), std::uint8_t(qGreen(color)), std::uint8_t(qBlue(color))};
     }

@@ -7,7 +7,6 @@ const [folder, ratio] = process.argv.slice(2);
 const server = await serve(folder);
 const browser = await startBrowser();
 const page = await browser.newPage();
-await page.setViewport({ width: 1000, height: 760, deviceScaleFactor: Number(ratio) });
 const tools = await page.createCDPSession();
 
 // The colour of the first pixel of a picture in PNG.
@@ -38,6 +37,10 @@ const acts = {
     if (held) await page.keyboard.down(held);
     await page.keyboard.press(key);
     if (held) await page.keyboard.up(held);
+  },
+  async resize({ text }) {
+    const [width, height] = text.split(' ').map(Number);
+    await page.setViewport({ width, height, deviceScaleFactor: Number(ratio) });
   },
   paste: ({ text }) => tools.send('Input.insertText', { text }),
   repeat: ({ text: key }) => tools.send('Input.dispatchKeyEvent',

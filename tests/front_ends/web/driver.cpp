@@ -1,6 +1,7 @@
 #include "tests/front_ends/driver.h"
 
 #include <chrono>
+#include <cmath>
 #include <map>
 #include <sstream>
 #include <utility>
@@ -39,6 +40,11 @@ std::istringstream ask(const char* what, const std::string& text = "", Point at 
 /// `settle`. What is to be done later is done at the end of a `wait`.
 class WebDriver final : public Driver {
   public:
+    WebDriver() {
+        host_.largest_scale = 1;
+        ask("resize", "1000 760");
+    }
+
     Host& host() override { return host_; }
     double ratio() const override { return page_ratio(); }
     void settle() override { hand_settle(); }
@@ -80,6 +86,19 @@ class WebDriver final : public Driver {
 
     void close(const std::string& caption) override { ask("close", caption); }
     void minimise(const std::string& /*caption*/) override {}
+
+    /// With the page's bars around the window. One too small to read has its buttons elsewhere.
+    bool resize(const Form& form, double scale) override {
+        if (scale < 1) return false;
+        host_.largest_scale = scale;
+        const auto side = [&](Twips length, int bars) {
+            return std::to_string(std::lround(length * scale / twips_per_pixel) + bars);
+        };
+        ask("resize", side(form.ClientWidth, 40) + ' ' + side(form.ClientHeight, 80));
+        hand_settle();
+        return true;
+    }
+
     void save_desktop() override { ask("leavePage"); }
 
     std::optional<WindowLook> window(const std::string& caption) override {
@@ -155,7 +174,7 @@ class WebDriver final : public Driver {
   private:
     using Clock = std::chrono::steady_clock;
 
-    web::WebHost host_{1};
+    web::WebHost host_;
     std::multimap<Clock::time_point, std::function<void()>> later_;
 };
 

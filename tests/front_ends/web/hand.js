@@ -81,7 +81,8 @@ const Hand = {
           'button.element, input.element, .rich-text.element')].find((one) => {
           const at = (name) => [one, one.closest('.frame')].reduce(
             (sum, box) => sum + Number(box?.style.getPropertyValue(name) ?? 0), 0);
-          return Math.hypot(at('--left') - x, at('--top') - y) < 0.5;
+          const scale = hand.scale(hand.window(caption));
+          return Math.hypot(at('--left') / scale - x, at('--top') / scale - y) < 0.5;
         });
         if (!node) return '0 0 0 0';
         if (scroll) node.scrollTop = scroll;

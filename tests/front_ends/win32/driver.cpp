@@ -47,9 +47,11 @@ HWND window_of(const Form& form) {
     return window;
 }
 
-POINT to_device(Point at) {
-    return {static_cast<LONG>(std::floor(at.x * screen_ratio())),
-            static_cast<LONG>(std::floor(at.y * screen_ratio()))};
+POINT to_device(const Form& form, Point at) {
+    RECT client{};
+    GetClientRect(window_of(form), &client);
+    const double scale = double(client.right) * twips_per_pixel / form.ClientWidth;
+    return {LONG(std::floor(at.x * scale)), LONG(std::floor(at.y * scale))};
 }
 
 /// The innermost window at a place, which becomes one in it.
@@ -64,7 +66,7 @@ HWND innermost(HWND window, POINT& place, UINT passed_over) {
 
 /// The system's control that shows `element`, found by its place.
 HWND control_of(const Form& form, const Element& element) {
-    POINT centre = to_device(place_of(form, element).centre());
+    POINT centre = to_device(form, place_of(form, element).centre());
     return innermost(window_of(form), centre, CWP_ALL);
 }
 
@@ -196,7 +198,7 @@ class Win32Driver final : public Driver {
     void mouse(const Form& form, Point at, MouseButton button, bool down) override {
         constexpr DWORD uses[][2] = {{MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN},
                                      {MOUSEEVENTF_RIGHTUP, MOUSEEVENTF_RIGHTDOWN}};
-        POINT place = to_device(at);
+        POINT place = to_device(form, at);
         ClientToScreen(window_of(form), &place);
         const auto normalized = [](LONG pixel, int screen_size) {
             return static_cast<DWORD>((pixel + 0.5) * 65536 / GetSystemMetrics(screen_size));
@@ -237,6 +239,22 @@ class Win32Driver final : public Driver {
         ShowWindow(window_named(caption), SW_MINIMIZE);
     }
 
+    bool resize(const Form& form, double scale) override {
+        HWND window = window_of(form);
+        RECT outer{};
+        RECT client{};
+        GetWindowRect(window, &outer);
+        GetClientRect(window, &client);
+        const auto side = [&](Twips length, LONG frame) {
+            return int(std::lround(length * scale * screen_ratio() / twips_per_pixel) + frame);
+        };
+        SetWindowPos(window, nullptr, 0, 0,
+                     side(form.ClientWidth, outer.right - outer.left - client.right),
+                     side(form.ClientHeight, outer.bottom - outer.top - client.bottom), 0);
+        wait(200);
+        return true;
+    }
+
     void save_desktop() override {
         for (const UINT message : {UINT{WM_QUERYENDSESSION}, UINT{WM_ENDSESSION}}) {
             HWND window = nullptr;
@@ -258,7 +276,7 @@ class Win32Driver final : public Driver {
     }
 
     Color pixel(const Form& form, Point at) override {
-        POINT place = to_device(at);
+        POINT place = to_device(form, at);
         RedrawWindow(window_of(form), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         HWND window = innermost(window_of(form), place, CWP_SKIPINVISIBLE);
         HDC dc = GetDC(window);
