@@ -23,6 +23,10 @@ Image load(const std::string& name) {
     return decode(name, read_file(shipped / name)).front();
 }
 
+std::string file_name(const std::string& stem, int scale, const std::string& ending) {
+    return scale == 1 ? stem + ending : stem + "@" + std::to_string(scale) + "x.png";
+}
+
 std::set<std::string> faces() {
     std::set<std::string> names;
     for (const std::string suit : {"Herz_", "Pick_", "Karo_", "Kreuz_"}) {
@@ -40,9 +44,9 @@ TEST(ShippedPictures, HaveTheirFormatsAndNoCornersOnTheTable) {
     for (const std::string& face : faces())
         formats[face] = formats["Leer"];
     for (const auto& [stem, format] : formats) {
-        for (const int scale : {1, 2}) {
-            const auto& [ending, width, height] = format;
-            const std::string name = std::string(stem).append(scale == 2 ? "@2x" : "") + ending;
+        const auto& [ending, width, height] = format;
+        for (int scale = 1; scale <= largest_scale; ++scale) {
+            const std::string name = file_name(stem, scale, ending);
             const Image image = load(name);
             ASSERT_TRUE(image.width == width * scale && image.height == height * scale) << name;
             for (const int x : {0, image.width - 1}) {
@@ -76,9 +80,9 @@ TEST(ShippedPictures, StripsTellTheirCardsInGreyAndAreTheBacksTop) {
             strip += static_cast<char>(grey_of(card.pixels[std::size_t(place)]));
         EXPECT_TRUE(strips.insert(strip).second) << face;
     }
-    for (const std::string scale : {"", "@2x"}) {
-        const Image back = load("Back_ganz" + scale + ".bmp");
-        const Image strip = load("Back_verdeckt" + scale + ".bmp");
+    for (int scale = 1; scale <= largest_scale; ++scale) {
+        const Image back = load(file_name("Back_ganz", scale, ".bmp"));
+        const Image strip = load(file_name("Back_verdeckt", scale, ".bmp"));
         EXPECT_TRUE(std::equal(strip.pixels.begin(), strip.pixels.end(), back.pixels.begin()));
     }
 }
