@@ -11,7 +11,7 @@ const rounds = 9;
 const build = 'build/web';
 execFileSync('node', ['front_ends/web/make_page.mjs', `${build}/benchmarks/page`,
   ...['Solvanta.js', 'Solvanta.wasm'].map((name) => `${build}/benchmarks/${name}`),
-  ...['pictures.pack', 'pictures@2x.pack'].map((name) => `${build}/front_ends/web/${name}`),
+  ...['', '@2x', '@3x', '@4x'].map((size) => `${build}/front_ends/web/pictures${size}.pack`),
   ...readdirSync('front_ends/web/page').map((name) => `front_ends/web/page/${name}`),
   ...['Help.rtf', 'Solvanta.png', 'Solvanta-32.png'].map((name) => `shipped/${name}`)]);
 

@@ -49,7 +49,7 @@ play_tour() {
 check_windows() {
     local to="$work/Spiele für Jörg"
     unzip -q "$archives"/Solvanta-*-windows-*.zip -d "$to"
-    check_files "$to"/* shipped/*.{bmp,gif,ico,jpg} shipped/Help.rtf
+    check_files "$to"/* shipped/*.{bmp,gif,ico,jpg} shipped/*@*.png shipped/Help.rtf
     ! grep -vl $'\r$' "$to"/*/LI* || fail "lines that Windows ends otherwise"
     play_tour "$to"/* windows --windows build/windows/wine
 }

@@ -3,7 +3,7 @@ set(program_directory "${PROJECT_BINARY_DIR}/Solvanta")
 file(GLOB shipped_files CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/shipped/*")
 if(WIN32)
     # The icon in the sizes that desktops ask for: a program for Windows has it inside.
-    list(FILTER shipped_files EXCLUDE REGEX "\\.png$")
+    list(FILTER shipped_files EXCLUDE REGEX "/Solvanta[-0-9]*\\.png$")
 endif()
 set(copied_files "")
 foreach(file IN LISTS shipped_files)

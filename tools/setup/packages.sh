@@ -4,8 +4,8 @@
 packages_build="cmake fonts-liberation g++ libxcb1-dev ninja-build pkg-config qt6-base-dev
     qt6-translations-l10n"
 packages_tour="faketime imagemagick libgtest-dev libxtst6 openbox python3 x11-xkb-utils xvfb"
-packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev librsvg2-dev
-    qt6-base-private-dev strace"
+packages_test="$packages_tour libcairo2-dev libgif-dev libjpeg-dev libpng-dev
+    librsvg2-dev qt6-base-private-dev strace"
 packages_lint="clang-format clang-tidy cppcheck reuse"
 packages_fuzz="clang libclang-rt-dev libgtest-dev"
 packages_archives="debhelper dpkg-dev git nsis zip"
@@ -30,11 +30,11 @@ name_packages() {
     say "  Fedora:   dnf install cmake gcc-c++ ninja-build qt6-qtbase-devel qt6-qttranslations" \
         "libxcb-devel liberation-fonts gtest-devel xorg-x11-server-Xvfb setxkbmap libXtst" \
         "ImageMagick libfaketime openbox librsvg2-devel giflib-devel libjpeg-turbo-devel" \
-        "python3 strace"
+        "libpng-devel python3 strace"
     say "  Arch:     pacman -S cmake gcc ninja qt6-base qt6-translations libxcb ttf-liberation" \
         "gtest xorg-server-xvfb xorg-setxkbmap libxtst imagemagick libfaketime openbox" \
-        "librsvg giflib libjpeg-turbo python strace"
-    say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo"
+        "librsvg giflib libjpeg-turbo libpng python strace"
+    say "  Homebrew: brew install cmake ninja qt googletest librsvg giflib jpeg-turbo libpng"
 }
 
 # Installs those of the named Debian packages that are missing. Ends the command where that is

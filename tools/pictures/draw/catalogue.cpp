@@ -20,11 +20,13 @@ constexpr int paletted_icon_side = 48;
 // Below this side the icon is drawn from a simpler part made for few pixels.
 constexpr int full_icon_side = 32;
 
-void add_pair(std::vector<PictureFile>& files, const std::string& stem, const std::string& ending,
-              Frame frame) {
+void add_picture(std::vector<PictureFile>& files, const std::string& stem,
+                 const std::string& ending, Frame frame) {
     files.push_back({stem + ending, {frame}});
-    frame.scale = 2;
-    files.push_back({stem + "@2x" + ending, {frame}});
+    for (int scale = 2; scale <= largest_scale; ++scale) {
+        frame.scale = scale;
+        files.push_back({stem + "@" + std::to_string(scale) + "x.png", {frame}});
+    }
 }
 
 // A picture that is one part, as large as the file.
@@ -45,7 +47,7 @@ void add_faces(std::vector<PictureFile>& files) {
             const auto draw = [card](Painter& painter) { draw_face(painter, card); };
             const std::string stem =
                 std::string(suit_words[suit]) + "_" + std::string(rank_words[rank]);
-            add_pair(files, stem, ".bmp", {card_columns, card_rows, 1, 24, draw});
+            add_picture(files, stem, ".bmp", {card_columns, card_rows, 1, 24, draw});
         }
     }
 }
@@ -97,13 +99,13 @@ Bytes render_icon(const PictureFile& file, PartLibrary& library) {
 std::vector<PictureFile> catalogue() {
     std::vector<PictureFile> files;
     add_faces(files);
-    add_pair(files, "Leer", ".bmp", {card_columns, card_rows, 1, 24, draw_empty_place});
-    add_pair(files, "Back_ganz", ".bmp", {card_columns, card_rows, 1, 24, draw_back});
-    add_pair(files, "Back_verdeckt", ".bmp",
-             {card_columns, static_cast<int>(back_strip_height), 1, 24, draw_back});
-    add_pair(files, "zeiger", ".bmp", part_frame("zeiger", 45, 24, 32));
-    add_pair(files, "diddle", ".jpg", part_frame("win", 228, 242, 24));
-    add_pair(files, "skull", ".gif", part_frame("skull", 188, 140, 24));
+    add_picture(files, "Leer", ".bmp", {card_columns, card_rows, 1, 24, draw_empty_place});
+    add_picture(files, "Back_ganz", ".bmp", {card_columns, card_rows, 1, 24, draw_back, true});
+    add_picture(files, "Back_verdeckt", ".bmp",
+                {card_columns, static_cast<int>(back_strip_height), 1, 24, draw_back});
+    add_picture(files, "zeiger", ".bmp", part_frame("zeiger", 45, 24, 32));
+    add_picture(files, "diddle", ".jpg", part_frame("win", 228, 242, 24));
+    add_picture(files, "skull", ".gif", part_frame("skull", 188, 140, 24));
     add_icons(files);
     return files;
 }
@@ -124,7 +126,7 @@ Bytes render(const PictureFile& file, PartLibrary& library) {
         return encode_gif(image);
     }
     if (ends_with(file.name, ".png")) {
-        return encode_png(image);
+        return encode_png(image, file.frames.front().exact);
     }
     throw std::runtime_error(file.name + ": no such picture format");
 }

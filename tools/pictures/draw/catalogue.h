@@ -16,6 +16,7 @@ struct Frame {
     double scale = 1;
     unsigned bits_per_pixel = 24;  // 32: with alpha
     std::function<void(Painter&)> draw;
+    bool exact = false;  // every colour is kept: another file shows a part of the picture
 };
 
 struct PictureFile {
@@ -23,7 +24,11 @@ struct PictureFile {
     std::vector<Frame> frames;
 };
 
-// All files that the program ships, each picture at one and at two pixels to the point.
+// How many pixels to the point the largest files of a picture have.
+inline constexpr int largest_scale = 4;
+
+// All files that the program ships, each picture at one pixel to the point and, as PNG, at two up
+// to the largest scale.
 std::vector<PictureFile> catalogue();
 
 // The file's content. Throws std::runtime_error when a part is missing or the format unknown.

@@ -16,7 +16,9 @@ Image decode_jpeg(const Bytes& file);
 Bytes encode_gif(const Image& image);
 Image decode_gif(const Bytes& file);
 
-Bytes encode_png(const Image& image);
+// With alpha where the picture has it, and unless `exact` with a palette of 256 colours where no
+// difference is seen. The same picture gives the same bytes; they hold no date and no text.
+Bytes encode_png(const Image& image, bool exact);
 Image decode_png(const Bytes& file);
 
 }  // namespace solvanta::pictures

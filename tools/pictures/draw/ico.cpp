@@ -89,7 +89,7 @@ Bytes encode_entry(const IconEntry& entry) {
         throw std::invalid_argument("icon neither square nor of 8 or 32 bits");
     }
     if (image.width == largest_side && entry.bits_per_pixel == 32) {
-        return encode_png(image);
+        return encode_png(image, true);
     }
     if (!is_bitmap_side(image.width)) {
         throw std::invalid_argument("icon size out of range");

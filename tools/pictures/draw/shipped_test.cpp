@@ -19,7 +19,8 @@ using namespace solvanta::pictures;
 
 const std::filesystem::path shipped = SOLVANTA_SHIPPED_PICTURES;
 
-Image load(const std::string& name) {
+Image load(const std::string& stem, int scale = 1, const std::string& ending = ".bmp") {
+    const std::string name = stem + (scale == 1 ? ending : "@" + std::to_string(scale) + "x.png");
     return decode(name, read_file(shipped / name)).front();
 }
 
@@ -40,16 +41,15 @@ TEST(ShippedPictures, HaveTheirFormatsAndNoCornersOnTheTable) {
     for (const std::string& face : faces())
         formats[face] = formats["Leer"];
     for (const auto& [stem, format] : formats) {
-        for (const int scale : {1, 2}) {
-            const auto& [ending, width, height] = format;
-            const std::string name = std::string(stem).append(scale == 2 ? "@2x" : "") + ending;
-            const Image image = load(name);
-            ASSERT_TRUE(image.width == width * scale && image.height == height * scale) << name;
+        const auto& [ending, width, height] = format;
+        for (int scale = 1; scale <= largest_scale; ++scale) {
+            const Image image = load(stem, scale, ending);
+            ASSERT_TRUE(image.width == width * scale && image.height == height * scale) << stem;
             for (const int x : {0, image.width - 1}) {
                 const Pixel& corner = image.at(x, image.height - 1);
                 EXPECT_TRUE(height != 96 || (corner == table_green && image.at(x, 0) == corner))
-                    << name;
-                EXPECT_EQ(corner.alpha, stem == "zeiger" ? 0 : 255) << name;
+                    << stem;
+                EXPECT_EQ(corner.alpha, stem == "zeiger" ? 0 : 255) << stem;
             }
         }
     }
@@ -70,15 +70,15 @@ TEST(ShippedPictures, IconHoldsEverySizeAndThe256Colours) {
 TEST(ShippedPictures, StripsTellTheirCardsInGreyAndAreTheBacksTop) {
     std::set<std::string> strips;
     for (const std::string& face : faces()) {
-        const Image card = load(face + ".bmp");
+        const Image card = load(face);
         std::string strip;  // what a card beneath others shows
         for (int place = 0; place < 16 * card.width; ++place)
             strip += static_cast<char>(grey_of(card.pixels[std::size_t(place)]));
         EXPECT_TRUE(strips.insert(strip).second) << face;
     }
-    for (const std::string scale : {"", "@2x"}) {
-        const Image back = load("Back_ganz" + scale + ".bmp");
-        const Image strip = load("Back_verdeckt" + scale + ".bmp");
+    for (int scale = 1; scale <= largest_scale; ++scale) {
+        const Image back = load("Back_ganz", scale);
+        const Image strip = load("Back_verdeckt", scale);
         EXPECT_TRUE(std::equal(strip.pixels.begin(), strip.pixels.end(), back.pixels.begin()));
     }
 }
