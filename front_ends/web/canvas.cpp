@@ -120,8 +120,8 @@ void Canvas::listen() {
     area_.listen("pointerdown", [this](const PageEvent& event) { press(event); });
     area_.listen("pointerup", [this](const PageEvent& event) {
         if (!event.is_left) return;
-        parts_.deliver(mouse_.release(scale().twips_across(event.inside_x),
-                                      scale().twips_down(event.inside_y)));
+        const auto [x, y] = place_in_twips(event);
+        parts_.deliver(mouse_.release(x, y));
     });
     area_.listen("pointercancel", [this](const PageEvent&) { mouse_.cancel(); });
     // Or the browser would make a click of the finger's touch on what it takes to be meant.
@@ -134,10 +134,15 @@ void Canvas::press(const PageEvent& event) {
     if (!event.is_own || !event.is_left) return mouse_.forget_press();
     page_capture(area_.handle());
     const Twips reach = scale().twips(12);  // a finger does not come down twice on one pixel
+    const auto [x, y] = place_in_twips(event);
     parts_.deliver(
-        mouse_.press({scale().twips_across(event.inside_x), scale().twips_down(event.inside_y),
-                      static_cast<std::uint32_t>(event.milliseconds)},
-                     {500, reach, reach}));
+        mouse_.press({x, y, static_cast<std::uint32_t>(event.milliseconds)}, {500, reach, reach}));
+}
+
+std::pair<Twips, Twips> Canvas::place_in_twips(const PageEvent& event) const {
+    const Scale scale = this->scale(parts_.ratio);
+    return {scale.twips_across(event.inside_x * parts_.ratio),
+            scale.twips_down(event.inside_y * parts_.ratio)};
 }
 
 void Canvas::key(PageEvent& event) {

@@ -35,7 +35,7 @@ std::string bitmap(std::uint32_t width, std::uint32_t height, Color color,
 struct Neighbours : EntryForm {
     explicit Neighbours(const Picture& picture) {
         for (char name = 'a'; name < 'd'; ++name) {
-            PictureElement& element = add_picture(0, 7, 37, 23);
+            PictureElement& element = add_picture(0, 7, 31, 23);
             element.Left = 11 * twips_per_pixel + (name - 'a') * element.Width;
             element.Picture = picture;
             element.Click = [this, name] { log += name; };
@@ -150,7 +150,7 @@ TEST_F(Pictures, ComeFromTheFilePreparedForTheScaleThatShowsTheSame) {
 TEST_F(Pictures, AreShownAndPressedAtTheirPlacesAtEveryScale) {
     for (const double scale : {0.5, 1.0, 1.25, 1.5, 2.0, 3.0, 4.1}) {
         start_anew();
-        Neighbours form(put("blue.bmp", bitmap(37, 23, blue)));
+        Neighbours form(put("blue.bmp", bitmap(31, 23, blue)));
         show(form);
         if (!driver().resize(form, scale)) continue;
         const double pixels = scale * driver().ratio();
