@@ -4,11 +4,14 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "front_ends/common/mouse.h"
 #include "front_ends/common/picture_bytes.h"
+#include "front_ends/common/resample.h"
+#include "front_ends/common/scale.h"
 #include "front_ends/web/page_layout.h"
 
 namespace solvanta::test {
@@ -133,6 +136,44 @@ TEST(PictureBytes, NeedNoDecoderInAPlainBitmap) {
         bytes[place] = byte;
         EXPECT_FALSE(plain_bitmap(bytes, 100)) << "byte " << place;
     }
+}
+
+TEST(Resample, MakesTheMeanOfLight) {
+    using Pixels = std::vector<std::uint32_t>;
+    constexpr std::uint32_t white = 0xFFFFFFFF;
+    constexpr std::uint32_t ink = 0xFF000000;
+    const std::tuple<Pixels, PixelSize, PixelSize, Pixels> cases[] = {
+        {{ink, white}, {2, 1}, {1, 1}, {0xFFBCBCBC}},
+        {{ink, white}, {1, 2}, {1, 1}, {0xFFBCBCBC}},
+        {{white, ink, ink}, {3, 1}, {2, 1}, {0xFFD5D5D5, ink}},
+        {{0, white}, {2, 1}, {1, 1}, {0x80808080}},
+        {{0, 0x80004080}, {2, 1}, {2, 1}, {0, 0x80004080}},
+        {{0xFF123456, ink}, {2, 1}, {4, 1}, {0xFF123456, 0xFF123456, ink, ink}},
+    };
+    for (auto [from, size, to, expected] : cases) {
+        Pixels pixels(expected.size());
+        resample({from.data(), size.width, size.height}, {pixels.data(), to.width, to.height});
+        EXPECT_EQ(pixels, expected) << from.size();
+    }
+    Pixels small(16 * 9, 0xFF808080);
+    Pixels large(32 * 18, 0xFF848484);
+    const auto same = [&](int times) {
+        return shows_the_same({small.data(), 16, 9}, {large.data(), 32, 18}, times);
+    };
+    EXPECT_TRUE(same(2) && !same(3));
+    std::fill(small.end() - 8, small.end(), ink);  // the lowest line of a block
+    EXPECT_FALSE(same(2));
+}
+
+TEST(Scale, FitsALayoutIntoTheMiddleOfAWindow) {
+    const Scale scale = Scale::fitted(300, 150, {70, 31});
+    EXPECT_EQ(scale.pixels(), 3.1);
+    EXPECT_EQ(scale.place_of({0, 0, 300, 150}), (PixelRect{4, 0, 66, 31}));
+    EXPECT_EQ(scale.twips_across(4), 2);
+    EXPECT_EQ(scale.inside({10, 20, 0, 0}).place_of({10, 5, 10, 15}), (PixelRect{2, 1, 4, 4}));
+    for (const auto& [part, larger, smaller] :
+         {std::tuple{1.0, 1.25, 0.75}, {0.5, 0.75, 0.5}, {1.01, 1.25, 0.75}, {8.0, 8.0, 6.0}})
+        EXPECT_TRUE(next_part(part, true) == larger && next_part(part, false) == smaller) << part;
 }
 
 TEST(PageLayout, FitsTheTableIntoEveryPage) {

@@ -67,16 +67,35 @@ std::vector<Share> shares(int from, int to) {
     return result;
 }
 
+/// A colour of its own of what was multiplied by alpha, which is above 0.
+std::uint32_t divided(std::uint32_t channel, std::uint32_t alpha) {
+    return std::min(255U, (channel * 255 + alpha / 2) / alpha);
+}
+
+/// Adds a part of a pixel to four channels of light.
+void add_pixel(std::uint32_t pixel, float part, float* sum) {
+    const std::uint32_t alpha = pixel >> 24U;
+    if (alpha == 0) return;
+    const float amount = part * static_cast<float>(alpha) / full;
+    for (const unsigned shift : {0U, 8U, 16U})
+        *sum++ += amount * lights()[divided(pixel >> shift & 0xFFU, alpha)];
+    *sum += amount;
+}
+
 /// Adds a part of a line of pixels to `sum`.
 void add_line(const std::uint32_t* pixels, int width, float part, Light& sum) {
     const auto& light = lights();
     float* out = sum.data();
     for (int x = 0; x < width; ++x, out += channels) {
         const std::uint32_t pixel = pixels[x];
+        if (pixel >> 24U != 0xFF) {
+            add_pixel(pixel, part, out);
+            continue;
+        }
         out[0] += part * light[pixel & 0xFFU];
         out[1] += part * light[pixel >> 8U & 0xFFU];
         out[2] += part * light[pixel >> 16U & 0xFFU];
-        out[3] += part * static_cast<float>(pixel >> 24U) / full;
+        out[3] += part;
     }
 }
 
@@ -88,7 +107,11 @@ std::uint32_t pixel_of(const Light& line, const Share& share) {
             channel += part * *in++;
     }
     const auto alpha = static_cast<std::uint32_t>(std::lround(sum[3] * full));
-    return alpha << 24U | value_of(sum[2]) << 16U | value_of(sum[1]) << 8U | value_of(sum[0]);
+    if (alpha == 0) return 0;
+    const auto channel = [&](float light) {
+        return (value_of(light / sum[3]) * alpha + 127) / 255;
+    };
+    return alpha << 24U | channel(sum[2]) << 16U | channel(sum[1]) << 8U | channel(sum[0]);
 }
 
 int channel_of(std::uint32_t pixel, unsigned shift) {

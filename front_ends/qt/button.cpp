@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "front_ends/common/look.h"
 #include "front_ends/qt/look.h"
 
 namespace solvanta::qt {
@@ -52,12 +53,15 @@ QBrush Button::face() const {
 void Button::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(hasFocus() ? focus_border : border));
+    const double unit = double(font().pixelSize()) / button_font_pixels;
+    const double middle = unit / 2;  // of the line around it
+    const double radius = corner_radius * unit;
+    painter.setPen(QPen(QColor(hasFocus() ? focus_border : border), unit));
     painter.setBrush(face());
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), corner_radius,
-                            corner_radius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(middle, middle, -middle, -middle), radius,
+                            radius);
     painter.setPen(QColor(isEnabled() ? caption : disabled_caption));
-    painter.drawText(rect().translated(isDown() ? QPoint(1, 1) : QPoint()),
+    painter.drawText(rect().translated(isDown() ? QPoint(1, 1) * unit : QPoint()),
                      Qt::AlignCenter | Qt::TextShowMnemonic, text());
 }
 

@@ -195,10 +195,12 @@ void FrameBox::paintEvent(QPaintEvent* event) {
 void FrameBox::paint_border(QPainter& painter) const {
     constexpr int caption_margin = 3;
     const int caption_height = scale().scaled(frame_caption_height);
-    const QRect line = rect().adjusted(0, caption_height / 2, -2, -2);
-    painter.setPen(Qt::white);
-    painter.drawRect(line.translated(1, 1));
-    painter.setPen(palette().color(QPalette::Dark));
+    const double unit = scale().pixels();
+    const QRectF line =
+        QRectF(rect()).adjusted(unit / 2, caption_height / 2 + unit / 2, -1.5 * unit, -1.5 * unit);
+    painter.setPen(QPen(Qt::white, unit));
+    painter.drawRect(line.translated(unit, unit));
+    painter.setPen(QPen(palette().color(QPalette::Dark), unit));
     painter.drawRect(line);
     painter.setFont(to_font(Font{}, scale()));
     const QString caption = QString::fromStdString(frame_.Caption);
