@@ -104,10 +104,6 @@ Accessible object_of(HWND window) {
     return Accessible(static_cast<IAccessible*>(object));
 }
 
-Accessible table_of(const Form& form) {
-    return object_of(window_of(form));
-}
-
 VARIANT child(LONG number) {
     VARIANT id{};
     id.vt = VT_I4;
@@ -295,7 +291,7 @@ class Win32Driver final : public Driver {
 
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
-        const auto table = table_of(form);
+        const auto table = object_of(window_of(form));
         LONG count = 0;
         table->get_accChildCount(&count);
         for (LONG number = 1; number <= count; ++number)
@@ -304,7 +300,7 @@ class Win32Driver final : public Driver {
     }
 
     void press_accessible(const Form& form, std::size_t index) override {
-        table_of(form)->accDoDefaultAction(child(static_cast<LONG>(index) + 1));
+        object_of(window_of(form))->accDoDefaultAction(child(static_cast<LONG>(index) + 1));
     }
 
     std::vector<std::string> announced() override {
