@@ -153,11 +153,7 @@ void CALLBACK note_alert(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND stop, LON
 class Win32Driver final : public Driver {
   public:
     Win32Driver() = default;
-    ~Win32Driver() override {
-        for (const auto& waiting : waiting_)
-            KillTimer(nullptr, waiting.first);
-        waiting_.clear();
-    }
+    ~Win32Driver() override { waiting_.clear(); }
 
     Host& host() override { return host_; }
     double ratio() const override { return screen_ratio(); }
