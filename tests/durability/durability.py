@@ -56,21 +56,13 @@ def deal(directory, *wrapper):
     return done.stdout.strip(), done.stderr.splitlines()
 
 
-def record(directory, wrapper):
-    """The system calls of a deal: name, arguments, result."""
-    with tempfile.NamedTemporaryFile("r", errors="replace") as log:
-        deal(directory, "strace", "-f", "-qqq", "-y", "-o", log.name, *wrapper)
-        calls = re.findall(r"(?m)^(?:\d+ +)?(\w+)\((.*)\) += (.*)", log.read())
-    asked = next(i for i, (name, arguments, _) in enumerate(calls) if name == "read" and arguments[:2] == "0<")
-    return calls[asked:]
-
-
 def follow(expected, wrapper=(), modes=()):
     """Holds a deal's calls to their order, but for those that fail or only look, until it is answered."""
-    with program_directory(*modes) as (directory, best_times):
-        calls = record(directory, wrapper)
+    with program_directory(*modes) as (directory, best_times), tempfile.NamedTemporaryFile("rb") as log:
+        deal(directory, "strace", "-f", "-qqq", "-y", "-o", log.name, *wrapper)
+        since_asked = log.read().decode(errors="replace").partition("read(0<")[2]
     done = []
-    for name, arguments, result in calls:
+    for name, arguments, result in re.findall(r"(?m)^(?:\d+ +)?(\w+)\((.*)\) += (.*)", since_asked):
         name = "create" if "O_CREAT|O_EXCL" in arguments else name
         paths = re.findall(rf'["<]({directory}[^">]*)', arguments) or ["the answer"] * arguments.startswith("1<")
         if paths and name in ("create", "write", "fsync", "close", "rename", "ftruncate") and result[0] != "-":
