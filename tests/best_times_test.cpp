@@ -82,13 +82,6 @@ TEST(BestTimesFile, UsesWhatCanBeRead) {
 struct KeptList {
     explicit KeptList(const std::string& bytes) { files.files[MemoryFiles::list_path] = bytes; }
 
-    /// Has a call of the file system fail from here on.
-    void fail(const std::string& failing) {
-        files.before = [=](const std::string& call) {
-            return std::make_error_code(call == failing ? std::errc::io_error : std::errc());
-        };
-    }
-
     /// Deals, clears the list, or wins in as many seconds as the code of a capital letter.
     void play(char event, const std::string& name) {
         const int place = place_for(state, event);
@@ -169,11 +162,14 @@ TEST(BestTimesFile, NeverTouchesWhatIsTooLong) {
 
 TEST(BestTimesFile, KeepsWhatWasUnreadWhenAnotherListCannotBeStored) {
     KeptList list(installed_file);
-    list.fail("read");
+    std::string failing = "read";
+    list.files.before = [&](const std::string& call) {
+        return std::make_error_code(call == failing ? std::errc::io_error : std::errc());
+    };
     EXPECT_TRUE(list.file.read(list.state));
-    list.fail("create");
+    failing = "create";
     EXPECT_TRUE(list.file.take("", list.state));
-    list.fail("");
+    failing = "";
     EXPECT_FALSE(list.file.write(list.state));
     EXPECT_EQ(list.files.files.at(MemoryFiles::list_path), installed_file);
 }

@@ -67,13 +67,10 @@ TEST(Rules, StockAndPasses) {
     // Five cards are in play: the four highest hearts and the king of spades.
     const std::string others_done = "F 13 13 13 13 9 12 13 13; ";
     const Case cases[] = {
-        {"three, once for a double click", "S H10 HB HD HK; W PK", "stock!",
-         "S H10; W PK HK HD HB"},
+        {"three for a double click", "S H10 HB HD HK; W PK", "stock!", "S H10; W PK HK HD HB"},
         {"one left of three", "S H10; W HB HD HK PK", "stock", "S; W HB HD HK PK H10"},
-        {"one in the third pass", "D 1; S H10 HB; W HD HK PK", "stock",
-         "D 1; S H10; W HD HK PK HB"},
-        {"a turn keeps the order", "S; W H10 HB HD HK PK", "stock stock",
-         "D 2; S PK HK HD; W H10 HB"},
+        {"one in pass three", "D 1; S H10 HB; W HD HK PK", "stock", "D 1; S H10; W HD HK PK HB"},
+        {"in the same order", "S; W H10 HB HD HK PK", "stock stock", "D 2; S PK HK HD; W H10 HB"},
         {"an empty waste uses up a pass", "S; 1 PK HD; 2 HK; 3 HB; 4 H10", "stock stock",
          "D 1; S; 1 PK HD; 2 HK; 3 HB; 4 H10"},
         {"a selection means the new top card", "S HD H10 HB; W HK; 1 PK", "waste stock c1",

@@ -37,10 +37,9 @@ void expect_shown(const Form_Main& table) {
 
 }  // namespace
 
-Player::Player(std::uint64_t seed, std::map<std::string, std::string> at_start)
+Player::Player(std::uint64_t seed)
     : table(
           host, [seed]() mutable { return random_from_seed(seed++); }, durable) {
-    files.files = std::move(at_start);
     table.Form_Load();
     host.show(table);
 }

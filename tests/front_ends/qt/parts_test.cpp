@@ -1,15 +1,12 @@
 #include <array>
-#include <tuple>
 #include <vector>
 
 #include <QAbstractTextDocumentLayout>
-#include <QByteArray>
 #include <QLocale>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <gtest/gtest.h>
 
-#include "front_ends/qt/display_probe.h"
 #include "front_ends/qt/locale_texts.h"
 #include "front_ends/qt/rich_text_view.h"
 #include "rich_text/rtf_reader.h"
@@ -35,23 +32,6 @@ TEST(LocaleTexts, AreThoseOfTheUser) {
         EXPECT_EQ(between, in_times) << locale;
         EXPECT_EQ(texts.decimal_separator, in_numbers) << locale;
     }
-}
-
-TEST(DisplayProbe, AsksWhatQtWouldUse) {
-    // The platform, the display of X, that of Wayland, whether there is one.
-    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
-        {"", ":9999", "", false},      {"", "", "no-such-socket", false},
-        {"xcb", ":9999", "", false},   {"wayland", "", "/tmp", false},
-        {"offscreen:x", "", "", true}, {"xcb;offscreen", ":9999", "", true},
-    };
-    const QByteArray before = qgetenv("QT_QPA_PLATFORM");
-    for (const auto& [platform, x_display, wayland_display, available] : cases) {
-        qputenv("QT_QPA_PLATFORM", platform);
-        qputenv("DISPLAY", x_display);
-        qputenv("WAYLAND_DISPLAY", wayland_display);
-        EXPECT_EQ(display_available(), available) << platform << ' ' << x_display;
-    }
-    qputenv("QT_QPA_PLATFORM", before);
 }
 
 TEST(RichTextView, GivesTheDocumentItsLook) {

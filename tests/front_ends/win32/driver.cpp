@@ -106,10 +106,6 @@ Accessible object_of(HWND window) {
     return Accessible(static_cast<IAccessible*>(object));
 }
 
-Accessible table_of(const Form& form) {
-    return object_of(window_of(form));
-}
-
 VARIANT child(LONG number) {
     VARIANT id{};
     id.vt = VT_I4;
@@ -159,11 +155,7 @@ void CALLBACK note_alert(HWINEVENTHOOK /*hook*/, DWORD /*event*/, HWND stop, LON
 class Win32Driver final : public Driver {
   public:
     Win32Driver() = default;
-    ~Win32Driver() override {
-        for (const auto& waiting : waiting_)
-            KillTimer(nullptr, waiting.first);
-        waiting_.clear();
-    }
+    ~Win32Driver() override { waiting_.clear(); }
 
     Host& host() override { return host_; }
     double ratio() const override { return screen_ratio(); }
@@ -313,7 +305,7 @@ class Win32Driver final : public Driver {
 
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
-        const auto table = table_of(form);
+        const auto table = object_of(window_of(form));
         LONG count = 0;
         table->get_accChildCount(&count);
         for (LONG number = 1; number <= count; ++number)
@@ -322,7 +314,7 @@ class Win32Driver final : public Driver {
     }
 
     void press_accessible(const Form& form, std::size_t index) override {
-        table_of(form)->accDoDefaultAction(child(static_cast<LONG>(index) + 1));
+        object_of(window_of(form))->accDoDefaultAction(child(static_cast<LONG>(index) + 1));
     }
 
     std::vector<std::string> announced() override {

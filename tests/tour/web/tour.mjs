@@ -92,11 +92,9 @@ class Player {
 
   // The golden game, dealt already.
   async play() {
-    const { left, top, scale } = await this.page.evaluate(() => ({
-      left: document.querySelector('.with-cards > .client').getBoundingClientRect().left,
-      top: document.querySelector('.with-cards > .client').getBoundingClientRect().top,
-      scale: Number(document.querySelector('.with-cards').style.getPropertyValue('--scale')),
-    }));
+    const { left, top, width } = await this.page.evaluate(
+      () => document.querySelector('.with-cards > .client').getBoundingClientRect().toJSON());
+    const scale = width / 822;
     const cards = () => this.page.evaluate(
       () => [...document.querySelectorAll('.picture')].map((one) => one.getAttribute('aria-label')).join());
     for (const [number, [click, x, y]] of moves.entries()) {
@@ -185,16 +183,14 @@ async function visit(player, enter, withList) {
 
 // The window in front goes where its title bar is drawn to.
 async function moveWindow({ page }) {
-  const place = () => page.evaluate(() => {
-    const { x, y } = document.querySelector('.foremost').getBoundingClientRect();
-    return [x, y];
-  });
-  const [x, y] = await place();
-  await page.mouse.move(x + 90, y + 10);
+  const place = () => page.evaluate(() => document.querySelector('.foremost').getBoundingClientRect().toJSON());
+  const before = await place();
+  await page.mouse.move(before.x + 90, before.y + 10);
   await page.mouse.down();
-  await page.mouse.move(x + 60, y + 30);
+  await page.mouse.move(before.x + 60, before.y + 30);
   await page.mouse.up();
-  assert.deepEqual(await place(), [x - 30, y + 20]);
+  const { x, y } = await place();
+  assert.deepEqual([x, y], [before.x - 30, before.y + 20]);
 }
 
 // Another page takes over, which completes the entry, and then this one takes over again.
@@ -280,23 +276,21 @@ async function loadBadly() {
   const [dropped, refused, broken] = ['Die Verbindung ist abgebrochen.',
     'Der Server gibt das Spiel zurzeit nicht heraus.', 'Das Spiel ist beschädigt angekommen.'];
   const html = { contentType: 'text/html', body: '<h1>Anmeldung</h1>' };
-  let trouble = [];
+  let [file, answer] = [];
   await player.page.setRequestInterception(true);
   player.page.on('request', (request) => {
-    const [file, answer] = trouble;
     if (!request.url().includes(file)) request.continue();
     else if (answer) request.respond(answer);
     else request.abort();
   });
-  for (const [sentence, ...wanted] of [
-    [dropped, 'Solvanta.wasm', null], [refused, 'Solvanta.wasm', { status: 503 }],
-    [broken, 'Solvanta.wasm', html], [dropped, 'Solvanta.js', null], [broken, 'Solvanta.js', html],
-    [refused, '.pack', { status: 404 }],
+  for (const [sentence, ...trouble] of [
+    [dropped, 'Solvanta.wasm'], [refused, 'Solvanta.wasm', { status: 503 }], [broken, 'Solvanta.wasm', html],
+    [dropped, 'Solvanta.js'], [broken, 'Solvanta.js', html], [refused, '.pack', { status: 404 }],
   ]) {
-    trouble = wanted;
+    [file, answer] = trouble;
     await player.page.goto(server.address);
     await player.find(sentence);
-    trouble = [];
+    file = null;
     await player.hit('Nochmal versuchen', 'neues Spiel');
   }
   await player.hit('Ja');
