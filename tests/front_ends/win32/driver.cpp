@@ -231,20 +231,22 @@ class Win32Driver final : public Driver {
         ShowWindow(window_named(caption), SW_MINIMIZE);
     }
 
+    /// Not beyond the screen.
     bool resize(const Form& form, double scale) override {
         HWND window = window_of(form);
         RECT outer{};
+        RECT before{};
         RECT client{};
         GetWindowRect(window, &outer);
-        GetClientRect(window, &client);
-        const auto side = [&](Twips length, LONG frame) {
-            return int(std::lround(length * scale * screen_ratio() / twips_per_pixel) + frame);
-        };
-        SetWindowPos(window, nullptr, 0, 0,
-                     side(form.ClientWidth, outer.right - outer.left - client.right),
-                     side(form.ClientHeight, outer.bottom - outer.top - client.bottom), 0);
+        GetClientRect(window, &before);
+        const double pixels = scale * screen_ratio() / twips_per_pixel;
+        const int width = int(std::lround(form.ClientWidth * pixels));
+        const int height = int(std::lround(form.ClientHeight * pixels));
+        SetWindowPos(window, nullptr, 0, 0, outer.right - outer.left - before.right + width,
+                     outer.bottom - outer.top - before.bottom + height, 0);
         wait(200);
-        return true;
+        GetClientRect(window, &client);
+        return client.right == width && client.bottom == height;
     }
 
     void save_desktop() override {
