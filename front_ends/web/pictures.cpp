@@ -16,8 +16,10 @@ struct Format {
     const char* type;
 };
 
-constexpr Format formats[] = {
-    {"bmp", "BM", "image/bmp"}, {"gif", "GIF8", "image/gif"}, {"jpg", "\xFF\xD8", "image/jpeg"}};
+constexpr Format formats[] = {{"bmp", "BM", "image/bmp"},
+                              {"gif", "GIF8", "image/gif"},
+                              {"jpg", "\xFF\xD8", "image/jpeg"},
+                              {"png", "\x89PNG", "image/png"}};
 
 /// The address of the picture that `bytes` hold in the format the suffix names, or in the one that
 /// the build packs all pictures in; empty when they don't.

@@ -127,7 +127,6 @@ TEST_F(Pictures, ComeFromTheFilePreparedForTheScaleThatShowsTheSame) {
         "\0\0\0\rIDATx\xDA\x63`\x18\5\b\0\0\1\x0E\0\1\xA5h\x12\x44\0\0\0\0IEND\xAE\x42`\x82"s;
     const Picture both = put("both.bmp", bitmap(20, 10, blue));
     driver().put_file("both@2x.png", nearly_blue);
-    driver().put_file("both@3x.png", all_green);
     driver().put_file("broken@2x.png", "nothing");
     for (const double scale : {1.0, 2.0, 3.0}) {
         TestForm form;
@@ -135,6 +134,9 @@ TEST_F(Pictures, ComeFromTheFilePreparedForTheScaleThatShowsTheSame) {
         form.add_picture(40, 0, 20, 10).Picture = put("plain.bmp", bitmap(20, 10, blue));
         form.add_picture(80, 0, 20, 10).Picture = put("broken.bmp", bitmap(20, 10, blue));
         show(form);
+        // What a page shows is never the player's own.
+        if (!driver().window(form.Caption)->is_within_page)
+            driver().put_file("both@3x.png", all_green);
         const bool is_possible = driver().resize(form, scale);
         const Color seen = driver().ratio() * scale > 1 ? Color{0, 0, 0xFA} : blue;
         const Colors colors{
