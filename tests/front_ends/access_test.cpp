@@ -48,7 +48,7 @@ class Access : public FrontEnd {
         press_key(Key::Enter);  // the first button has the focus
         ASSERT_TRUE(wait_until([&] { return game_dealt(table.state); }));
         show(table);  // a screen without a window manager leaves no window in front
-        EXPECT_EQ(answers_to(Key{'T'}), 0U);  // the table has not the focus yet
+        EXPECT_EQ(answers_to(Key{'T'}).size(), 0U);  // the table has not the focus yet
     }
 
     void go_to_the_table() {
@@ -57,11 +57,11 @@ class Access : public FrontEnd {
         ASSERT_NE(focused(), "");
     }
 
-    /// How often something is said at a key.
-    std::size_t answers_to(Key key, Modifier modifier = Modifier::None) {
+    /// What is said at a key.
+    std::vector<std::string> answers_to(Key key, Modifier modifier = Modifier::None) {
         driver().announced();
         press_key(key, modifier);
-        return driver().announced().size();
+        return driver().announced();
     }
 
     MemoryFiles files;
@@ -79,7 +79,7 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
     EXPECT_TRUE(table.state.Selected(4));
     go_to_the_table();
     for (const char key : {'T', 'Z'})
-        EXPECT_EQ(answers_to(Key{key}), 1U);
+        EXPECT_EQ(answers_to(Key{key}).size(), 1U);
     press_key(Key::End);
     EXPECT_EQ(focused(), "Ablage, leer");
     press_key(Key::ArrowLeft);
@@ -92,20 +92,25 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
 }
 
 TEST_F(Access, IsToldWhatIsPlayedByKeys) {
-    const std::tuple<const char*, char, Modifier, std::size_t> cases[] = {
-        {"1 H1 P2 | HK XD HB; 10 X9 | H1?", '0', Modifier::None, 1},
-        {"W H5; 10 X9 | H1?; sel 0", 'A', Modifier::None, 1},
-        {"F 1; 2 K9 H1; 3 P4 H3 P2", '2', Modifier::Shift, 2},
-        {"S; F 13 13 13 13 13 13 13 12; 4 XK", '4', Modifier::Shift, 2},
+    const std::tuple<const char*, char, bool, const char*> cases[] = {
+        {"1 H1 P2 | HK XD HB; 10 X9 | H1?", '0', false,
+         "Herz Ass, Spalte 10, darunter 1 verdeckte"},
+        {"W H5; 10 X9 | H1?; sel 0", 'A', false, "Nicht mehr ausgewählt"},
+        {"F 1; 2 K9 | H1; 3 P4 H3 P2", '2', true, "Herz Ass, Ziel 5. Verdeckte Karte, Spalte 2"},
+        {"S; F 13 13 13 13 13 13 13 12; 4 XK", '4', true,
+         "Kreuz König, Ziel 8. Spalte 4, leer. Gewonnen. Platz: 1"},
     };
     deal();
     go_to_the_table();
-    for (const auto& [position, key, modifier, said] : cases) {
+    for (const auto& [position, key, twice, said] : cases) {
         table.state = parse_position(position);
         RefreshTable(table.state, table, "");
         press_key(Key{'S'});  // which has it shown
         expect_places_found();
-        EXPECT_EQ(answers_to(Key{key}, modifier), said) << position;
+        const auto answers = answers_to(Key{key}, twice ? Modifier::Shift : Modifier::None);
+        // Of two clicks at once the first may be left unsaid.
+        ASSERT_TRUE(answers.size() == 1 || (twice && answers.size() == 2)) << position;
+        EXPECT_EQ(answers.back(), said);
         expect_places_found();
     }
     EXPECT_TRUE(wait_until([&] { return driver().control(table, table.InName).focused; }));
