@@ -51,6 +51,12 @@ class Access : public FrontEnd {
         EXPECT_EQ(answers_to(Key{'T'}).size(), 0U);  // the table has not the focus yet
     }
 
+    void go_to_the_table() {
+        for (int tabs = 0; tabs < 6 && focused().empty(); ++tabs)
+            press_key(Key::Tab);
+        ASSERT_NE(focused(), "");
+    }
+
     /// What is said at a key.
     std::vector<std::string> answers_to(Key key, Modifier modifier = Modifier::None) {
         driver().announced();
@@ -71,8 +77,7 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
     driver().press_accessible(table, static_cast<std::size_t>(column - places.begin()));
     driver().settle();
     EXPECT_TRUE(table.state.Selected(4));
-    for (int tabs = 0; tabs < 6 && focused().empty(); ++tabs)
-        press_key(Key::Tab);
+    go_to_the_table();
     for (const char key : {'T', 'Z'})
         EXPECT_EQ(answers_to(Key{key}).size(), 1U);
     press_key(Key::End);
@@ -84,20 +89,28 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
     expect_colors(table, {{left - 1, middle, {255, 255, 255}}, {left + 1, middle, black}});
     press_key(Key::Space);
     EXPECT_EQ(focused(), "Stapel, 46 Karten");
+}
 
-    // Keys and what is said at them, each in a position of its own.
-    const std::tuple<const char*, char, Modifier, std::size_t> cases[] = {
-        {"1 H1 P2 | HK XD HB; 10 X9 | H1?", '0', Modifier::None, 1},
-        {"W H5; 10 X9 | H1?; sel 0", 'A', Modifier::None, 1},
-        {"F 1; 2 K9 H1; 3 P4 P3 P2 P1", '2', Modifier::Shift, 2},
-        {"S; F 13 13 13 13 13 13 13 12; 4 XK", '4', Modifier::Shift, 2},
+TEST_F(Access, IsToldWhatIsPlayedByKeys) {
+    const std::tuple<const char*, char, bool, const char*> cases[] = {
+        {"1 H1 P2 | HK XD HB; 10 X9 | H1?", '0', false,
+         "Herz Ass, Spalte 10, darunter 1 verdeckte"},
+        {"W H5; 10 X9 | H1?; sel 0", 'A', false, "Nicht mehr ausgewählt"},
+        {"F 1; 2 K9 | H1; 3 P4 H3 P2", '2', true, "Herz Ass, Ziel 5. Verdeckte Karte, Spalte 2"},
+        {"S; F 13 13 13 13 13 13 13 12; 4 XK", '4', true,
+         "Kreuz König, Ziel 8. Spalte 4, leer. Gewonnen. Platz: 1"},
     };
-    for (const auto& [position, key, modifier, said] : cases) {
+    deal();
+    go_to_the_table();
+    for (const auto& [position, key, twice, said] : cases) {
         table.state = parse_position(position);
         RefreshTable(table.state, table, "");
         press_key(Key{'S'});  // which has it shown
         expect_places_found();
-        EXPECT_EQ(answers_to(Key{key}, modifier).size(), said) << position;
+        const auto answers = answers_to(Key{key}, twice ? Modifier::Shift : Modifier::None);
+        // Of two clicks at once the first may be left unsaid.
+        ASSERT_TRUE(answers.size() == 1 || (twice && answers.size() == 2)) << position;
+        EXPECT_EQ(answers.back(), said);
         expect_places_found();
     }
     EXPECT_TRUE(wait_until([&] { return driver().control(table, table.InName).focused; }));
