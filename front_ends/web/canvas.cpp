@@ -81,6 +81,7 @@ void Canvas::bring_in_line(const PictureElement& element, PictureView& view) con
     const bool is_selected = element.IsSelected && element.IsSelected();
     if (element.Click) node.attribute("aria-pressed", is_selected ? "true" : "false");
     view.show(element.Picture, parts_.prepared());
+    view.own_size(element, scale(parts_.ratio), parts_.ratio);
 }
 
 /// For pixels of a screen that has so many to one of the page.

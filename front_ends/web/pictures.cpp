@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "front_ends/common/look.h"
 #include "front_ends/common/picture_bytes.h"
 #include "front_ends/common/picture_files.h"
 
@@ -96,7 +97,21 @@ PictureView::PictureView(const Node& parent, const char* class_name, Pictures& p
     picture_.listen("error", [this](const PageEvent&) {
         if (image_ && image_->url == url_ && !url_.empty()) pictures_.give_up(*image_);
     });
+    picture_.listen("load", [this](const PageEvent&) {
+        own_ = PixelSize{static_cast<int>(picture_.number("naturalWidth")),
+                         static_cast<int>(picture_.number("naturalHeight"))};
+        if (resize_) resize_();
+    });
     display(nullptr);
+}
+
+void PictureView::own_size(const PictureElement& element, const Scale& scale, double ratio) {
+    resize_ = [this, &element, scale, ratio] {
+        const PixelSize size = painted_area(element, own_ ? &*own_ : nullptr, scale).whole;
+        picture_.style("--width", size.width / ratio);
+        picture_.style("--height", size.height / ratio);
+    };
+    resize_();
 }
 
 void PictureView::show(const Picture& picture, int times) {

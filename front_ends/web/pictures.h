@@ -56,6 +56,10 @@ class PictureView {
 
     void show(const Picture& picture, int times);
 
+    /// Gives the picture its own size, by whole pixels of a screen that has `ratio` to one of the
+    /// page and the container this scale there. Without this it is as large as fits.
+    void own_size(const PictureElement& element, const Scale& scale, double ratio);
+
   private:
     void display(const Image* image);
 
@@ -64,7 +68,9 @@ class PictureView {
     Node picture_;
     Node placeholder_;
     const Image* image_ = nullptr;
-    std::string url_;  // that is shown of it
+    std::string url_;               // that is shown of it
+    std::optional<PixelSize> own_;  // of the latest that has come
+    Event resize_;
 };
 
 }  // namespace solvanta::web
