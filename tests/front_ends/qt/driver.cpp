@@ -113,7 +113,10 @@ class QtDriver final : public Driver {
     }
 
     void later(int milliseconds, std::function<void()> act) override {
-        QTimer::singleShot(milliseconds, &context_, std::move(act));
+        auto* const timer = new QTimer(&context_);
+        timer->setSingleShot(true);
+        QObject::connect(timer, &QTimer::timeout, &context_, std::move(act));
+        timer->start(milliseconds);
     }
 
     /// As the window system does: with the time, from which Qt itself makes double clicks.

@@ -115,7 +115,7 @@ TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
         when(box_is_in_front, [&] {
             ShowWindow(window_of(form), SW_MINIMIZE);
             SetForegroundWindow(window_of(other));
-            when([&] { return box_is_in_front() && !IsIconic(window_of(form)); },
+            when([&] { return box_is_in_front() && IsIconic(window_of(form)) == FALSE; },
                  [&] { driver().close("Solvanta"); });
         });
     });
