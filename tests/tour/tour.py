@@ -1,6 +1,6 @@
 """Plays a whole game in a real window with a real mouse, and checks what the game leaves on disk.
 
-    tools/setup/screen.py python3 tests/tour/tour.py PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY
+    tools/setup/screen.py python3 tests/tour/tour.py PROGRAM_DIRECTORY TOUR_CLICKS OUTPUT_DIRECTORY [maximised]
 
 The screenshots go to OUTPUT_DIRECTORY. The program's clock is set to the moment of the golden game,
 so that the cards are those the clicks are meant for.
@@ -19,7 +19,7 @@ from game import (BEST_TIMES, BOX, HELP, LIST, NEW_GAME, RETURN, SHIFT, TO_BEST_
                   copy_of_program, on_windows, press, program_in, read, require, wait_for, wait_for_answer,
                   wait_for_end_of)
 
-program_directory, tour_clicks, output = map(os.path.abspath, sys.argv[1:])
+program_directory, tour_clicks, output = map(os.path.abspath, sys.argv[1:4])
 GERMAN = {"LC_ALL": "de_DE.UTF-8", "TZ": "UTC", "FAKETIME_DONT_FAKE_MONOTONIC": "1", "DONT_FAKE_MONOTONIC": "1"}
 OK = (332, 452)  # in the window of the best times
 ENTRY = rb'[1-9][0-9]*,"J\xf6rg S\xfc\xdf","1\. Jan 2026 12:33"\r\n'
@@ -48,7 +48,7 @@ def wait_for_counts(best_times, counts):
 def play(game, clicks):
     for start in range(0, len(clicks), 10):
         for kind, *place in clicks[start:start + 10]:
-            click(game.table, map(int, place), times=2 if kind == b"double" else 1)
+            game.click(map(int, place), times=2 if kind == b"double" else 1)
         wait_for_answer(game.table)
 
 
@@ -60,6 +60,8 @@ def whole_game(command, best_times):
     clicks = [line.split() for line in listing.splitlines()]
     with Game(["faketime", "-f", dealt_at, *command], env=GERMAN) as game:
         shot("1-start")
+        if sys.argv[4:]:
+            game.maximise()
         require(read(best_times) is None, "the start wrote the best-times file")
         game.open(NEW_GAME, BOX)
         shot("2-question")

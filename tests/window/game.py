@@ -17,6 +17,7 @@ from screen import wait_for
 
 TABLE, BOX, HELP, BEST_TIMES = "Solvanta V1.6", "Solvanta", "Hilfe", "Highscores - Top 30"  # captions
 # Places of the table, in pixels.
+DESIGN = (822, 520)  # its client area
 NEW_GAME, TO_BEST_TIMES, TO_HELP, QUIT, STOCK = (48, 504), (168, 504), (280, 504), (628, 504), (700, 60)
 RETURN, SHIFT = 0xFF0D, 0xFFE1  # keys beyond those that are characters
 
@@ -68,9 +69,19 @@ def window_named(caption, among="_NET_CLIENT_LIST"):
     return next((window for window in windows_named_by(among) if caption_of(window) == caption), None)
 
 
-def is_viewable(window):
+def attributes_of(window):
+    """The fields of XWindowAttributes, in ints; zeros of a window that has gone."""
     attributes = (ctypes.c_int * 34)()
-    return x11.XGetWindowAttributes(display, c_ulong(window), attributes) and attributes[23] == 2
+    x11.XGetWindowAttributes(display, c_ulong(window), attributes)
+    return attributes
+
+
+def size_of(window):
+    return attributes_of(window)[2:4]
+
+
+def is_viewable(window):
+    return attributes_of(window)[23] == 2
 
 
 def front_window(caption):
@@ -150,8 +161,22 @@ class Game:
     def open(self, place, caption):
         # A window that still becomes the active one may let go of a button pressed meanwhile.
         self.to_front()
-        click(self.table, place)
+        self.click(place)
         return front_window(caption)
+
+    def click(self, place, times=1):
+        """Clicks at a place of the table's design, however large it is shown."""
+        size = size_of(self.table)
+        scale = min(room / length for room, length in zip(size, DESIGN))
+        click(self.table, [round((room - length * scale) / 2 + at * scale)
+                           for room, length, at in zip(size, DESIGN, place)], times)
+
+    def maximise(self):
+        before = size_of(self.table)
+        send(root.value, 3 << 19, self.table, "_NET_WM_STATE", 1, atom("_NET_WM_STATE_MAXIMIZED_VERT"),
+             atom("_NET_WM_STATE_MAXIMIZED_HORZ"))
+        wait_for(lambda: size_of(self.table) != before, "the large table")
+        wait_for_answer(self.table)
 
     def deal(self):
         self.open(NEW_GAME, BOX)
@@ -175,7 +200,7 @@ class Game:
 
     def end(self):
         self.to_front()
-        click(self.table, QUIT)
+        self.click(QUIT)
         return self.exit_status()
 
     def exit_status(self):

@@ -7,7 +7,7 @@ import os
 import sys
 import tempfile
 
-from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, click, copy_of_program, front_window, is_viewable,
+from game import (BOX, HELP, NEW_GAME, QUIT, TABLE, TO_HELP, Game, copy_of_program, front_window, is_viewable,
                   on_windows, program_in, require, root, send, wait_for, wait_for_answer, window_named,
                   windows_named_by)
 
@@ -55,7 +55,7 @@ def play(command, elsewhere, by_link):
         other.kill()
         wait_until_gone(its_table)
         game.to_front()
-        click(game.table, QUIT)
+        game.click(QUIT)
         successor = Game(command)  # started while the other ends
         require(game.exit_status() == 0, "the end is not in order")
         wait_until_gone(game.table)

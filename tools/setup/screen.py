@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs a command on a screen of its own, with a window manager, and answers with its status.
 
-    screen.py [--bare] [--windows FOLDER] [--dpi DOTS] COMMAND...
+    screen.py [--bare] [--size WIDTHxHEIGHT] [--windows FOLDER] [--dpi DOTS] COMMAND...
 
 --bare leaves the window manager out. --windows gives a Windows of the command's own too: a Wine in
 German, at so many dots per inch, whose unchanging part is made in FOLDER by the first that asks. With
@@ -61,10 +61,10 @@ def running(*command, **options):
 
 
 @contextlib.contextmanager
-def screen(work):
+def screen(work, size):
     """A virtual screen, named by DISPLAY; what it shows stands in the file named by FRAMEBUFFER."""
     ours, theirs = os.pipe()
-    with running("Xvfb", "-displayfd", str(theirs), "-screen", "0", "1280x1024x24", "-fbdir", work, "-nolisten",
+    with running("Xvfb", "-displayfd", str(theirs), "-screen", "0", size + "x24", "-fbdir", work, "-nolisten",
                  "tcp", "-noreset", pass_fds=[theirs], stderr=subprocess.DEVNULL):
         os.close(theirs)
         with os.fdopen(ours) as number:
@@ -127,6 +127,7 @@ def windows(folder, work, dpi, managed):
 def main():
     arguments = argparse.ArgumentParser()
     arguments.add_argument("--bare", action="store_true")
+    arguments.add_argument("--size", default="1280x1024")
     arguments.add_argument("--windows", type=os.path.abspath)
     arguments.add_argument("--dpi", type=int, default=96)
     arguments.add_argument("command", nargs=argparse.REMAINDER)
@@ -135,7 +136,7 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     with contextlib.ExitStack() as stack:
         work = stack.enter_context(tempfile.TemporaryDirectory())
-        stack.enter_context(screen(work))
+        stack.enter_context(screen(work, wanted.size))
         if not wanted.bare:
             stack.enter_context(window_manager(work))
         if wanted.windows:
