@@ -37,9 +37,10 @@ void expect_shown(const Form_Main& table) {
 
 }  // namespace
 
-Player::Player(std::uint64_t seed)
+Player::Player(std::uint64_t seed, std::map<std::string, std::string> at_start)
     : table(
           host, [seed]() mutable { return random_from_seed(seed++); }, durable) {
+    files.files = std::move(at_start);
     table.Form_Load();
     host.show(table);
 }

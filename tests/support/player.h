@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -16,8 +17,8 @@ namespace solvanta::test {
 /// followed by a check of the record and of the table that shows it.
 class Player {
   public:
-    /// The seed of the first deal.
-    explicit Player(std::uint64_t seed = 1);
+    /// The seed of the first deal, and files that are there at start-up.
+    explicit Player(std::uint64_t seed = 1, std::map<std::string, std::string> at_start = {});
 
     /// Puts a position on the table as if play had led there; list and counters stay.
     void set_up(GameState placed);
