@@ -116,6 +116,13 @@ def refresh():
     times = {count: runs[f"Refresh/{count}"]["cpu_time"] for count in (20, 40, 60)}
     line = Figure((times[20].value + times[60].value) / 2, times[20].spread)
     compare("refresh of 40 against the middle of 20 and 60", "µs", line, times[40], 1.1)
+    designed, large = (runs[f"Select/60/{size}"] for size in ("822/520", "3840/2160"))
+    compare("a column selected at 3840 by 2160 against the designed size", "µs", designed["cpu_time"],
+            large["cpu_time"], 2.5)
+    state("peak of memory there", f"{large['megabytes'].value:.0f} MB")
+    drag = runs["Drag/60"]["cpu_time"]
+    rate = 1e9 / drag.value
+    state("pictures a second while an edge is dragged at 1920 by 1080", f"{rate:.0f}", drag.spread, "≥ 30", rate >= 30)
 
 
 def watch(what, *command):

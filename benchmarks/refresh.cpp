@@ -1,18 +1,23 @@
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
 #include <set>
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QFile>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include "app/form_main.h"
+#include "front_ends/common/walk.h"
 #include "front_ends/qt/host.h"
 #include "front_ends/qt/look.h"
 #include "front_ends/qt/scale.h"
@@ -34,11 +39,27 @@ class Table {
         window_ = QApplication::topLevelWindows().front();
     }
 
-    /// A click on the waste, which is empty, ends in a refresh of everything and its painting.
-    void click() {
-        const QPointF at = qt::to_qt(Scale().place_of(form_.Source)).center();
-        send(QEvent::MouseButtonPress, at, Qt::LeftButton);
-        send(QEvent::MouseButtonRelease, at, Qt::NoButton);
+    /// A click on the waste, which is empty, ends in a refresh of everything.
+    void click() { click_at(form_.Source); }
+
+    /// Clicks on one column select it or give it up: a picture comes or goes.
+    void select() {
+        const auto places = places_of(form_);
+        click_at(**std::find_if(places.begin(), places.end(),
+                                [](const PictureElement* place) { return place->Key == '5'; }));
+    }
+
+    /// Makes the window so large, in pixels, and waits until its pictures are as fine as can be.
+    void enlarge(const QSize& size) {
+        resize(size);
+        QEventLoop rest;
+        QTimer::singleShot(500, &rest, &QEventLoop::quit);
+        rest.exec();
+    }
+
+    /// One picture of a window being dragged larger.
+    void resize(const QSize& size) {
+        window_->resize(size);
         QApplication::processEvents();
     }
 
@@ -56,6 +77,15 @@ class Table {
     }
 
   private:
+    void click_at(const Element& element) {
+        const Scale scale = Scale::fitted(form_.ClientWidth, form_.ClientHeight,
+                                          {window_->width(), window_->height()});
+        const QPointF at = qt::to_qt(scale.place_of(element)).center();
+        send(QEvent::MouseButtonPress, at, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, at, Qt::NoButton);
+        QApplication::processEvents();
+    }
+
     static constexpr std::string_view back_strip_file_ = "Back_verdeckt.bmp";
 
     /// Piles face-up cards onto the columns until the table shows so many pictures.
@@ -116,8 +146,30 @@ void Refresh(benchmark::State& measured) {
     measured.counters["pictures"] = static_cast<double>(table.files().size());
 }
 
+void Select(benchmark::State& measured) {
+    Table table(static_cast<int>(measured.range(0)));
+    table.enlarge({static_cast<int>(measured.range(1)), static_cast<int>(measured.range(2))});
+    for ([[maybe_unused]] auto round : measured)
+        table.select();
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    measured.counters["megabytes"] = static_cast<double>(used.ru_maxrss) / 1024;
+}
+
+void Drag(benchmark::State& measured) {
+    Table table(static_cast<int>(measured.range(0)));
+    table.enlarge({1900, 1080});
+    int more = 0;
+    for ([[maybe_unused]] auto round : measured) {
+        more = (more + 1) % 20;
+        table.resize({1900 + more, 1060 + more});
+    }
+}
+
 BENCHMARK(BareRead)->DenseRange(20, 60, 20);
 BENCHMARK(Refresh)->DenseRange(20, 60, 20);
+BENCHMARK(Drag)->Arg(60);
+BENCHMARK(Select)->Args({60, 822, 520})->Args({60, 3840, 2160});
 
 }  // namespace
 }  // namespace solvanta::benchmarks

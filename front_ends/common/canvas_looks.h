@@ -14,13 +14,13 @@ namespace solvanta {
 /// painted anew.
 class CanvasLooks {
   public:
-    /// Where a picture to be seen is painted, in pixels of the window: at its own size.
-    using PictureArea = std::function<PixelRect(const PictureElement&)>;
+    /// Tells what a picture's file holds; null where that can't be shown.
+    using ContentOf = std::function<const PictureContent*(const Picture&)>;
 
     /// Looks at the container again; the smallest rectangle around all that looks otherwise than at
     /// the last call. One rectangle: clipped to many, pictures are slower to paint than all
     /// between. `ringed` is the place with the ring around it, or null.
-    PixelRect changes(const Container& container, const Scale& scale, const PictureArea& area_of,
+    PixelRect changes(const Container& container, const Scale& scale, const ContentOf& content_of,
                       const Element* ringed);
 
     /// Where the element of that place in the container is painted; empty when it is not.
@@ -32,12 +32,12 @@ class CanvasLooks {
   private:
     struct Look {
         PixelRect area;
-        std::uint64_t load = 0;      // of a picture
+        std::uint64_t picture = 0;   // what is shown of it, or the load that can't be
         std::optional<Label> label;  // a label, as it is
         bool operator==(const Look&) const = default;
     };
 
-    static Look look(const Painted& item, const Scale& scale, const PictureArea& area_of);
+    static Look look(const Painted& item, const Scale& scale, const ContentOf& content_of);
 
     std::vector<Look> looks_;
     PixelRect ring_;

@@ -29,8 +29,8 @@ struct PaintedArea {
     PixelSize whole;  ///< with what is cut off
 };
 
-/// A picture is painted at its own size, in pixels at 96 dots per inch; the stand-in of one that
-/// can't be read, which has none, at the element's.
+/// A picture is painted at its own size, in pixels at 96 dots per inch; without one, as the
+/// stand-in of a picture that can't be read, at the element's.
 inline PaintedArea painted_area(const PictureElement& element, const PixelSize* own,
                                 const Scale& scale) {
     Element area = element;

@@ -34,16 +34,14 @@ class PictureStore {
 
     explicit PictureStore(Decode decode) : decode_(std::move(decode)) {}
 
-    /// The picture's own size, in pixels at 96 dots per inch. Null, with one line on standard error
-    /// for each file name in a run, when the file is missing, damaged, cut short or absurdly large.
-    const PixelSize* size(const Picture& picture) {
-        const Shown* const shown = shown_of(picture);
-        return shown ? &shown->size : nullptr;
-    }
+    /// What the picture's file held when this load of it was first asked for. Null, with one line
+    /// on standard error for each file name in a run, when the file is missing, damaged, cut short
+    /// or absurdly large.
+    const PictureContent* content(const Picture& picture) { return shown_of(picture); }
 
-    /// The image of a picture that has a size, in so many pixels of the screen: as its file has it
-    /// or, beyond that, the neighbour prepared for the next whole multiple, if that shows the same;
-    /// scaled only where none has this size. While `quick` it is any image that there is.
+    /// The image of a picture that can be shown, in so many pixels of the screen: as its file has
+    /// it or, beyond that, the neighbour prepared for the next whole multiple, if that shows the
+    /// same; scaled only where none has this size. While `quick` it is any image that there is.
     Image& image(const Picture& picture, PixelSize size) {
         Shown& shown = *shown_of(picture);
         const auto found = shown.images.find(size);
@@ -74,21 +72,20 @@ class PictureStore {
     }
 
   private:
-    /// What a file held.
-    struct Shown {
+    struct Shown : PictureContent {
         std::string path;
         std::string bytes;
-        PixelSize size;
         std::map<PixelSize, Image> images;  // always one of its own size among them
     };
 
     Shown* shown_of(const Picture& picture) {
         const auto [entry, is_new] = loads_.try_emplace(picture.load_number());
-        if (is_new && picture.load_number() != 0) entry->second = read(picture.path());
+        if (is_new && picture.load_number() != 0) entry->second = read(picture);
         return entry->second.get();
     }
 
-    std::shared_ptr<Shown> read(const std::string& path) {
+    std::shared_ptr<Shown> read(const Picture& picture) {
+        const std::string& path = picture.path();
         if (!read_picture(path, false, bytes_)) return nullptr;
         std::weak_ptr<Shown>& latest = latest_[path];
         if (auto known = latest.lock(); known && known->bytes == bytes_) return known;
@@ -98,7 +95,8 @@ class PictureStore {
             return nullptr;
         }
         const PixelGrid grid = image->grid();
-        auto shown = std::make_shared<Shown>(Shown{path, bytes_, {grid.width, grid.height}, {}});
+        const PictureContent content{{grid.width, grid.height}, picture.load_number()};
+        auto shown = std::make_shared<Shown>(Shown{content, path, bytes_, {}});
         shown->images.try_emplace(shown->size, std::move(*image));
         latest = shown;
         return shown;

@@ -27,6 +27,12 @@ struct PixelSize {
     friend auto operator<=>(const PixelSize&, const PixelSize&) = default;
 };
 
+/// What is shown of a picture's file.
+struct PictureContent {
+    PixelSize size;            ///< its own, in pixels at 96 dots per inch
+    std::uint64_t number = 0;  ///< tells it from what other files held, and this one at other times
+};
+
 /// The largest scale at which `content` fits into `room`, both in the same units; above 0.
 double fitting_scale(double content_width, double content_height, double room_width,
                      double room_height);

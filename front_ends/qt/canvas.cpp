@@ -65,9 +65,7 @@ void Canvas::paint_changes() {
     const Scale scale = this->scale(devicePixelRatioF());
     const PixelRect changed = looks_.changes(
         container_, scale,
-        [&](const PictureElement& element) {
-            return painted_area(element, parts_.pictures.size(element.Picture), scale).shown;
-        },
+        [this](const Picture& picture) { return parts_.pictures.content(picture); },
         is_ringed ? keyboard_.place() : nullptr);
     update(to_logical(changed, devicePixelRatioF()).toAlignedRect());
 }
@@ -110,9 +108,9 @@ void Canvas::paint_elements(QPainter& painter, const QRegion& region) const {
 void Canvas::paint(QPainter& painter, const PixelRect& area, const PictureElement& element) const {
     const double ratio = devicePixelRatioF();
     const QRectF place = to_logical(area, ratio);
-    const PixelSize* const own = parts_.pictures.size(element.Picture);
-    if (!own) return paint_placeholder(painter, place, element.Picture, parts_.scale);
-    const PixelSize whole = painted_area(element, own, scale(ratio)).whole;
+    const PictureContent* const content = parts_.pictures.content(element.Picture);
+    if (!content) return paint_placeholder(painter, place, element.Picture, parts_.scale);
+    const PixelSize whole = painted_area(element, &content->size, scale(ratio)).whole;
     paint_image(painter, place, parts_.pictures.image(element.Picture, whole).pixels,
                 static_cast<double>(area.height()) / whole.height);
 }

@@ -48,11 +48,11 @@ class PictureView final : public QWidget {
     void paintEvent(QPaintEvent* /*event*/) override {
         if (box_.Picture.load_number() == 0) return;
         QPainter painter(this);
-        const PixelSize* const own = parts_.pictures.size(box_.Picture);
-        if (!own) return paint_placeholder(painter, rect(), box_.Picture, parts_.scale);
+        const PictureContent* const content = parts_.pictures.content(box_.Picture);
+        if (!content) return paint_placeholder(painter, rect(), box_.Picture, parts_.scale);
         painter.fillRect(rect(), parts_.background);
         const double ratio = devicePixelRatioF();
-        const QSize whole = QSize(own->width, own->height)
+        const QSize whole = QSize(content->size.width, content->size.height)
                                 .scaled((QSizeF(size()) * ratio).toSize(), Qt::KeepAspectRatio)
                                 .expandedTo({1, 1});
         QRectF target(QPointF(), QSizeF(whole) / ratio);

@@ -38,9 +38,7 @@ bool is_on_control(const Message& message) {
 void Canvas::sync() {
     const PixelRect changed = looks_.changes(
         container_, scale(),
-        [this](const PictureElement& element) {
-            return painted_area(element, parts_.pictures.size(element.Picture), scale()).shown;
-        },
+        [this](const Picture& picture) { return parts_.pictures.content(picture); },
         has_key_stops(container_) ? parts_.ringed : nullptr);
     const RECT area = to_rect(changed);
     if (!changed.empty()) InvalidateRect(handle(), &area, FALSE);
@@ -123,9 +121,9 @@ void Canvas::paint_elements(HDC dc) const {
 }
 
 void Canvas::paint(HDC dc, const RECT& area, const PictureElement& element) const {
-    const PixelSize* const own = parts_.pictures.size(element.Picture);
-    if (!own) return paint_placeholder(dc, area, element.Picture, scale());
-    const PixelSize whole = painted_area(element, own, scale()).whole;
+    const PictureContent* const content = parts_.pictures.content(element.Picture);
+    if (!content) return paint_placeholder(dc, area, element.Picture, scale());
+    const PixelSize whole = painted_area(element, &content->size, scale()).whole;
     parts_.pictures.image(element.Picture, whole).paint(dc, area, whole.height);
 }
 

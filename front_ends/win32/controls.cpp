@@ -169,9 +169,9 @@ class PictureView final : public PaintedWindow {
         const RECT area = client_area(handle());
         fill(dc, area, to_ground(parts_.background));
         if (box_.Picture.load_number() == 0) return;
-        const PixelSize* const own = parts_.pictures.size(box_.Picture);
-        if (!own) return paint_placeholder(dc, area, box_.Picture, parts_.scale);
-        const PixelSize size = fitted(*own, size_of(area));
+        const PictureContent* const content = parts_.pictures.content(box_.Picture);
+        if (!content) return paint_placeholder(dc, area, box_.Picture, parts_.scale);
+        const PixelSize size = fitted(content->size, size_of(area));
         const LONG left = (area.right - size.width) / 2;
         const LONG top = (area.bottom - size.height) / 2;
         parts_.pictures.image(box_.Picture, size)
