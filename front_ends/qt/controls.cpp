@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextDocument>
 #include <QTextEdit>
 
@@ -165,11 +166,15 @@ void build(RichTextBox& box, Canvas& parent, WindowParts& parts) {
     view->setFrameShape(QFrame::NoFrame);
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     parts.syncs.emplace_back([view, &box, &parent, shown = std::string(), at = Scale()]() mutable {
+        QScrollBar& bar = *view->verticalScrollBar();
+        const double read = bar.maximum() > 0 ? double(bar.value()) / bar.maximum() : 0;
         sync_place(*view, box, parent);
-        if (shown == box.TextRTF && at == parent.scale()) return;
+        const bool is_new = shown != box.TextRTF;
+        if (!is_new && at == parent.scale()) return;
         shown = box.TextRTF;
         at = parent.scale();
         show_rtf(*view, box, at);
+        if (!is_new) bar.setValue(qRound(read * bar.maximum()));
     });
 }
 
