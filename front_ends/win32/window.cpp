@@ -4,15 +4,12 @@
 #include <stdexcept>
 #include <string>
 
-#include <commctrl.h>
 #include <uxtheme.h>
 
 #include "platform/trouble.h"
 
 namespace solvanta::win32 {
 namespace {
-
-constexpr UINT_PTR our_key = 1;
 
 /// Hands a message about a control on to it, if it came from one.
 std::optional<LRESULT> hand_on(const Message& message, HWND control) {
@@ -32,23 +29,27 @@ void Window::create(const wchar_t* window_class, DWORD style, DWORD extended_sty
     handle_ = CreateWindowExW(extended_style, window_class, L"", style, place, place, 0, 0, parent,
                               nullptr, GetModuleHandleW(nullptr), nullptr);
     if (!handle_) throw std::runtime_error("Fenster kann nicht angelegt werden");
-    SetWindowSubclass(handle_, procedure, our_key, reinterpret_cast<DWORD_PTR>(this));
+    // Not by the system's subclassing, which looks a property up at every message.
+    SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    const LONG_PTR before =
+        SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    of_class_ = reinterpret_cast<WNDPROC>(before);
 }
 
 void Window::ignore_messages() {
-    RemoveWindowSubclass(handle_, procedure, our_key);
+    SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(of_class_));
 }
 
-LRESULT Window::answer_of_class(const Message& message) {
-    return DefSubclassProc(message.window, message.id, message.w, message.l);
+LRESULT Window::answer_of_class(const Message& message) const {
+    return CallWindowProcW(of_class_, message.window, message.id, message.w, message.l);
 }
 
-LRESULT CALLBACK Window::procedure(HWND window, UINT id, WPARAM w, LPARAM l, UINT_PTR /*key*/,
-                                   DWORD_PTR self) {
+LRESULT CALLBACK Window::procedure(HWND window, UINT id, WPARAM w, LPARAM l) {
+    auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     const Message message{window, id, w, l};
     std::optional<LRESULT> result;
-    run_safely([&] { result = reinterpret_cast<Window*>(self)->answer(message); });
-    return result ? *result : answer_of_class(message);
+    run_safely([&] { result = self->answer(message); });
+    return result ? *result : self->answer_of_class(message);
 }
 
 std::optional<LRESULT> PaintedWindow::answer(const Message& message) {

@@ -43,13 +43,13 @@ class Window {
     virtual std::optional<LRESULT> answer(const Message& message) = 0;
 
     /// What the window's class answers.
-    static LRESULT answer_of_class(const Message& message);
+    LRESULT answer_of_class(const Message& message) const;
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT id, WPARAM w, LPARAM l, UINT_PTR key,
-                                      DWORD_PTR self);
+    static LRESULT CALLBACK procedure(HWND window, UINT id, WPARAM w, LPARAM l);
 
     HWND handle_ = nullptr;
+    WNDPROC of_class_ = nullptr;
 };
 
 /// A window that is painted here, and may be the parent of others.
