@@ -53,7 +53,9 @@ class Table {
     void enlarge(const QSize& size) {
         resize(size);
         QEventLoop rest;
-        QTimer::singleShot(500, &rest, &QEventLoop::quit);
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &rest, &QEventLoop::quit);
+        timer.start(500);
         rest.exec();
     }
 

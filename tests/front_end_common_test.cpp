@@ -155,8 +155,8 @@ TEST(Resample, MakesTheMeanOfLight) {
         resample({from.data(), size.width, size.height}, {pixels.data(), to.width, to.height});
         EXPECT_EQ(pixels, expected) << from.size();
     }
-    Pixels small(16 * 9, 0xFF808080);
-    Pixels large(32 * 18, 0xFF848484);
+    Pixels small(std::size_t{16} * 9, 0xFF808080);
+    Pixels large(std::size_t{32} * 18, 0xFF848484);
     const auto same = [&](int times) {
         return shows_the_same({small.data(), 16, 9}, {large.data(), 32, 18}, times);
     };

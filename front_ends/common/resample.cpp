@@ -31,18 +31,18 @@ const std::array<float, 256>& lights() {
 
 /// The value of a channel that shines so.
 std::uint32_t value_of(float light) {
-    constexpr std::size_t steps = 4096;  // enough for neighbouring values to be told apart
+    constexpr std::size_t steps = 8192;  // enough for neighbouring values to be told apart
     static const auto table = [] {
         std::array<std::uint8_t, steps + 1> values{};
         for (std::size_t i = 0; i <= steps; ++i) {
-            const float value = static_cast<float>(i) / steps;
+            const float value = std::min(1.0F, (static_cast<float>(i) + 0.5F) / steps);
             const float shown =
                 value <= 0.0031308F ? value * 12.92F : 1.055F * std::pow(value, 1 / 2.4F) - 0.055F;
             values[i] = static_cast<std::uint8_t>(std::lround(shown * full));
         }
         return values;
     }();
-    return table[static_cast<std::size_t>(std::clamp(light, 0.0F, 1.0F) * steps + 0.5F)];
+    return table[static_cast<std::size_t>(std::clamp(light, 0.0F, 1.0F) * steps)];
 }
 
 /// What of a line of pixels falls into one pixel of another: from `first` on, in such parts.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cmath>
+#include <cstdint>
+#include <tuple>
 
 #include "platform/elements.h"
 
@@ -24,7 +26,10 @@ struct PixelSize {
     int width = 0;
     int height = 0;
 
-    friend auto operator<=>(const PixelSize&, const PixelSize&) = default;
+    friend bool operator==(const PixelSize&, const PixelSize&) = default;
+    friend bool operator<(const PixelSize& one, const PixelSize& other) {
+        return std::tie(one.width, one.height) < std::tie(other.width, other.height);
+    }
 };
 
 /// What is shown of a picture's file.

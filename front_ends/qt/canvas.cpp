@@ -193,9 +193,10 @@ void FrameBox::paintEvent(QPaintEvent* event) {
 void FrameBox::paint_border(QPainter& painter) const {
     constexpr int caption_margin = 3;
     const int caption_height = scale().scaled(frame_caption_height);
+    const int middle = caption_height / 2;
     const double unit = scale().pixels();
     const QRectF line =
-        QRectF(rect()).adjusted(unit / 2, caption_height / 2 + unit / 2, -1.5 * unit, -1.5 * unit);
+        QRectF(rect()).adjusted(unit / 2, middle + unit / 2, -1.5 * unit, -1.5 * unit);
     painter.setPen(QPen(Qt::white, unit));
     painter.drawRect(line.translated(unit, unit));
     painter.setPen(QPen(palette().color(QPalette::Dark), unit));
