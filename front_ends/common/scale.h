@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <tuple>
+#include <utility>
 
 #include "platform/elements.h"
 
@@ -48,6 +50,21 @@ inline constexpr double smallest_part = 0.5;
 /// The next part of the designed size that a window is given when the player enlarges it or makes
 /// it smaller by a step.
 double next_part(double part, bool larger);
+
+/// Makes steps of the turns of a wheel, of which a fine one needs several.
+class WheelSteps {
+  public:
+    /// Forward is above 0, and 120 are a step; 1 or -1 once there is one.
+    int turn(int by) {
+        constexpr int step = 120;
+        turned_ += by;
+        if (std::abs(turned_) < step) return 0;
+        return std::exchange(turned_, 0) > 0 ? 1 : -1;
+    }
+
+  private:
+    int turned_ = 0;
+};
 
 /// How a container's twips become pixels of a window.
 class Scale {

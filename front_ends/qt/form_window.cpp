@@ -139,9 +139,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void FormWindow::wheelEvent(QWheelEvent* event) {
-    const int turned = event->angleDelta().y();
-    if (!event->modifiers().testFlag(Qt::ControlModifier) || turned == 0) return event->ignore();
-    enlarge_to(next_part(parts_.scale.pixels(), turned > 0));
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();
+    const int step = wheel_.turn(event->angleDelta().y());
+    if (step != 0) enlarge_to(next_part(parts_.scale.pixels(), step > 0));
 }
 
 /// Gives the window a part of its designed size, as far as its screen has room.
@@ -154,13 +154,12 @@ void FormWindow::enlarge_to(double part) {
 void FormWindow::stay_on_screen() {
     if (isMaximized() || isFullScreen()) return;
     const QRect free = screen()->availableGeometry();
-    const double part = qMin(parts_.scale.pixels(), largest_part());
-    const QSize size = this->size().boundedTo(free.size());
-    if (part < parts_.scale.pixels() || size != this->size()) resize(size_at(part));
-    const QSize frame = frameGeometry().size() - this->size() + size;
-    const QPoint corner(qMin(x(), free.right() + 1 - frame.width()),
-                        qMin(y(), free.bottom() + 1 - frame.height()));
-    move(qMax(free.left(), corner.x()), qMax(free.top(), corner.y()));
+    const QSize before = frameGeometry().size();
+    if (before.width() > free.width() || before.height() > free.height())
+        resize(size_at(qMin(parts_.scale.pixels(), largest_part())));
+    const QSize size = frameGeometry().size();
+    move(qMax(free.left(), qMin(x(), free.right() + 1 - size.width())),
+         qMax(free.top(), qMin(y(), free.bottom() + 1 - size.height())));
 }
 
 void FormWindow::centre() {

@@ -55,6 +55,7 @@ class FormWindow final : public QWidget {
     Form& form_;
     WindowParts parts_;
     Canvas* canvas_ = nullptr;
+    WheelSteps wheel_;
     QTimer rest_;  // runs out when the size has not changed for a while
     std::function<void(FormWindow&)> close_box_;
     std::vector<QTimer*> timers_;

@@ -120,7 +120,8 @@ bool WindowSize::take(const MSG& message) {
     if (message.message == WM_KEYDOWN)
         return control ? take_with_control(message.wParam) : take_key(message.wParam);
     if (message.message != WM_MOUSEWHEEL || !control) return false;
-    enlarge_to(next_part(part(), GET_WHEEL_DELTA_WPARAM(message.wParam) > 0));
+    const int step = wheel_.turn(GET_WHEEL_DELTA_WPARAM(message.wParam));
+    if (step != 0) enlarge_to(next_part(part(), step > 0));
     return true;
 }
 

@@ -47,6 +47,7 @@ class WindowSize {
     const Form* form_ = nullptr;
     HWND window_ = nullptr;
     UINT dpi_ = USER_DEFAULT_SCREEN_DPI;
+    WheelSteps wheel_;
     bool fills_screen_ = false;
     WINDOWPLACEMENT before_{};  // when it did not yet
 };
