@@ -112,6 +112,8 @@ TEST_F(Windows, ComeToTheFrontAtTheirSize) {
     EXPECT_TRUE(wait_until([&] { return driver().control(help, help.button).focused; }));
     show(table);
     EXPECT_TRUE(wait_until([&] { return !driver().window("Hilfe")->active; }));
+    driver().resize(table, 1.5);
+    press_key(Key{'0'}, Modifier::Control);
     for (const char* caption : {"Probe", "Hilfe"}) {
         const WindowLook look = *driver().window(caption);
         EXPECT_TRUE(look.width == 300 && look.height == 200) << look.width << " " << look.height;
