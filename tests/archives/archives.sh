@@ -56,7 +56,7 @@ check_web() {
 check_linux() {
     local to="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\n" game
     mkdir "$to"
-    tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz -C "$to"
+    (cd "$to" && tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz)
     game=$(echo "$to"/*)
     check_files "$game" shipped/* LICENSE
     ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\.so\.[0-9]\]" ||
