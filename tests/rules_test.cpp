@@ -139,15 +139,16 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         EXPECT_TRUE(violated_invariant(state).starts_with(violated)) << position;
     }
     GameState s;
-    const std::pair<int*, int> counts[] = {{&s.DeckCount, 104},         {&s.WasteCount, 104},
-                                           {&s.FaceDownCount(10), 9},   {&s.FaceUpCount(10), 13},
-                                           {&s.FoundationCount(8), 13}, {&s.DrawSize, 3}};
-    for (const auto& [count, most] : counts) {
-        for (const int number : {-1, 0, most, most + 1}) {
-            *count = number;
+    for (const auto& [count, most] : {std::pair(&s.DeckCount, 104),
+                                      {&s.WasteCount, 104},
+                                      {&s.FaceDownCount(10), 9},
+                                      {&s.FaceUpCount(10), 13},
+                                      {&s.FoundationCount(8), 13},
+                                      {&s.DrawSize, 3}}) {
+        for (*count = -1; *count <= most + 1; ++*count) {
             EXPECT_EQ(violated_invariant(s) == "a count is out of bounds",
-                      number < 0 || number > most)
-                << number;
+                      *count < 0 || *count > most)
+                << *count;
         }
         *count = 0;
     }

@@ -66,16 +66,10 @@ TEST(RichTextView, GivesTheDocumentItsLook) {
 
 // Higher documents would never be laid out.
 TEST(RichTextView, LeavesOutWhatIsTooHigh) {
-    const RichParagraph tall{{}, {.half_points = 400}, {}};
-    const RichParagraph tall_text{{}, {}, {{"a", tall.mark}}};
-    const RichParagraph wide{{.before = 2880}, {}, {}};
-    for (const RichParagraph& part : {tall, tall_text, wide}) {
-        QTextDocument shown;
-        shown.setTextWidth(600);
-        show_rich_text({{}, std::vector(100'000, part)}, shown, Scale());
-        const double height = shown.documentLayout()->documentSize().height();
-        EXPECT_TRUE(height > 1'000'000 && height < 5'000'000) << height;
-    }
+    QTextDocument shown;
+    show_rich_text({{}, std::vector(100'000, RichParagraph{{}, {.half_points = 400}, {}})}, shown,
+                   Scale());
+    EXPECT_LT(shown.documentLayout()->documentSize().height(), 5'000'000);
 }
 
 }  // namespace
