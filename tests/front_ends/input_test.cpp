@@ -110,13 +110,15 @@ class RichText : public FrontEnd {
 TEST_F(RichText, IsShownAndSetOnlyWhenChanged) {
     view.TextRTF = list(50);
     show(form);
+    click(form, view);
+    press_key(Key{'A'});  // nothing can be written there
     EXPECT_TRUE(look().text.starts_with("Zeile ü{ 1\nZeile ü{ 2\n")) << look().text;
     EXPECT_TRUE(look().scrollable);
-    driver().scroll_down(form, view);
-    driver().settle();
+    for (const Modifier held : {Modifier::None, Modifier::Control})
+        press_key(Key::End, held);  // which leads a caret, if there is one, to the line's end
+    EXPECT_TRUE(wait_until([&] { return look().scrolled > 0; }));
     const int scrolled = look().scrolled;
-    EXPECT_GT(scrolled, 0);
-    EXPECT_EQ(look_after(list(50)).scrolled, scrolled);
+    EXPECT_GE(look_after(list(50)).scrolled, scrolled);
     EXPECT_EQ(look_after(list(40)).scrolled, 0);
     EXPECT_TRUE(look().text.ends_with("Zeile ü{ 40\nEnde")) << look().text;
     EXPECT_FALSE(look_after("").scrollable);
@@ -125,8 +127,6 @@ TEST_F(RichText, IsShownAndSetOnlyWhenChanged) {
     driver().close(form.Caption);
     driver().settle();
     show(form);
-    click(form, view);
-    press_key(Key{'A'});  // nothing can be written there
     EXPECT_EQ(look().text, "Zeile ü{ 1\nEnde");
     EXPECT_EQ(look_after("Hilfe ohne Form").text, "");
 }
@@ -155,7 +155,7 @@ TEST_F(Frames, ShowTheirLabelsInsideTheBorderAndTakeNoKeysDisabled) {
 }
 
 /// Pictures 40 pixels square in a row: `a` lies free, `l` and `r` are its outermost pixels; `b`
-/// lies under a picture box, `c` under a frame, `d` under a disabled button in a disabled frame.
+/// lies under a picture box, `c` under a frame, `d` under a disabled frame.
 /// Clicks are noted in small letters, double clicks in capitals.
 struct MouseForm : TestForm {
     MouseForm() {
@@ -169,9 +169,7 @@ struct MouseForm : TestForm {
         place(box, 80, 0, 40, 40);
         place(frame, 120, 0, 40, 40);
         place(dead_frame, 160, 0, 40, 40);
-        place(dead_button, 0, 0, 40, 40);
         dead_frame.Enabled = false;
-        dead_frame.controls = {&dead_button};
         controls = {&box, &frame, &dead_frame};
     }
 
@@ -179,7 +177,6 @@ struct MouseForm : TestForm {
     PictureBox box;
     Frame frame;
     Frame dead_frame;
-    CommandButton dead_button;
     std::string log;
 };
 

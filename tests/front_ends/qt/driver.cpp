@@ -194,10 +194,6 @@ class QtDriver final : public Driver {
         return look;
     }
 
-    void scroll_down(const Form& form, const RichTextBox& box) override {
-        qobject_cast<QTextEdit*>(&control_of(form, box))->verticalScrollBar()->setValue(100);
-    }
-
     std::optional<BoxLook> box() override {
         const QMessageBox* box = open_box();
         if (!box) return std::nullopt;

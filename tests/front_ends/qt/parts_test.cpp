@@ -19,17 +19,13 @@ TEST(LocaleTexts, AreThoseOfTheUser) {
         // January, December, between hour and minute, between units and tenths
         {"C", "Jan", "Dec", ":", "."},
         {"de_DE", "Jan", "Dez", ":", ","},
-        {"fr_CA", "janv", "déc", " h ", ","},
         {"da_DK", "jan", "dec", ".", ","},
     };
     for (const auto& [locale, january, december, in_times, in_numbers] : cases) {
-        LocaleTexts texts = texts_of(QLocale(locale));
-        // Some versions write a no-break space.
-        const QString between =
-            QString::fromStdString(texts.time_separator).replace(u'\u00a0', ' ');
+        const LocaleTexts texts = texts_of(QLocale(locale));
         EXPECT_TRUE(texts.month_abbreviations.front().starts_with(january)) << locale;
         EXPECT_TRUE(texts.month_abbreviations.back().starts_with(december)) << locale;
-        EXPECT_EQ(between, in_times) << locale;
+        EXPECT_EQ(texts.time_separator, in_times) << locale;
         EXPECT_EQ(texts.decimal_separator, in_numbers) << locale;
     }
 }

@@ -76,7 +76,7 @@ const Hand = {
 
       // Whether the control that begins there is shown, has the focus, can scroll, what it is
       // scrolled by, its text.
-      control: function(caption, x, y, scroll) {
+      control: function(caption, x, y) {
         const node = [...hand.window(caption).querySelectorAll(
           'button.element, input.element, .rich-text.element')].find((one) => {
           const at = (name) => [one, one.closest('.frame')].reduce(
@@ -85,7 +85,6 @@ const Hand = {
           return Math.hypot(at('--left') / scale - x, at('--top') / scale - y) < 0.5;
         });
         if (!node) return '0 0 0 0';
-        if (scroll) node.scrollTop = scroll;
         const lines = [...node.querySelectorAll('p')].map((one) => one.textContent).join('\n');
         return [node.getClientRects().length > 0, node === document.activeElement,
           node.scrollHeight > node.clientHeight, node.scrollTop].map((one) => Math.round(one))

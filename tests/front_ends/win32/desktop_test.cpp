@@ -3,7 +3,6 @@
 #include <cmath>
 #include <stdexcept>
 
-#include <richedit.h>
 #include <windows.h>
 
 #include "tests/front_ends/stage.h"
@@ -16,11 +15,7 @@ HWND window_of(const Form& form) {
     return FindWindowW(L"Solvanta", to_utf16(form.Caption).c_str());
 }
 
-HWND view_of(const Form& form) {
-    return FindWindowExW(window_of(form), nullptr, L"RICHEDIT50W", nullptr);
-}
-
-/// A form with one of each kind that bears text, the rich one longer than its box.
+/// A form with one of each kind that bears text.
 struct TextForm : EntryForm {
     TextForm() {
         HasIcon = true;
@@ -31,10 +26,7 @@ struct TextForm : EntryForm {
         label.Caption = box.Text = button.Caption = "H";
         canvas = {&label};
         view.Font = {"Arial", 12, true};
-        view.TextRTF = R"({\rtf1{\colortbl;\red0\green0\blue0;}\cf1\fs24 )";
-        for (int line = 0; line < 60; ++line)
-            view.TextRTF += "H\\par ";
-        view.TextRTF += '}';
+        view.TextRTF = R"({\rtf1{\colortbl;\red0\green0\blue0;}\cf1\fs24 H})";
         controls = {&view, &button, &frame};
     }
 
@@ -117,19 +109,6 @@ TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
     EXPECT_TRUE(wait_until([&] { return answered; }));
 }
 
-TEST_F(Desktop, ScrollsTheTextAtEachKey) {
-    TextForm form;
-    show(form);
-    std::vector<int> at;
-    for (const int key : {VK_DOWN, VK_UP, VK_NEXT, VK_END, VK_PRIOR, VK_HOME}) {
-        SendMessageW(view_of(form), WM_KEYDOWN, WPARAM(key), 0);
-        at.push_back(GetScrollPos(view_of(form), SB_VERT));
-    }
-    EXPECT_TRUE(0 < at[0] && at[0] < at[2] && 2 * at[2] < at[3] && at[2] < at[4] &&
-                at[1] + at[5] == 0)
-        << testing::PrintToString(at);
-}
-
 TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
     const int kinds[] = {COLOR_BTNFACE, COLOR_WINDOW, COLOR_BTNTEXT, COLOR_WINDOWTEXT};
     const std::array<COLORREF, 4> contrast{0, 0, 0xFFFFFF, 0xFFFFFF};
@@ -176,16 +155,9 @@ TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
         GetObjectW(icon.hbmColor, sizeof picture, &picture);
         EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, dpi));
     }
-    const auto edge = [&] { return Ink(form, {1, 181, 2, 182}).ground; };
     form.button.Click = [&] { form.frame.Caption = "E"; };
-    click(form, form.button);  // which looks different below the mouse
+    click(form, form.button);
     EXPECT_LT(Ink(form, {32, 20, 100, 27}).edges[2], 50);
-    const COLORREF released = edge();
-    for (const bool down : {true, false}) {
-        driver().mouse(form, {20, 188}, MouseButton::Left, down);
-        driver().settle();
-        EXPECT_EQ(edge() != released, down);
-    }
 }
 
 TEST_F(Desktop, SpeaksTheUsersLanguageAndGoesOnAfterAnError) {

@@ -287,10 +287,6 @@ class Win32Driver final : public Driver {
                 text_of(control)};
     }
 
-    void scroll_down(const Form& form, const RichTextBox& box) override {
-        SendMessageW(control_of(form, box), WM_VSCROLL, SB_PAGEDOWN, 0);
-    }
-
     std::optional<BoxLook> box() override {
         HWND box = open_box();
         if (!box) return std::nullopt;
