@@ -17,37 +17,22 @@ const std::string gif = "GIF89a\1\0\1\0\x80\0\0\x80\x80\x80\0\0\0,\0\0\0\0\1\0\1
 std::string bitmap(std::uint32_t width, std::uint32_t height, Color color,
                    std::optional<Color> right = {}, bool is_clear = false) {
     const std::uint32_t line = is_clear ? 4 * width : (3 * width + 3) / 4 * 4;
-    std::vector<std::uint32_t> headers{54 + line * height, 0, 54, 40, width, height, 0x180001};
+    const std::uint32_t start = is_clear ? 122 : 54;
+    std::vector<std::uint32_t> numbers{start + line * height, 0, start, start - 14, width, height};
+    numbers.push_back(is_clear ? 0x200001 : 0x180001);
     if (is_clear)
-        headers = {122 + line * height,
-                   0,
-                   122,
-                   108,
-                   width,
-                   height,
-                   0x200001,
-                   3,
-                   0,
-                   0,
-                   0,
-                   0,
-                   0,
-                   0xFF0000,
-                   0xFF00,
-                   0xFF,
-                   0xFF000000,
-                   0x73524742};
-    headers.resize(is_clear ? 30 : 13);
+        numbers.insert(numbers.end(),
+                       {3, 0, 0, 0, 0, 0, 0xFF0000, 0xFF00, 0xFF, 0xFF000000, 0x73524742});
+    numbers.resize(start / 4);
     std::string pixels;
     for (std::uint32_t x = 0; x < width; ++x) {
         const Color shown = x < width / 2 ? color : right.value_or(color);
-        for (const std::uint8_t part : {shown.blue, shown.green, shown.red})
-            pixels += static_cast<char>(part);
+        pixels += {char(shown.blue), char(shown.green), char(shown.red)};
         if (is_clear) pixels += '\0';
     }
     pixels.resize(line);
     std::string bytes =
-        "BM" + std::string(reinterpret_cast<const char*>(headers.data()), 4 * headers.size());
+        "BM" + std::string(reinterpret_cast<const char*>(numbers.data()), 4 * numbers.size());
     while (height-- > 0)
         bytes += pixels;
     return bytes;
