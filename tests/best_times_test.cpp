@@ -202,9 +202,7 @@ TEST(BestTimes, NamesBecomeOneByteACharacter) {
         {"Łó 猫🙂♥\r\nb\tc\x7F", "?\xF3 ???  b c "},
         {"a\xC3", "a?"},
         {"\xFF\x80z\xE2\x82", "??z??"},
-        {"\u0800\uD7FF\uE000\U00010000\U0010FFFF", "?????"},
         {"\xE0\x81\x81|\xE0\x9F\xBF|\xED\xA0\x80|\xED\xBF\xBF", "???|???|???|???"},
-        {"\xC1\xBF|\xF0\x8F\xBF\xBF|\xF4\x90\x80\x80|\xF8\x88\x80\x80\x80", "??|????|????|?????"},
     };
     for (const auto& [utf8, bytes] : names)
         EXPECT_EQ(to_list_text(utf8), bytes) << utf8;

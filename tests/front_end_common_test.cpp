@@ -48,7 +48,6 @@ TEST(Mouse, MakesClicksAndDoubleClicksOfPresses) {
         {"+10 -90 -10", "a"},
         {"+10 -10 ~~~~ +10 -10", "aA"},
         {"+10 -10 ~~~~~ +10 -10", "aa"},
-        {"+10 -10 ~ +10 -10 ~ +10 -10 ~ +10 -10", "aAaA"},
         {"+10 -10 ~ +18 -18", "aA"},
         {"+19 -19 ~ +10 -10", "aa"},
         {"+150 -150 ~ +150 -150 ~ +150 -150", "bb"},
@@ -73,27 +72,21 @@ TEST(Mouse, MakesClicksAndDoubleClicksOfPresses) {
         }
         EXPECT_EQ(row.log, log) << steps;
     }
-    Row row;
-    EXPECT_FALSE(Mouse(row).element_at(10, 100));
 }
 
 /// A bitmap's header for two lines of three pixels, whose own count of bytes is wrong.
-std::string bitmap(char bits, char compression, char pixel_bytes) {
-    const std::string sides =
-        "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s;
-    return sides + bits + "\0"s + compression + "\0\0\0"s + pixel_bytes + std::string(19, '\0');
+std::string bitmap(char bits) {
+    return "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s + bits +
+           std::string(25, '\0');
 }
 
 TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
     const std::string gif_header = "GIF89a\1\0\1\0\x80\0\0\xFF\xFF\xFF\0\0\0"s;
     const std::pair<const char*, std::string> cases[] = {
-        {"bmp", bitmap(32, 0, 0) + std::string(24, 'x')},
-        {"bmp", bitmap(1, 0, 0) + std::string(8, 'x')},  // padded lines
-        {"bmp", bitmap(8, 1, 9) + std::string(9, 'x')},  // run lengths
-        {"gif",                                          // extensions
+        {"bmp", bitmap(32) + std::string(24, 'x')},
+        {"bmp", bitmap(1) + std::string(8, 'x')},  // padded lines
+        {"gif",                                    // extensions
          gif_header + "!\xF9\4\1\0\0\0\0!\xFE\2ab\1c\0,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0"s},
-        {"gif",  // colours of the picture's own
-         "GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\x81"s + std::string(12, 'x') + "\2\2\x44\1\0"s},
         {"jpg",  // end mark in a thumbnail and in pixels
          "\xFF\xD8\xFF\xE1\1\2\xFF\xD9"s + std::string(254, 'z') +
              "\xFF\xFF\xDA\0\x03xab\xFF\0\xD9\xFF\xD0y\xFF\xD9"s},

@@ -1,4 +1,3 @@
-#include <array>
 #include <vector>
 
 #include <QAbstractTextDocumentLayout>
@@ -15,19 +14,9 @@ namespace solvanta::qt {
 namespace {
 
 TEST(LocaleTexts, AreThoseOfTheUser) {
-    const std::array<const char*, 5> cases[] = {
-        // January, December, between hour and minute, between units and tenths
-        {"C", "Jan", "Dec", ":", "."},
-        {"de_DE", "Jan", "Dez", ":", ","},
-        {"da_DK", "jan", "dec", ".", ","},
-    };
-    for (const auto& [locale, january, december, in_times, in_numbers] : cases) {
-        const LocaleTexts texts = texts_of(QLocale(locale));
-        EXPECT_TRUE(texts.month_abbreviations.front().starts_with(january)) << locale;
-        EXPECT_TRUE(texts.month_abbreviations.back().starts_with(december)) << locale;
-        EXPECT_EQ(texts.time_separator, in_times) << locale;
-        EXPECT_EQ(texts.decimal_separator, in_numbers) << locale;
-    }
+    const LocaleTexts texts = texts_of(QLocale("da_DK"));
+    EXPECT_TRUE(texts.month_abbreviations.back().starts_with("dec"));
+    EXPECT_EQ(texts.time_separator + texts.decimal_separator, ".,");
 }
 
 TEST(RichTextView, GivesTheDocumentItsLook) {

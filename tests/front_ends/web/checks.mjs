@@ -30,7 +30,6 @@ const acts = {
     await page.mouse[down ? 'down' : 'up']({ button });
     if (down) pressed = Date.now();
   },
-  click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
   async key({ text }) {
     const [key, held] = text.split('+').reverse();

@@ -50,17 +50,10 @@ const Hand = {
         hand.then(() => act({ act: 'mouse', down: number & 1, button, ...at }));
       },
 
-      // Closes a window, or else the open box. Below a box nothing takes the mouse, so that the
-      // desktop's way is gone there.
+      // Closes a window, or else the open box. Below a box nothing takes the mouse.
       close: function(caption) {
-        const section = hand.window(caption);
-        hand.then(() => {
-          const box = document.querySelector('dialog[open]');
-          const close = (section || box).querySelector('.close');
-          if (section && box) return close.click();
-          const { x, y, width, height } = close.getBoundingClientRect();
-          return act({ act: 'click', x: x + width / 2, y: y + height / 2 });
-        });
+        const closed = hand.window(caption) || document.querySelector('dialog[open]');
+        hand.then(() => closed.querySelector('.close').click());
       },
 
       leavePage: () => dispatchEvent(new Event('pagehide')),
