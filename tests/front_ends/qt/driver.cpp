@@ -209,15 +209,11 @@ class QtDriver final : public Driver {
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
         for (QAccessibleInterface* one : buttons_in(window_of(form))) {
-            const QRect place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
+            const QRectF place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
             const std::string key = one->text(QAccessible::Accelerator).toStdString();
-            looks.push_back({one->text(QAccessible::Name).toStdString(),
-                             key[0],
-                             bool(one->state().focused),
-                             bool(one->state().selected),
-                             {{double(place.x()), double(place.y())},
-                              double(place.width()),
-                              double(place.height())}});
+            const Rectangle at{{place.x(), place.y()}, place.width(), place.height()};
+            looks.push_back({one->text(QAccessible::Name).toStdString(), key[0],
+                             bool(one->state().focused), bool(one->state().selected), at});
         }
         return looks;
     }

@@ -58,8 +58,8 @@ page.on('console', (message) => {
   // What the browser says by itself of a missing file is no news here.
   if (!message.text().startsWith('Failed to load')) console.log(message.text());
 });
-page.on('pageerror', (error) => { console.log(error.stack); finish(1); });
-page.on('error', (error) => { console.log(error.stack); finish(1); });  // it has crashed
+for (const trouble of ['pageerror', 'error'])  // the second when it has crashed
+  page.on(trouble, (error) => { console.log(error.stack); finish(1); });
 await page.goto(`${server.address}checks.html`);
 process.exitCode = await finished;
 await browser.close();

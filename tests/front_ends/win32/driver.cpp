@@ -136,11 +136,9 @@ AccessibleLook look_at(IAccessible& table, LONG number, HWND window) {
     table.accLocation(&corner.x, &corner.y, &width, &height, child(number));
     ScreenToClient(window, &corner);
     const double ratio = screen_ratio();
-    return {name_of(table, number),
-            taken(key)[0],
-            (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
-            (state.lVal & STATE_SYSTEM_SELECTED) != 0,
-            {{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio}};
+    const Rectangle at{{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio};
+    return {name_of(table, number), taken(key)[0], (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
+            (state.lVal & STATE_SYSTEM_SELECTED) != 0, at};
 }
 
 std::vector<std::string> announcements;

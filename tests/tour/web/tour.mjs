@@ -269,7 +269,6 @@ async function loadBadly() {
   });
   for (const [sentence, ...trouble] of [
     [dropped, 'Solvanta.wasm'], [broken, 'Solvanta.wasm', html], [refused, '.pack', { status: 404 }],
-    [dropped, 'Solvanta.js'], [broken, 'Solvanta.js', html],
   ]) {
     [file, answer] = trouble;
     await player.page.goto(server.address);
