@@ -44,10 +44,8 @@ TEST(Rules, SelectionAndMoves) {
     const std::string run = "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1";
     const Case cases[] = {
         {"a column is selected and given up", "1 H5", "c1 c1", "1 H5"},
-        {"the waste is selected and given up", "W H5", "waste waste", "W H5"},
         {"the waste takes the selection over", "W P2; 1 H5", "c1 waste", "W P2; 1 H5; sel 0"},
         {"an empty waste leaves a selection", "1 H5", "c1 waste", "1 H5; sel 1"},
-        {"a fitting waste card moves", "W P4 X4; 1 H5", "waste c1", "W P4; 1 H5 X4"},
         {"a refused waste card is given up", "W H4; 1 H5", "waste c1", "W H4; 1 H5; sel 1"},
         {"runs move by any card", "10 P9 H8; 2 XB K10", "c10.2 c2.2", "2 XB K10 P9 H8"},
         {"a run is never split", "1 P9 H8; 2 X9", "c1 c2", "1 P9 H8; 2 X9; sel 2"},
@@ -75,12 +73,8 @@ TEST(Rules, StockAndPasses) {
          "D 1; S; 1 PK HD; 2 HK; 3 HB; 4 H10"},
         {"a selection means the new top card", "S HD H10 HB; W HK; 1 PK", "waste stock c1",
          "S; W HK HB H10; 1 PK HD"},
-        {"after a turn it moves nothing", "S; W H10 HB HD HK; 1 PK", "waste stock c2",
-         "D 2; S HK HD HB H10; 1 PK; sel 0"},
         {"ends by a column click", "S; W H10 HB HK HD; 1 PK", "waste stock c1",
          "D 2; S HD HK HB H10; 1 PK; sel 1"},
-        {"or by a click on the empty waste", "S; W H10 HB HK HD; 1 PK", "waste stock waste",
-         "D 2; S HD HK HB H10; 1 PK"},
         {"or comes to life with a draw", "S; W H10 HD HK HB; 1 PK", "waste stock stock c1",
          "D 2; S HB HK; W H10; 1 PK HD"},
     };
@@ -95,7 +89,6 @@ TEST(Rules, DoubleClicks) {
         {"at equal height the lower one grows", "F 3 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 3"},
         {"otherwise the one that fits", "F 4 0 0 0 3; 1 H4", "c1!", "F 4 0 0 0 4"},
         {"a misfit only ends the selection", "W H9; 1 H5", "waste c1!", "W H9; 1 H5"},
-        {"an empty place does nothing", "1 H5", "waste! c2!", "1 H5"},
         {"a covered card is turned, then sent", "1 X9 | H1?", "c1!", "F 1; 1 X9?"},
         {"a strip takes it as one click", "1 H3 P2 H1", "c1.2!", "1 H3 P2 H1; sel 1"},
         {"without a click before it turns a covered card", "1 X9 | H1?", "c1!!", "1 X9 | H1"},
@@ -139,15 +132,16 @@ TEST(Rules, ConsistencyCheckNoticesEveryFault) {
         EXPECT_TRUE(violated_invariant(state).starts_with(violated)) << position;
     }
     GameState s;
-    const std::pair<int*, int> counts[] = {{&s.DeckCount, 104},         {&s.WasteCount, 104},
-                                           {&s.FaceDownCount(10), 9},   {&s.FaceUpCount(10), 13},
-                                           {&s.FoundationCount(8), 13}, {&s.DrawSize, 3}};
-    for (const auto& [count, most] : counts) {
-        for (const int number : {-1, 0, most, most + 1}) {
-            *count = number;
+    for (const auto& [count, most] : {std::pair(&s.DeckCount, 104),
+                                      {&s.WasteCount, 104},
+                                      {&s.FaceDownCount(10), 9},
+                                      {&s.FaceUpCount(10), 13},
+                                      {&s.FoundationCount(8), 13},
+                                      {&s.DrawSize, 3}}) {
+        for (*count = -1; *count <= most + 1; ++*count) {
             EXPECT_EQ(violated_invariant(s) == "a count is out of bounds",
-                      number < 0 || number > most)
-                << number;
+                      *count < 0 || *count > most)
+                << *count;
         }
         *count = 0;
     }

@@ -9,7 +9,7 @@ unset XDG_DATA_HOME
 
 id=org.solvanta.solvanta
 # The Qt packages named in LIESMICH.txt bring these.
-libraries='libQt6(Core|Gui|Widgets)\.so\.6|libxcb\.so\.1|libstdc\+\+\.so\.6|lib(c|m|gcc_s)\.so\.[16]'
+libraries='libQt6(Core|Gui|Widgets)|libxcb|libstdc\+\+|lib(c|m|gcc_s)'
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -22,13 +22,6 @@ fail() {
 archives_of_clone() {
     git clone --quiet . "$work/$1"
     env "${@:2}" "$work/$1/package" >/dev/null
-}
-
-unpack() {
-    folder="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\n"
-    mkdir "$folder"
-    (cd "$folder" && tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz)
-    game=$(echo "$folder"/*)
 }
 
 # check_files FOLDER FILES...: whether these files of ours are there as they are.
@@ -50,7 +43,6 @@ check_windows() {
     local to="$work/Spiele für Jörg"
     unzip -q "$archives"/Solvanta-*-windows-*.zip -d "$to"
     check_files "$to"/* shipped/*.{bmp,gif,ico,jpg} shipped/*@*.png shipped/Help.rtf
-    ! grep -vl $'\r$' "$to"/*/LI* || fail "lines that Windows ends otherwise"
     play_tour "$to"/* windows --windows build/windows/wine
 }
 
@@ -61,46 +53,35 @@ check_web() {
     TZ=UTC node $tour/tour.mjs "$to"/* $tour/tour_clicks.js build/web/tour-unpacked chromium >/dev/null
 }
 
-check_contents() {
+check_linux() {
+    local to="$work/Spiele für \"Jörg\" & Süß; 100% \$HOME=\`id\`, 'x' \\n" game
+    mkdir "$to"
+    (cd "$to" && tar -xzf "$archives"/Solvanta-*-linux-*.tar.gz)
+    game=$(echo "$to"/*)
     check_files "$game" shipped/* LICENSE
-    ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\]" ||
+    ! readelf -dW "$game/Solvanta" | grep -E 'R(UN)?PATH|NEEDED' | grep -vE "\[($libraries)\.so\.[0-9]\]" ||
         fail "the program needs what LIESMICH.txt does not name"
-    ! readelf -SW "$game/Solvanta" | grep -F '.symtab' || fail "the program has its symbols"
-    desktop-file-validate "$game/share/applications/$id.desktop"
-    appstreamcli validate --no-net --pedantic --strict "$game/share/metainfo/$id.metainfo.xml" \
-        >"$work/log" || fail "$(cat "$work/log")"
     grep -qF "<release version=\"${game##*-}\"" "$game/share/metainfo/$id.metainfo.xml" ||
         fail "$id.metainfo.xml tells nothing of this version"
+    play_tour "$game" release
+    check_menu
 }
 
-# Starts the game as a desktop does, and once more by the letter of the entry format.
-check_entry() {
-    local entry=$home/.local/share/applications/$id.desktop command
-    desktop-file-validate "$entry"
-    HOME=$work/elsewhere gio launch "$entry"
-    timeout 10 sh -c "until [ -s '$work/started' ]; do sleep 0.1; done" || fail "not started"
-    command=$(sed -n 's/^Exec=//p' "$entry" | sed 's/\\\\/\\/g; s/%%/%/g')
-    sh -c "$command"
-    [ "$(<"$work/started")" = "$game/Solvanta$game/Solvanta" ] ||
-        fail "the entry started $(<"$work/started")"
-}
-
-# The program is replaced by one that tells what it was started as.
+# The program is replaced by one that tells what it was started as, and a desktop starts it.
 check_menu() {
-    local home=$work/home before
-    mkdir -p "$home/.local/share/applications"
-    touch "$home/.local/share/applications/other.desktop"
-    before=$(find "$home")
-    printf '#!/bin/sh\nprintf %%s "$0" >>%q\n' "$work/started" >"$game/Solvanta"
-    for _ in once again; do
-        HOME=$home "$game/menue.sh" >/dev/null
-        [ "$(find "$home" -name "$id.*" | wc -l)" -eq 8 ] || fail "$(find "$home")"
-    done
-    check_entry
-    for _ in once again; do
-        HOME=$home "$game/menue.sh" entfernen >/dev/null
-        [ "$(find "$home")" = "$before" ] || fail "left in the menu: $(find "$home")"
-    done
+    local -x HOME=$work/home
+    local entries=$HOME/.local/share/applications before
+    mkdir -p "$entries"
+    touch "$entries/other.desktop"
+    before=$(find "$HOME")
+    printf '#!/bin/sh\nprintf %%s "$0" >%q\n' "$work/started" >"$game/Solvanta"
+    "$game/menue.sh" >/dev/null
+    desktop-file-validate "$entries/$id.desktop"
+    HOME=$work/elsewhere gio launch "$entries/$id.desktop"
+    timeout 10 sh -c "until [ -s '$work/started' ]; do sleep 0.1; done" || fail "not started"
+    [ "$(<"$work/started")" = "$game/Solvanta" ] || fail "the entry started $(<"$work/started")"
+    "$game/menue.sh" entfernen >/dev/null
+    [ "$(find "$HOME")" = "$before" ] || fail "left in the menu: $(find "$HOME")"
 }
 
 install_packages $packages_build $packages_archives $packages_archives_test $packages_windows \
@@ -113,10 +94,7 @@ archives_of_clone one TZ=UTC
 archives="$work/one/build/archives"
 diff -r "$archives" "$work/another one/build/archives"
 (cd "$archives" && sha256sum --check --quiet --strict SHA256SUMS)
-unpack
 check_windows
 check_web
-check_contents
-play_tour "$game" release
-check_menu
+check_linux
 echo "The archives are as they should be:" "$archives"/*.*

@@ -93,8 +93,6 @@ TEST_F(Access, FollowsTheReadersActionsAndTheWalk) {
 
 TEST_F(Access, IsToldWhatIsPlayedByKeys) {
     const std::tuple<const char*, char, bool, const char*> cases[] = {
-        {"1 H1 P2 | HK XD HB; 10 X9 | H1?", '0', false,
-         "Herz Ass, Spalte 10, darunter 1 verdeckte"},
         {"W H5; 10 X9 | H1?; sel 0", 'A', false, "Nicht mehr ausgewählt"},
         {"F 1; 2 K9 | H1; 3 P4 H3 P2", '2', true, "Herz Ass, Ziel 5. Verdeckte Karte, Spalte 2"},
         {"S; F 13 13 13 13 13 13 13 12; 4 XK", '4', true,

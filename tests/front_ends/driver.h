@@ -114,7 +114,6 @@ class Driver {
     virtual Color pixel(const Form& form, Point at) = 0;
 
     virtual ControlLook control(const Form& form, const Element& element) = 0;
-    virtual void scroll_down(const Form& form, const RichTextBox& box) = 0;
 
     /// Nothing when none is open.
     virtual std::optional<BoxLook> box() = 0;

@@ -14,10 +14,8 @@ TEST_F(Boxes, AskInGermanAndAnswer) {
     using enum Answer;
     using Answers = std::vector<std::pair<std::optional<Key>, Answer>>;  // no key: the close box
     const std::tuple<Buttons, std::vector<std::string>, Answers> cases[] = {
-        {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {Key::Escape, No}, {Key{'N'}, No}}},
-        {Buttons::YesNo, {"Ja", "Nein"}, {{{}, No}}},
+        {Buttons::YesNo, {"Ja", "Nein"}, {{Key::Enter, Yes}, {{}, No}, {Key{'N'}, No}}},
         {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Enter, Ok}, {{}, Cancel}}},
-        {Buttons::OkCancel, {"OK", "Abbrechen"}, {{Key::Escape, Cancel}}},
         {Buttons::Ok, {"OK"}, {{Key::Enter, Ok}, {Key::Escape, Ok}}},
     };
     TestForm form;
@@ -94,7 +92,6 @@ TEST_F(Windows, AreHiddenClosedAndShownAgain) {
         EXPECT_EQ(ticks, 0);
     }
     EXPECT_TRUE(driver().window("Probe"));
-    host().hide(form);
     host().hide(form);
     driver().settle();
     EXPECT_FALSE(driver().window("Probe"));

@@ -4,22 +4,20 @@
 """
 import os
 import shutil
-import subprocess
 import sys
 import tempfile
 
 project = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
 sys.path.insert(0, os.path.join(project, "tests", "window"))
-from game import LIST, RETURN, Game, front_window, press, program_in, read, require, run, wait_for, wait_for_end_of
+from game import LIST, Game, program_in, read, require, run, wait_for
 
 setup, archive = map(os.path.abspath, sys.argv[1:])
-DRIVE, LEFT, ASKED = os.environ["WINEPREFIX"] + "/drive_c/", 0xFF51, "Deinstallation von Solvanta"
+DRIVE = os.environ["WINEPREFIX"] + "/drive_c/"
 KEY = "HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall"
 OWN = {"own.bmp": b"own", "Herz_2.bmp": b"own"}  # the second in place of one of the game's
-PLACES = {  # how setup is told of a directory; the keys that answer whether the list goes too, and what is left
-    DRIVE + "users/root/AppData/Local/Programs/Solvanta": ("", [RETURN], {*OWN, LIST}),
-    DRIVE + "Spiele für Jörg": ("/D=C:\\Spiele für Jörg", [LEFT, RETURN], {*OWN}),
-    DRIVE + "Still": ("/D=C:\\Still", [], {*OWN, LIST})}
+PLACES = {  # and how setup is told of them
+    DRIVE + "users/root/AppData/Local/Programs/Solvanta": [],
+    DRIVE + "Spiele für Jörg": ["/D=C:\\Spiele", "für", "Jörg"]}
 MAKE_LATER = """cd "$0"; cp -r first later; cd later/*; mv Leer.bmp Neu.bmp; echo later >>Herz_1.bmp
     echo later >>Solvanta.exe; cd ..; export SOURCE_DATE_EPOCH=999999999
     cmake -DCPACK_PACKAGE_VERSION=9.9 -DCPACK_TEMPORARY_DIRECTORY="$PWD" -P "$1/tools/archives/windows/setup.cmake" """
@@ -43,15 +41,10 @@ def play_and_upgrade(directory, place):
     require(files_in(directory) == {**second, **players}, directory, "is not what upgrading should make")
 
 
-def uninstall(directory, answer, left):
-    with subprocess.Popen(["wine", directory + "/Uninstall.exe", *["/S"] * (not answer)]):
-        for caption, keys in ((ASKED + " ", [RETURN]), (ASKED, answer)) if answer else ():
-            front_window(caption)
-            for key in keys:
-                press(key)
+def uninstall(directory):
+    run("wine", directory + "/Uninstall.exe", "/S")
     wait_for(lambda: not os.path.exists(directory + "/Uninstall.exe"), "the end of Uninstall.exe")
-    wait_for_end_of(ASKED + " ")
-    require(set(os.listdir(directory)) == left, directory, os.listdir(directory))
+    require({*os.listdir(directory)} == {*OWN, LIST}, directory, os.listdir(directory))
     shutil.rmtree(directory)
 
 
@@ -60,9 +53,9 @@ with tempfile.TemporaryDirectory() as work:
     run("sh", "-ec", MAKE_LATER, work, project)
     names, later = os.listdir(work + "/first"), work + "/later-setup.exe"
     first, second = (files_in(f"{work}/{made}/{names[0]}", "LIESMICH.txt") for made in ("first", "later"))
-    for directory, (place, *_) in PLACES.items():
-        play_and_upgrade(directory, place.split())
-    require(run("wine", "reg", "query", KEY).count(b"Solvanta") == 3, "not all can be uninstalled")
-    for directory, (_, answer, left) in PLACES.items():
-        uninstall(directory, answer, left)
+    for directory, place in PLACES.items():
+        play_and_upgrade(directory, place)
+    require(run("wine", "reg", "query", KEY).count(b"Solvanta") == 2, "not all can be uninstalled")
+    for directory in PLACES:
+        uninstall(directory)
     require(b"Solvanta" not in run("wine", "reg", "query", KEY), "entries are left")

@@ -19,7 +19,6 @@ original = os.fsencode(sys.argv[1])
 ITS_LIST, TEMPORARY = os.fsencode(LIST), os.fsencode(LIST) + b".tmp"
 SIGNALS = itertools.cycle((signal.SIGTERM, signal.SIGHUP, signal.SIGINT))
 FILES = [b"Leer.bmp", b"Back_ganz.bmp", b"diddle.jpg", b"skull.gif", b"Solvanta.ico", b"Solvanta.png", b"Help.rtf"]
-HELD = 99  # a file handle
 
 
 def file_of(content, size=None):
@@ -53,11 +52,6 @@ def things(kinds):
         yield "temporary " + thing, {"prepare": partial(put, [TEMPORARY]), "written": make != os.mkdir, "quiet": False}
 
 
-def lose_program(program):
-    os.dup2(os.open(program + b"/Solvanta", os.O_RDONLY), HELD)
-    os.remove(program + b"/Solvanta")
-
-
 def lose_picture(program):
     os.remove(program + b"/Leer.bmp")
 
@@ -80,7 +74,6 @@ POSIX_CASES = [
     (b"no UTF-8 \xff\xfe", {"quiet": False}),
     ("named in a roundabout way", {"command": lambda at: [at + b"/..//" + os.path.basename(at) + b"//./Solvanta"]}),
     ("through a link", {"command": lambda at: os.symlink(at + b"/Solvanta", at + b".link") or [at + b".link"]}),
-    ("program deleted", {"prepare": lose_program, "command": lambda _: [f"/proc/{os.getpid()}/fd/{HELD}"]}),
     ("no such locale", {"env": {"LC_ALL": "xx_YY.nonsense"}}),
     ("no home", {"env": {"HOME": "/nowhere", "TMPDIR": "/nowhere", "XDG_CONFIG_HOME": "/nowhere"}}),
     ("standard streams closed", {"stderr": None, "preexec_fn": lambda: os.closerange(0, 3)}),

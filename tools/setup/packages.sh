@@ -17,7 +17,7 @@ packages_web_test="chromium firefox-esr fonts-liberation googletest python3 webk
 # Node.js may have come with npm in it, and then lets no other in.
 command -v npm >/dev/null || packages_web_test="$packages_web_test npm"
 packages_benchmark="fontconfig libbenchmark-dev libxcb-xtest0-dev valgrind"
-packages_archives_test="$packages_tour appstream desktop-file-utils libglib2.0-bin unzip"
+packages_archives_test="$packages_tour desktop-file-utils libglib2.0-bin unzip"
 
 say() {
     printf '%s\n' "$*" >&2

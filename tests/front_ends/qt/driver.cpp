@@ -194,10 +194,6 @@ class QtDriver final : public Driver {
         return look;
     }
 
-    void scroll_down(const Form& form, const RichTextBox& box) override {
-        qobject_cast<QTextEdit*>(&control_of(form, box))->verticalScrollBar()->setValue(100);
-    }
-
     std::optional<BoxLook> box() override {
         const QMessageBox* box = open_box();
         if (!box) return std::nullopt;
@@ -213,15 +209,11 @@ class QtDriver final : public Driver {
     std::vector<AccessibleLook> accessible(const Form& form) override {
         std::vector<AccessibleLook> looks;
         for (QAccessibleInterface* one : buttons_in(window_of(form))) {
-            const QRect place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
+            const QRectF place = one->rect().translated(-window_of(form).mapToGlobal(QPoint()));
             const std::string key = one->text(QAccessible::Accelerator).toStdString();
-            looks.push_back({one->text(QAccessible::Name).toStdString(),
-                             key[0],
-                             bool(one->state().focused),
-                             bool(one->state().selected),
-                             {{double(place.x()), double(place.y())},
-                              double(place.width()),
-                              double(place.height())}});
+            const Rectangle at{{place.x(), place.y()}, place.width(), place.height()};
+            looks.push_back({one->text(QAccessible::Name).toStdString(), key[0],
+                             bool(one->state().focused), bool(one->state().selected), at});
         }
         return looks;
     }

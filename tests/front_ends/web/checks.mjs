@@ -30,7 +30,6 @@ const acts = {
     await page.mouse[down ? 'down' : 'up']({ button });
     if (down) pressed = Date.now();
   },
-  click: ({ x, y }) => page.mouse.click(x, y),
   rest: () => sleep(Math.max(0, pressed + 520 - Date.now())),
   async key({ text }) {
     const [key, held] = text.split('+').reverse();
@@ -59,8 +58,8 @@ page.on('console', (message) => {
   // What the browser says by itself of a missing file is no news here.
   if (!message.text().startsWith('Failed to load')) console.log(message.text());
 });
-page.on('pageerror', (error) => { console.log(error.stack); finish(1); });
-page.on('error', (error) => { console.log(error.stack); finish(1); });  // it has crashed
+for (const trouble of ['pageerror', 'error'])  // the second when it has crashed
+  page.on(trouble, (error) => { console.log(error.stack); finish(1); });
 await page.goto(`${server.address}checks.html`);
 process.exitCode = await finished;
 await browser.close();

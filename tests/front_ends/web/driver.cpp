@@ -126,10 +126,6 @@ class WebDriver final : public Driver {
         return look;
     }
 
-    void scroll_down(const Form& form, const RichTextBox& box) override {
-        ask("control", form.Caption, place_of(form, box).corner, 100);
-    }
-
     std::optional<BoxLook> box() override {
         auto lines = ask("box");
         BoxLook look;

@@ -50,17 +50,10 @@ const Hand = {
         hand.then(() => act({ act: 'mouse', down: number & 1, button, ...at }));
       },
 
-      // Closes a window, or else the open box. Below a box nothing takes the mouse, so that the
-      // desktop's way is gone there.
+      // Closes a window, or else the open box. Below a box nothing takes the mouse.
       close: function(caption) {
-        const section = hand.window(caption);
-        hand.then(() => {
-          const box = document.querySelector('dialog[open]');
-          const close = (section || box).querySelector('.close');
-          if (section && box) return close.click();
-          const { x, y, width, height } = close.getBoundingClientRect();
-          return act({ act: 'click', x: x + width / 2, y: y + height / 2 });
-        });
+        const closed = hand.window(caption) || document.querySelector('dialog[open]');
+        hand.then(() => closed.querySelector('.close').click());
       },
 
       leavePage: () => dispatchEvent(new Event('pagehide')),
@@ -76,7 +69,7 @@ const Hand = {
 
       // Whether the control that begins there is shown, has the focus, can scroll, what it is
       // scrolled by, its text.
-      control: function(caption, x, y, scroll) {
+      control: function(caption, x, y) {
         const node = [...hand.window(caption).querySelectorAll(
           'button.element, input.element, .rich-text.element')].find((one) => {
           const at = (name) => [one, one.closest('.frame')].reduce(
@@ -85,7 +78,6 @@ const Hand = {
           return Math.hypot(at('--left') / scale - x, at('--top') / scale - y) < 0.5;
         });
         if (!node) return '0 0 0 0';
-        if (scroll) node.scrollTop = scroll;
         const lines = [...node.querySelectorAll('p')].map((one) => one.textContent).join('\n');
         return [node.getClientRects().length > 0, node === document.activeElement,
           node.scrollHeight > node.clientHeight, node.scrollTop].map((one) => Math.round(one))

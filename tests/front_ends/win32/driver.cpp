@@ -136,11 +136,9 @@ AccessibleLook look_at(IAccessible& table, LONG number, HWND window) {
     table.accLocation(&corner.x, &corner.y, &width, &height, child(number));
     ScreenToClient(window, &corner);
     const double ratio = screen_ratio();
-    return {name_of(table, number),
-            taken(key)[0],
-            (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
-            (state.lVal & STATE_SYSTEM_SELECTED) != 0,
-            {{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio}};
+    const Rectangle at{{corner.x / ratio, corner.y / ratio}, width / ratio, height / ratio};
+    return {name_of(table, number), taken(key)[0], (state.lVal & STATE_SYSTEM_FOCUSED) != 0,
+            (state.lVal & STATE_SYSTEM_SELECTED) != 0, at};
 }
 
 std::vector<std::string> announcements;
@@ -285,10 +283,6 @@ class Win32Driver final : public Driver {
                 (GetWindowLongPtrW(control, GWL_STYLE) & WS_VSCROLL) != 0,
                 static_cast<int>(SendMessageW(control, EM_GETFIRSTVISIBLELINE, 0, 0)),
                 text_of(control)};
-    }
-
-    void scroll_down(const Form& form, const RichTextBox& box) override {
-        SendMessageW(control_of(form, box), WM_VSCROLL, SB_PAGEDOWN, 0);
     }
 
     std::optional<BoxLook> box() override {

@@ -76,7 +76,7 @@ class Player {
   // Presses what has these texts or names, one after the other, each once nothing lies above it.
   async hit(...names) {
     for (const name of names) await this.press(...await this.until((wanted) => {
-      for (const one of document.querySelectorAll('button, dialog > p')) {
+      for (const one of document.querySelectorAll('button')) {
         const { x, y, width, height } = one.getBoundingClientRect();
         const [at, own] = [[x + width / 2, y + height / 2], [one.textContent, one.getAttribute('aria-label')]];
         if (own.includes(wanted) && document.elementFromPoint(...at) === one) return at;
@@ -164,9 +164,6 @@ async function visit(player, enter, withList) {
   await page.reload();
   await player.hit('Bestzeiten');
   await player.shot('best-times', 'Jörg Süß');
-  const cells = await page.evaluate(() => [...document.querySelector('[role="table"] > p').children].map(
-    (one) => one.textContent.trim()));
-  assert.deepEqual([cells[0], ...cells.slice(2)], ['1:', 'Jörg Süß', '1. Jan 2026 12:33']);
   await withList(player);
   await player.hit('Ok', 'Hilfe');
   await player.shot('help', 'Das Ziel');
@@ -183,14 +180,16 @@ async function visit(player, enter, withList) {
 
 // The window in front goes where its title bar is drawn to.
 async function moveWindow({ page }) {
-  const place = () => page.evaluate(() => document.querySelector('.foremost').getBoundingClientRect().toJSON());
-  const before = await place();
-  await page.mouse.move(before.x + 90, before.y + 10);
+  const place = () => page.evaluate(() => {
+    const { x, y } = document.querySelector('.foremost').getBoundingClientRect();
+    return [x, y];
+  });
+  const [x, y] = await place();
+  await page.mouse.move(x + 90, y + 10);
   await page.mouse.down();
-  await page.mouse.move(before.x + 60, before.y + 30);
+  await page.mouse.move(x + 60, y + 30);
   await page.mouse.up();
-  const { x, y } = await place();
-  assert.deepEqual([x, y], [before.x - 30, before.y + 20]);
+  assert.deepEqual(await place(), [x - 30, y + 20]);
 }
 
 // Another page takes over, which completes the entry, and then this one takes over again.
@@ -212,45 +211,30 @@ async function moveList(player) {
   const file = path.join(served, 'highscore.scr');
   rmSync(file, { force: true });
   const [list, other] = [await stored(page), (await stored(page)).replace('Jörg', 'Jürg')];
-  const save = async (button) => {
-    await player.hit(button);
-    while (!existsSync(file) || readFileSync(file, 'latin1') !== list) await sleep(20);
-  };
-  await save('Bestzeiten sichern');
-  for (const [content, answer, note, left] of [
-    ['Das ist ein Brief.', null, 'Diese Datei ist keine Bestzeitenliste.', list],
-    [other, 'Abbrechen', '', list],
-    [other, 'Ersetzen', 'Die Bestzeiten sind geladen.', other],
+  await player.hit('Bestzeiten sichern');
+  while (!existsSync(file) || readFileSync(file, 'latin1') !== list) await sleep(20);
+  for (const [content, note, left, ...answers] of [
+    ['Das ist ein Brief.', 'Diese Datei ist keine Bestzeitenliste.', list],
+    [other, '', list, 'Abbrechen'],
+    [other, 'Die Bestzeiten sind geladen.', other, 'Bisherige sichern', 'Ersetzen'],
   ]) {
     writeFileSync(file, content, 'latin1');
     const [chooser] = await Promise.all([page.waitForFileChooser(), player.hit('Bestzeiten laden')]);
     await chooser.accept([file]);
-    if (answer) await save('Bisherige sichern');
-    if (answer) await player.hit(answer);
+    await player.hit(...answers);
     await player.find(note);
     assert.equal(await stored(page), left);
   }
   await player.find('Jürg Süß');
 }
 
-// The keyboard comes back to the place it was at, and a box has its default button wherever pressed.
-async function openAndClose(player) {
-  const { keyboard } = player.page;
-  await player.page.focus('[aria-label="Stapel, 49 Karten"]');
-  await keyboard.press('Enter');
-  await player.hit('Bestzeiten');
-  await keyboard.press('Escape');
-  await player.until(() => document.activeElement.getAttribute('aria-label') === 'Stapel, 46 Karten');
-  await player.hit('neues Spiel', 'Neues Spiel?');  // beside the buttons
-  await keyboard.press('Enter');
-  await player.find('Stapel, 49 Karten');
-}
-
-// On a page of any size every button in front can be reached, and nothing lies beyond it.
+// On a page of any size every button in front can be reached, and nothing lies beyond it; the keyboard
+// comes back from a box and a window to the place it was at.
 async function playOn(name, viewport) {
   const player = await open(name, viewport);
   await player.page.goto(server.address);
   await player.deal();
+  await player.page.focus('[aria-label^="Stapel"]');
   for (const buttons of [['neues Spiel', 'Nein'], ['Bestzeiten']]) {
     await player.hit(...buttons);
     await player.shot(buttons[0]);
@@ -262,7 +246,7 @@ async function playOn(name, viewport) {
     }).length + document.documentElement.scrollHeight - innerHeight), 0, 'out of reach, or page too tall');
   }
   await player.hit('Ok');
-  if (name === 'large') await openAndClose(player);
+  await player.until(() => document.activeElement.getAttribute('aria-label') === 'Stapel, 49 Karten');
   await player.end();
 }
 
@@ -284,8 +268,7 @@ async function loadBadly() {
     else request.abort();
   });
   for (const [sentence, ...trouble] of [
-    [dropped, 'Solvanta.wasm'], [refused, 'Solvanta.wasm', { status: 503 }], [broken, 'Solvanta.wasm', html],
-    [dropped, 'Solvanta.js'], [broken, 'Solvanta.js', html], [refused, '.pack', { status: 404 }],
+    [dropped, 'Solvanta.wasm'], [broken, 'Solvanta.wasm', html], [refused, '.pack', { status: 404 }],
   ]) {
     [file, answer] = trouble;
     await player.page.goto(server.address);
@@ -304,8 +287,6 @@ async function playVersions() {
   server.loaded.length = 0;
   await player.page.goto(server.address);
   await player.kept('version.json');
-  const names = server.loaded.map(({ name }) => name).filter((name) => !name.endsWith('-32.png'));
-  assert.equal(new Set(names).size, names.length, `loaded twice: ${names}`);
   const size = server.loaded.reduce((sum, one) => sum + one.size, 0) - Buffer.byteLength(prelude);
   assert.ok(size < 450000, `first load of ${size} bytes`);
   change('index.html', (page) => page.replace('<title>', '<title>Neu: '), { tag: 'neu' });
