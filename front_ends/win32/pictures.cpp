@@ -68,8 +68,8 @@ std::optional<Image> decoded(std::string& bytes, const std::string& suffix) {
     if (std::max(width, height) > UINT{largest_picture_side}) return std::nullopt;
     Image image({static_cast<int>(width), static_cast<int>(height)});
     auto* const pixels = reinterpret_cast<BYTE*>(image.grid().pixels);
-    const bool copied =
-        pixels && SUCCEEDED(picture->CopyPixels(nullptr, 4 * width, 4 * width * height, pixels));
+    const bool copied = pixels != nullptr && SUCCEEDED(picture->CopyPixels(
+                                                 nullptr, 4 * width, 4 * width * height, pixels));
     return copied ? std::optional(std::move(image)) : std::nullopt;
 }
 
