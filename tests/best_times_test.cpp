@@ -159,6 +159,20 @@ TEST(BestTimesFile, NeverTouchesWhatIsTooLong) {
     EXPECT_FALSE(list.file.write(list.state));
 }
 
+TEST(BestTimesFile, KeepsWhatWasUnreadWhenAnotherListCannotBeStored) {
+    KeptList list(installed_file);
+    std::string failing = "read";
+    list.files.before = [&](const std::string& call) {
+        return std::make_error_code(call == failing ? std::errc::io_error : std::errc());
+    };
+    EXPECT_TRUE(list.file.read(list.state));
+    failing = "create";
+    EXPECT_TRUE(list.file.take("", list.state));
+    failing.clear();
+    EXPECT_FALSE(list.file.write(list.state));
+    EXPECT_EQ(list.files.files.at(MemoryFiles::list_path), installed_file);
+}
+
 TEST(BestTimesFile, IsToldFromOtherFiles) {
     const std::string list = rewritten("100,\"J\xf6rg, der \x94\",\"3. Jan 2026 9:05\"\r\n");
     std::string with_unix_ends = list;
