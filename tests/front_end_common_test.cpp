@@ -75,8 +75,9 @@ TEST(Mouse, MakesClicksAndDoubleClicksOfPresses) {
 
 /// A bitmap's header for two lines of three pixels, whose own count of bytes is wrong.
 std::string bitmap(char bits) {
-    return "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s + bits +
-           std::string(25, '\0');
+    const std::string sides =
+        "BM\x07\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x03\0\0\0\xFE\xFF\xFF\xFF\x01\0"s;
+    return sides + bits + std::string(25, '\0');
 }
 
 TEST(PictureBytes, AreWholeUpToTheEndOfThePicture) {
