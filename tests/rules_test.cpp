@@ -44,6 +44,7 @@ TEST(Rules, SelectionAndMoves) {
     const std::string run = "1 HK PD HB X10 K9 P8 H7 X6 K5 P4 H3 X2 K1";
     const Case cases[] = {
         {"a column is selected and given up", "1 H5", "c1 c1", "1 H5"},
+        {"the waste is selected and given up", "W H5", "waste waste", "W H5"},
         {"the waste takes the selection over", "W P2; 1 H5", "c1 waste", "W P2; 1 H5; sel 0"},
         {"an empty waste leaves a selection", "1 H5", "c1 waste", "1 H5; sel 1"},
         {"a refused waste card is given up", "W H4; 1 H5", "waste c1", "W H4; 1 H5; sel 1"},

@@ -164,6 +164,7 @@ TEST_F(DealtTable, TellsItsPlacesAndItsWhole) {
     EXPECT_EQ(table.SpokenAnswer('Z'),
               "Zeit 0:00. 1.Runde: 3 Karten heben. Stapel, 46 Karten. Ablage, 3 Karten. Noch 104 "
               "Karten abzulegen");
+    EXPECT_TRUE(table.SpokenAnswer('T').ends_with(". Ziel 8, leer, für Kreuz"));
     player.set_up("S; W XK; F 13 13 13 13 12 13 13 11; 1 HK XD; sel 1");
     const std::string whole = table.SpokenAnswer('T');
     EXPECT_TRUE(whole.starts_with("Spalte 1, ausgewählt, Kreuz Dame, Herz König. Spalte 2, leer."));
