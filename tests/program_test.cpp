@@ -237,11 +237,11 @@ TEST_F(Program, StartsTheClockAtADealAndForgetsTheGameBefore) {
     player.host.answers = {Answer::No};
     player.host.during_message = [&] { player.play("tick"); };
     player.deal();
-    EXPECT_EQ(player.position(), first);
-    EXPECT_EQ(clock, "1:15");
+    EXPECT_EQ(std::pair(player.position(), clock), std::pair(first, std::string("1:15")));
 
     // Whatever a game leaves behind, the next is dealt like the second one of a fresh program.
     player.set_up("D 1; F 1 2 0 0 0 1; W H9 XK; 1 X2 | P4?; 2 K2 | K9; sel 2");
+    state.Seconds = 74;
     state.ClockRunning = false;
     player.deal();
     Player fresh(2);
