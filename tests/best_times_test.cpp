@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <set>
 #include <tuple>
 #include <utility>
 
@@ -90,8 +89,9 @@ struct KeptList {
             state.GamesPlayed = 0;
         } else if (event == 'd') {
             count_up(state.GamesPlayed);
-        } else if (place != no_place) {
-            insert_entry(state, place, event, name, name);
+        } else {
+            count_up(state.GamesWon);
+            if (place != no_place) insert_entry(state, place, event, name, name);
         }
     }
 
