@@ -51,6 +51,9 @@ inline constexpr double smallest_part = 0.5;
 /// it smaller by a step.
 double next_part(double part, bool larger);
 
+/// For how long the size of a window has not changed when it rests.
+inline constexpr int rest_milliseconds = 150;
+
 /// Makes steps of the turns of a wheel, of which a fine one needs several.
 class WheelSteps {
   public:

@@ -20,8 +20,6 @@ Ticks::Time time_awake() {
     return std::chrono::duration_cast<Ticks::Time>(time);
 }
 
-constexpr int rest_milliseconds = 150;
-
 /// Behind all controls in the order of the Tab key, the first of which begins with the focus.
 void put_last(QWidget& canvas) {
     if (canvas.focusPolicy() == Qt::NoFocus) return;

@@ -12,7 +12,6 @@ namespace {
 
 /// The timer that runs out when the size has not changed for a while; the form's own begin at 1.
 constexpr UINT_PTR rest_timer = 1000;
-constexpr UINT rest_milliseconds = 150;
 
 /// How long the machine has been running, without what it slept.
 Ticks::Time time_awake() {

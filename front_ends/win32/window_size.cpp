@@ -116,10 +116,11 @@ void WindowSize::fill_screen(bool fill) {
 }
 
 bool WindowSize::take(const MSG& message) {
+    const bool is_key = message.message == WM_KEYDOWN;
+    if (!is_key && message.message != WM_MOUSEWHEEL) return false;
     const bool control = GetKeyState(VK_CONTROL) < 0;
-    if (message.message == WM_KEYDOWN)
-        return control ? take_with_control(message.wParam) : take_key(message.wParam);
-    if (message.message != WM_MOUSEWHEEL || !control) return false;
+    if (is_key) return control ? take_with_control(message.wParam) : take_key(message.wParam);
+    if (!control) return false;
     const int step = wheel_.turn(GET_WHEEL_DELTA_WPARAM(message.wParam));
     if (step != 0) enlarge_to(next_part(part(), step > 0));
     return true;
