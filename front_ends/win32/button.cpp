@@ -33,6 +33,8 @@ std::optional<LRESULT> Button::answer(const Message& message) {
             return answer_of_class(message) | (message.w == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_KEYDOWN:
             return press_by_enter(message);
+        case WM_NCPAINT:  // there is no frame, but the class would look for one
+            return 0;
         case handed_on + WM_COMMAND:
             if (HIWORD(message.w) == BN_CLICKED) click();
             return 0;

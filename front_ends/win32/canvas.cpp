@@ -134,15 +134,16 @@ void Canvas::paint(HDC dc, const RECT& area, const Label& label) const {
 }
 
 // A group box is what tells a screen reader that the elements inside belong together.
-FrameBox::FrameBox(Frame& frame, WindowParts& parts, const Canvas& parent)
-    : Canvas(frame, &frame, parts), frame_(frame), parent_(parent) {
+void FrameBox::make() {
     create(WC_BUTTONW, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | BS_GROUPBOX,
-           WS_EX_CONTROLPARENT, parent.handle());
+           WS_EX_CONTROLPARENT, parent_.handle());
     words_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD, 0, 0, 0, 0, handle(), nullptr,
                              GetModuleHandleW(nullptr), nullptr);
 }
 
 void FrameBox::sync() {
+    if (!handle() && !frame_.Visible) return;
+    if (!handle()) make();
     EnableWindow(handle(), frame_.Enabled ? TRUE : FALSE);
     sync_text(handle(), frame_.Caption, to_font({}, scale()));
     sync_text(words_, words_of(frame_), nullptr);

@@ -45,7 +45,8 @@ class Canvas : public PaintedWindow {
 /// A frame: its border and caption, and inside the border what its container holds.
 class FrameBox final : public Canvas {
   public:
-    FrameBox(Frame& frame, WindowParts& parts, const Canvas& parent);
+    FrameBox(Frame& frame, WindowParts& parts, const Canvas& parent)
+        : Canvas(frame, &frame, parts), frame_(frame), parent_(parent) {}
 
     void sync() override;
 
@@ -54,6 +55,7 @@ class FrameBox final : public Canvas {
     void paint(HDC dc) override;
 
   private:
+    void make();
     void paint_border(HDC dc) const;
 
     Frame& frame_;

@@ -57,15 +57,11 @@ std::wstring in_one_line(std::wstring text) {
 class NameEdit final : public Window {
   public:
     NameEdit(TextBox& box, WindowParts& parts, const Canvas& parent)
-        : box_(box), parts_(parts), parent_(parent) {
-        create(WC_EDITW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
-               WS_EX_CLIENTEDGE, parent.handle());
-        parts.text_boxes[&box] = handle();
-    }
+        : box_(box), parts_(parts), parent_(parent) {}
 
-    /// Not before its frame shows: the font takes long to find, and most boxes are never shown.
     void sync() override {
-        if (!is_shown(GetParent(handle()))) return;
+        if (!is_shown(parent_.handle())) return;
+        if (!handle()) make();
         sync_text(handle(), box_.Text, to_font(box_.Font, parts_.scale));
         sync_place(handle(), box_, parent_.scale());
     }
@@ -94,6 +90,12 @@ class NameEdit final : public Window {
     }
 
   private:
+    void make() {
+        create(WC_EDITW, WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
+               WS_EX_CLIENTEDGE, parent_.handle());
+        parts_.text_boxes[&box_] = handle();
+    }
+
     /// Every key, but for those that lead to another control. The class, if it were asked, would
     /// take the window for a dialog and close it at Esc.
     static LRESULT keys_wanted(const Message& message) {
@@ -154,11 +156,11 @@ PixelSize fitted(PixelSize picture, SIZE room) {
 class PictureView final : public PaintedWindow {
   public:
     PictureView(const PictureBox& box, WindowParts& parts, const Canvas& parent)
-        : box_(box), parts_(parts), parent_(parent) {
-        create(plain_class(), WS_CHILD | WS_CLIPSIBLINGS, 0, parent.handle());
-    }
+        : box_(box), parts_(parts), parent_(parent) {}
 
     void sync() override {
+        if (!handle() && !box_.Visible) return;
+        if (!handle()) create(plain_class(), WS_CHILD | WS_CLIPSIBLINGS, 0, parent_.handle());
         sync_place(handle(), box_, parent_.scale());
         if (shown_ != box_.Picture.load_number()) InvalidateRect(handle(), nullptr, FALSE);
         shown_ = box_.Picture.load_number();

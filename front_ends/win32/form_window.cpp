@@ -105,7 +105,8 @@ std::optional<LRESULT> FormWindow::answer_size(const Message& message) {
         size_.limit(*reinterpret_cast<MINMAXINFO*>(message.l));
     } else if (message.id != WM_SIZE) {
         size_.stay_on_screen();
-    } else if (message.w != SIZE_MINIMIZED && IsWindowVisible(handle())) {
+    } else if (message.w != SIZE_MINIMIZED && IsWindowVisible(handle()) &&
+               size_.scale() != parts_.scale) {
         parts_.pictures.quick(true);
         SetTimer(handle(), rest_timer, rest_milliseconds, nullptr);
         lay_out();
@@ -115,8 +116,7 @@ std::optional<LRESULT> FormWindow::answer_size(const Message& message) {
 
 void FormWindow::sync() {
     sync_text(handle(), form_.Caption, nullptr);
-    for (const auto& control : parts_.controls)
-        control->sync();
+    sync_controls();
     // Hidden or disabled, a control keeps the focus and goes on taking keys.
     HWND focused = GetFocus();
     if (IsChild(handle(), focused) && !takes_focus(focused)) {
@@ -126,8 +126,23 @@ void FormWindow::sync() {
     Canvas::sync();
 }
 
+/// Those made in between come to their places in tab order.
+void FormWindow::sync_controls() {
+    bool made = false;
+    for (const auto& control : parts_.controls) {
+        const bool was_made = control->handle() != nullptr;
+        control->sync();
+        made |= was_made != (control->handle() != nullptr);
+    }
+    if (!made) return;
+    for (const auto& control : parts_.controls)
+        SetWindowPos(control->handle(), HWND_BOTTOM, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 void FormWindow::bring_forward() {
     ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
+    if (GetForegroundWindow() == handle()) return;
     BringWindowToTop(handle());
     SetForegroundWindow(handle());
 }

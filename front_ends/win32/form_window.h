@@ -51,6 +51,7 @@ class FormWindow final : public Canvas {
   private:
     void load_icons(UINT dpi);
     void lay_out();
+    void sync_controls();
     LRESULT come_to_rest();
     std::optional<LRESULT> answer_size(const Message& message);
     LRESULT tick(std::size_t timer);

@@ -27,6 +27,7 @@ class Window {
     Window& operator=(const Window&) = delete;
     virtual ~Window();
 
+    /// Null before it is created.
     HWND handle() const { return handle_; }
 
     /// Brings everything shown in line with the element behind the window.

@@ -64,10 +64,11 @@ HWND innermost(HWND window, POINT& place, UINT passed_over) {
     return window;
 }
 
-/// The system's control that shows `element`, found by its place.
+/// The system's control that shows `element`, found by its place; null before there is one.
 HWND control_of(const Form& form, const Element& element) {
     POINT centre = to_device(form, place_of(form, element).centre());
-    return innermost(window_of(form), centre, CWP_ALL);
+    HWND found = innermost(window_of(form), centre, CWP_ALL);
+    return found == window_of(form) ? nullptr : found;
 }
 
 WORD to_virtual_key(Key key) {
