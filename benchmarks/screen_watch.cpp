@@ -12,7 +12,6 @@
 #include <thread>
 #include <vector>
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -133,31 +132,18 @@ class Program {
     pid_t process_;
 };
 
-/// The processor time that the programs ended so far have taken.
-double processor_milliseconds() {
-    rusage used{};
-    getrusage(RUSAGE_CHILDREN, &used);
-    const auto milliseconds = [](const timeval& time) {
-        return 1e3 * static_cast<double>(time.tv_sec) + 1e-3 * static_cast<double>(time.tv_usec);
-    };
-    return milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
-}
-
-/// Prints the time from the start to the first pixel, the peak of memory in kilobytes, and the
-/// processor time of that and half a second more.
+/// Prints the time from the start to the first pixel, and the peak of memory in kilobytes within
+/// half a second more.
 void watch_start(const Screen& screen, char** command) {
     // Within every window of the card table's size, in the corner of the screen or in its middle.
     const auto painted = [&screen] { return screen.pixel(500, 400) != 0; };
     wait_until([&] { return !painted(); }, "black screen");
     const auto start = Clock::now();
-    {
-        const Program program(command);
-        wait_until(painted, "window");
-        std::cout << milliseconds_since(start) << ' ';
-        std::this_thread::sleep_for(std::chrono::milliseconds(500));
-        std::cout << program.peak_memory() << ' ';
-    }
-    std::cout << processor_milliseconds() << '\n';
+    const Program program(command);
+    wait_until(painted, "window");
+    std::cout << milliseconds_since(start) << ' ';
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    std::cout << program.peak_memory() << '\n';
 }
 
 void wait_for_windows(const Screen& screen, std::size_t count) {
