@@ -1,15 +1,16 @@
 #include "rich_text/font_kind.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
-#include <unordered_map>
+#include <utility>
 
 namespace solvanta {
 namespace {
 
 using enum FontKind;
 
-const std::unordered_map<std::string_view, FontKind> known_families{
+constexpr std::pair<std::string_view, FontKind> known_families[]{
     {"arial", Sans},
     {"calibri", Sans},
     {"helvetica", Sans},
@@ -47,8 +48,10 @@ std::string plain_name(std::string_view name) {
 }  // namespace
 
 FontKind font_kind(std::string_view name) {
-    const auto found = known_families.find(plain_name(name));
-    return found == known_families.end() ? Unknown : found->second;
+    const auto* const found = std::find_if(
+        std::begin(known_families), std::end(known_families),
+        [plain = plain_name(name)](const auto& family) { return family.first == plain; });
+    return found == std::end(known_families) ? Unknown : found->second;
 }
 
 }  // namespace solvanta

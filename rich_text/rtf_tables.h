@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "rich_text/rtf_group.h"
@@ -46,7 +46,7 @@ class RtfFonts : public RtfSink {
     void end_font();
 
     std::vector<RichFont>& fonts_;
-    std::unordered_map<int, Font> by_number_;
+    std::map<int, Font> by_number_;
     int default_ = 0;
     int number_ = 0;  // of the fonts that end from here on
     Unfinished font_;

@@ -19,9 +19,11 @@ ParagraphLayout finished(ParagraphLayout layout) {
     for (TabStop& tab : tabs)
         tab.position -= layout.left + layout.first_line;
     std::erase_if(tabs, [](const TabStop& tab) { return tab.position <= 0; });
-    std::stable_sort(tabs.begin(), tabs.end(), [](const TabStop& one, const TabStop& other) {
+    const auto is_before = [](const TabStop& one, const TabStop& other) {
         return one.position < other.position;
-    });
+    };
+    for (auto tab = tabs.begin(); tab != tabs.end(); ++tab)  // stable, and they are few
+        std::rotate(std::upper_bound(tabs.begin(), tab, *tab, is_before), tab, tab + 1);
     return layout;
 }
 

@@ -1,8 +1,7 @@
 #include "rich_text/rtf_words.h"
 
 #include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
+#include <iterator>
 #include <utility>
 
 namespace solvanta {
@@ -33,10 +32,13 @@ void add_tab(RtfGroup& group, RtfNumber number) {
     tabs.push_back({within(number, 0, 0, 31680), std::exchange(group.next_tab, Alignment::Left)});
 }
 
+template <typename Meaning>
+using Word = std::pair<std::string_view, Meaning>;
+
 /// A control word that changes how the text after it looks.
 using LookWord = void (*)(RtfGroup&, RtfNumber);
 
-const std::unordered_map<std::string_view, LookWord> look_words{
+constexpr Word<LookWord> look_words[]{
     {"plain", [](RtfGroup& group, RtfNumber) { group.characters = {}; }},
     {"f", [](RtfGroup& group, RtfNumber n) { group.characters.font = n; }},
     {"fs", [](RtfGroup& group,
@@ -87,7 +89,7 @@ const std::unordered_map<std::string_view, LookWord> look_words{
     {"tx", [](RtfGroup& group, RtfNumber n) { add_tab(group, n); }},
 };
 
-const std::unordered_map<std::string_view, char16_t> characters_by_word{
+constexpr Word<char16_t> characters_by_word[]{
     {"tab", u'\t'},           {"cell", u'\t'},        {"line", u'\u2028'},
     {"emdash", u'\u2014'},    {"endash", u'\u2013'},  {"bullet", u'\u2022'},
     {"lquote", u'\u2018'},    {"rquote", u'\u2019'},  {"ldblquote", u'\u201C'},
@@ -95,23 +97,23 @@ const std::unordered_map<std::string_view, char16_t> characters_by_word{
 };
 
 /// Their groups hold what is no text, or none that has a place here.
-const std::unordered_set<std::string_view> skipped{
+constexpr std::string_view skipped[]{
     "annotation", "filetbl",           "fldinst",   "footer",     "footerf", "footerl",
     "footerr",    "footnote",          "header",    "headerf",    "headerl", "headerr",
     "info",       "listoverridetable", "listtable", "nonshppict", "object",  "pict",
     "revtbl",     "stylesheet",        "tc",        "xe"};
 
-const std::unordered_map<std::string_view, FontKind> font_kinds{
+constexpr Word<FontKind> font_kinds[]{
     {"fnil", FontKind::Unknown},       {"froman", FontKind::Serif},  {"fswiss", FontKind::Sans},
     {"fmodern", FontKind::FixedPitch}, {"ftech", FontKind::Symbols},
 };
 
-/// The value of `key`, or nothing.
-template <typename Value>
-std::optional<Value> find(const std::unordered_map<std::string_view, Value>& map,
-                          std::string_view key) {
-    const auto found = map.find(key);
-    return found == map.end() ? std::nullopt : std::optional(found->second);
+/// What a word stands for, or nothing.
+template <typename Meaning, std::size_t count>
+std::optional<Meaning> find(const Word<Meaning> (&words)[count], std::string_view name) {
+    const auto* const found = std::find_if(std::begin(words), std::end(words),
+                                           [&](const auto& word) { return word.first == name; });
+    return found == std::end(words) ? std::nullopt : std::optional(found->second);
 }
 
 }  // namespace
@@ -131,7 +133,7 @@ std::optional<char16_t> character_named(std::string_view name) {
 }
 
 bool is_skipped(std::string_view name) {
-    return skipped.contains(name);
+    return std::find(std::begin(skipped), std::end(skipped), name) != std::end(skipped);
 }
 
 std::optional<FontKind> font_kind_named(std::string_view name) {

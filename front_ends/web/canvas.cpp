@@ -40,7 +40,10 @@ Canvas::Canvas(Container& container, const Element* within, Node area, WindowPar
 
 void Canvas::add(PictureElement& element) {
     views_.try_emplace(&element, area_, "element picture", parts_.pictures);
-    const Node& node = node_of(&element);
+}
+
+/// What holds for an element from when it is first seen.
+void Canvas::prepare(const PictureElement& element, const Node& node) {
     node.attribute("role", element.Click ? "button" : "img");
     if (element.KeyStop) node.attribute("tabindex", "-1");
     if (element.Key != 0) node.attribute("aria-keyshortcuts", std::string(1, element.Key));
@@ -70,10 +73,11 @@ void Canvas::sync() {
     if (!said.empty()) parts_.announce(said);
 }
 
-void Canvas::bring_in_line(const PictureElement& element, PictureView& view) const {
+void Canvas::bring_in_line(const PictureElement& element, PictureView& view) {
     const Node& node = view.node();
     place(node, element);
     if (!element.Visible) return;
+    if (!view.has_shown()) prepare(element, node);
     node.turn("cut", element.CutToHeight);
     const std::string name = place_name(element);
     node.attribute("aria-hidden", name.empty() ? "true" : "false");

@@ -28,7 +28,8 @@ class Canvas {
   private:
     void add(PictureElement& element);
     void add(Label& label);
-    void bring_in_line(const PictureElement& element, PictureView& view) const;
+    void prepare(const PictureElement& element, const Node& node);
+    void bring_in_line(const PictureElement& element, PictureView& view);
     void sync_walk();
     void listen();
     void press(const PageEvent& event);

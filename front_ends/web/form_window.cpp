@@ -129,7 +129,7 @@ void FormWindow::bring_forward() {
     frame_.turn("foremost", true);
     frame_.attribute_if("hidden", false);
     if (!std::exchange(visible_, true)) page_focus_first(client_.handle());
-    if (std::exchange(placed_, true)) return;
+    if (fixed_ || std::exchange(placed_, true)) return;
     const Size page = page_size();
     const double part = form_.Place == OpeningPlace::Centered ? 0.5 : 0.8;
     move_to((page.width - frame_.number("offsetWidth")) * part,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "front_ends/common/look.h"
 #include "front_ends/common/picture_bytes.h"
@@ -86,10 +87,11 @@ void Pictures::give_up(const Image& image) {
 }
 
 PictureView::PictureView(const Node& parent, const char* class_name, Pictures& pictures)
-    : pictures_(pictures),
-      node_(parent, "div", class_name),
-      picture_(node_, "img"),
-      placeholder_(node_, "span", "placeholder") {
+    : pictures_(pictures), node_(parent, "div", class_name) {}
+
+void PictureView::make() {
+    picture_ = Node(node_, "img");
+    placeholder_ = Node(node_, "span", "placeholder");
     for (const auto& [name, value] :
          {std::pair{"alt", ""}, {"draggable", "false"}, {"decoding", "sync"}}) {
         picture_.attribute(name, value);
@@ -115,6 +117,7 @@ void PictureView::own_size(const PictureElement& element, const Scale& scale, do
 }
 
 void PictureView::show(const Picture& picture, int times) {
+    if (!std::exchange(has_shown_, true)) make();
     const bool empty = picture.load_number() == 0;
     const Image* const image = empty ? nullptr : &pictures_.image(picture, times);
     if (image != image_ || (image && image->url != url_)) display(image);

@@ -54,6 +54,9 @@ class PictureView {
 
     const Node& node() const { return node_; }
 
+    /// Whether it has shown anything yet. Before that it is an empty element: most are never seen.
+    bool has_shown() const { return has_shown_; }
+
     void show(const Picture& picture, int times);
 
     /// Gives the picture its own size, by whole pixels of a screen that has `ratio` to one of the
@@ -61,12 +64,14 @@ class PictureView {
     void own_size(const PictureElement& element, const Scale& scale, double ratio);
 
   private:
+    void make();
     void display(const Image* image);
 
     Pictures& pictures_;
     Node node_;
     Node picture_;
     Node placeholder_;
+    bool has_shown_ = false;
     const Image* image_ = nullptr;
     std::string url_;               // that is shown of it
     std::optional<PixelSize> own_;  // of the latest that has come

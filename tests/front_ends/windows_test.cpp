@@ -156,13 +156,13 @@ TEST_F(Windows, EndTheProgramEvenBelowABox) {
     }
 }
 
-// A timer set anew after each handler would need 80 ms for each tick of 30 ms.
+// A timer set anew after each handler would need 60 ms for each tick.
 TEST_F(Timers, NeitherDriftNorLoseATick) {
     using namespace std::chrono;
     const auto now = steady_clock::now;
     TestForm form;
     int ticks = 0;
-    Timer timer{50, [&] { std::this_thread::sleep_for(milliseconds(++ticks == 1 ? 600 : 30)); }};
+    Timer timer{50, [&] { std::this_thread::sleep_for(milliseconds(++ticks == 1 ? 600 : 10)); }};
     form.timers = {&timer};
     const auto before = now();
     host().show(form);

@@ -32,27 +32,48 @@ function tellProgress() {
     `${kilobytes(names.map((name) => files[name].size))} KB`;
 }
 
-// The bytes of a file; fails with the sentence that tells why.
-async function bytesOf(name) {
+// A file as it comes; fails with the sentence that tells why.
+async function* partsOf(name) {
   const answer = await fetch(address(name)).catch(() => { throw dropped; });
   if (!answer.ok) throw refused;
-  const parts = [];
   const reader = answer.body.getReader();
   const next = () => reader.read().catch(() => { throw dropped; });
+  let size = 0;
   for (let part = await next(); !part.done; part = await next()) {
-    parts.push(part.value);
+    size += part.value.length;
     if (name in loading) {
-      loading[name] += part.value.length;
+      loading[name] = size;
       tellProgress();
     }
+    yield part.value;
   }
-  const bytes = new Uint8Array(await new Blob(parts).arrayBuffer());
-  if (files[name] && bytes.length !== files[name].size) throw broken;
-  return bytes;
+  if (files[name] && size !== files[name].size) throw broken;
+}
+
+async function bytesOf(name) {
+  const parts = [];
+  for await (const part of partsOf(name)) parts.push(part);
+  return new Uint8Array(await new Blob(parts).arrayBuffer());
 }
 
 const unzip = (bytes) => new Response(
   new Blob([bytes]).stream().pipeThrough(new DecompressionStream('gzip'))).arrayBuffer();
+
+// The program is compiled while it comes.
+async function start(imports) {
+  let trouble = broken;
+  const parts = partsOf(program);
+  const coming = new ReadableStream({
+    async pull(taker) {
+      const { done, value } = await parts.next().catch((sentence) => { throw trouble = sentence; });
+      if (done) taker.close();
+      else taker.enqueue(value);
+    },
+  });
+  const whole = new Response(coming.pipeThrough(new DecompressionStream('gzip')),
+    { headers: { 'Content-Type': 'application/wasm' } });
+  return WebAssembly.instantiateStreaming(whole, imports).catch(() => { throw trouble; });
+}
 
 // Pictures come packed: a line of names and sizes, and then their bytes.
 function unpack(bytes) {
@@ -88,9 +109,7 @@ var Module = {
   locateFile: address,
 
   instantiateWasm(imports, receive) {
-    bytesOf(program).then((bytes) => unzip(bytes)
-      .then((whole) => WebAssembly.instantiate(whole, imports)).catch(() => { throw broken; }))
-      .then(({ instance }) => receive(instance)).catch(give);
+    start(imports).then(({ instance }) => receive(instance)).catch(give);
     return {};
   },
 
