@@ -2,7 +2,9 @@
 #include <array>
 #include <cmath>
 #include <stdexcept>
+#include <thread>
 
+#include <richedit.h>
 #include <windows.h>
 
 #include "tests/front_ends/stage.h"
@@ -107,6 +109,54 @@ TEST_F(Desktop, BringsTheBoxWithEveryWindow) {
     bool answered = false;
     host().ask("Neues Spiel?", Buttons::YesNo, [&](Answer) { answered = true; });
     EXPECT_TRUE(wait_until([&] { return answered; }));
+}
+
+// While it is held, the system's own loop lets nothing but the mouse through.
+TEST_F(Desktop, MakesUpForTheTicksMissedWhileACaptionButtonIsHeld) {
+    TestForm form;
+    int ticks = 0;
+    Timer timer{50, [&] { ++ticks; }};
+    form.timers = {&timer};
+    show(form);
+    const ULONGLONG start = GetTickCount64();
+    std::thread hand([window = window_of(form)] {
+        Sleep(1000);
+        PostMessageW(window, WM_LBUTTONUP, 0, 0);
+    });
+    SendMessageW(window_of(form), WM_NCLBUTTONDOWN, HTMINBUTTON, 0);
+    EXPECT_LT(ticks, 10);
+    EXPECT_TRUE(wait_until([&] { return ticks >= int(GetTickCount64() - start) / 50 - 5; }));
+    hand.join();
+}
+
+TEST_F(Desktop, ScrollsTheTextAtEachKeyAndZoomsItUntilItIsOpenedAnew) {
+    TextForm form;
+    for (int line = 0; line < 40; ++line)
+        form.view.TextRTF.insert(form.view.TextRTF.rfind('}'), "\\par H");
+    show(form);
+    HWND view = FindWindowExW(window_of(form), nullptr, L"RICHEDIT50W", nullptr);
+    int before = 0;
+    for (const auto& [key, low, high] : {std::array{VK_DOWN, 5, 45},
+                                         {VK_UP, 0, 0},
+                                         {VK_NEXT, 20, 60},
+                                         {VK_END, 300, 9999},
+                                         {VK_PRIOR, 250, 9998},
+                                         {VK_HOME, 0, 0}}) {
+        press_key(Key(key));
+        const int at = GetScrollPos(view, SB_VERT);
+        EXPECT_TRUE(low <= at && at <= high && at != before) << key << ": " << at;
+        before = at;
+    }
+    SendMessageW(view, EM_SETZOOM, 3, 1);  // as by Ctrl and the wheel
+    click(form, form.button);
+    for (const DWORD zoom : {3U, 1U}) {
+        DWORD times = 0;
+        DWORD of = 0;
+        SendMessageW(view, EM_GETZOOM, WPARAM(&times), LPARAM(&of));
+        EXPECT_EQ(times, zoom * of);
+        host().hide(form);
+        show(form);
+    }
 }
 
 TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
