@@ -154,6 +154,19 @@ TEST_F(Desktop, ScrollsTheTextAtEachKeyAndZoomsItUntilItIsOpenedAnew) {
     }
 }
 
+TEST_F(Desktop, ChangesItsSizeByKeys) {
+    const std::tuple<int, Modifier, int> cases[] = {{VK_ADD, Modifier::Control, 375},
+                                                    {VK_SUBTRACT, Modifier::Control, 300},
+                                                    {VK_F11, Modifier::None, 1280},
+                                                    {VK_ESCAPE, Modifier::None, 300}};
+    TestForm form;
+    show(form);
+    for (const auto& [key, modifier, width] : cases) {
+        press_key(Key(key), modifier);
+        EXPECT_EQ(driver().window("Probe")->width, width);
+    }
+}
+
 TEST_F(Desktop, HasNoDarkTextOnDarkGround) {
     const int kinds[] = {COLOR_BTNFACE, COLOR_WINDOW, COLOR_BTNTEXT, COLOR_WINDOWTEXT};
     const std::array<COLORREF, 4> contrast{0, 0, 0xFFFFFF, 0xFFFFFF};

@@ -78,17 +78,11 @@ WORD to_virtual_key(Key key) {
     return number < std::size(keys) ? keys[number] : static_cast<WORD>(number);
 }
 
-/// Presses a key, or releases it by the flag.
-void send_key(WORD key, DWORD flags) {
-    const UINT code = MapVirtualKeyW(key, MAPVK_VK_TO_VSC);
-    keybd_event(static_cast<BYTE>(key), static_cast<BYTE>(code), flags, 0);
-}
-
 void press_key(WORD key, WORD held, DWORD extended) {
-    if (held) send_key(held, 0);
-    send_key(key, extended);
-    send_key(key, extended | KEYEVENTF_KEYUP);
-    if (held) send_key(held, KEYEVENTF_KEYUP);
+    const DWORD up = KEYEVENTF_KEYUP;
+    for (const auto& [which, flags] :
+         {std::pair(held, DWORD{0}), {key, extended}, {key, extended | up}, {held, up}})
+        if (which) keybd_event(BYTE(which), BYTE(MapVirtualKeyW(which, MAPVK_VK_TO_VSC)), flags, 0);
 }
 
 struct Release {
