@@ -105,7 +105,7 @@ std::optional<LRESULT> FormWindow::answer_size(const Message& message) {
         size_.limit(*reinterpret_cast<MINMAXINFO*>(message.l));
     } else if (message.id != WM_SIZE) {
         size_.stay_on_screen();
-    } else if (message.w != SIZE_MINIMIZED && IsWindowVisible(handle()) &&
+    } else if (message.w != SIZE_MINIMIZED && IsWindowVisible(handle()) != FALSE &&
                size_.scale() != parts_.scale) {
         parts_.pictures.quick(true);
         SetTimer(handle(), rest_timer, rest_milliseconds, nullptr);

@@ -128,6 +128,8 @@ TEST_F(RichText, IsShownAndSetOnlyWhenChanged) {
     show(form);
     EXPECT_EQ(look().text, "Zeile ü{ 1\nEnde");
     EXPECT_EQ(look_after("Hilfe ohne Form").text, "");
+    const std::string deep(40, '{');
+    EXPECT_EQ(look_after("{\\rtf1 " + deep + "\\{a\\}" + std::string(40, '}') + "b}").text, "{a}b");
 }
 
 class Frames : public FrontEnd {};
