@@ -32,15 +32,15 @@ void WindowSize::come_to_screen(UINT dpi, const RECT& place) {
 
 /// Until the system has drawn it anew, the window may have the frame of another resolution.
 void WindowSize::resize_to(double part, POINT corner, UINT flags) const {
-    SIZE size = size_at(part);
-    for (const bool first : {true, false}) {
+    const auto resize = [&](SIZE size) {
         move(window_, {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy}, flags);
-        if (!first) break;
-        const SIZE client = size_of(client_area(window_));
-        const SIZE wanted = client_size(part);
-        size = {size.cx + wanted.cx - client.cx, size.cy + wanted.cy - client.cy};
-        if (client.cx == wanted.cx && client.cy == wanted.cy) break;
-    }
+    };
+    const SIZE size = size_at(part);
+    const SIZE wanted = client_size(part);
+    resize(size);
+    const SIZE client = size_of(client_area(window_));
+    const SIZE lacking{wanted.cx - client.cx, wanted.cy - client.cy};
+    if (lacking.cx != 0 || lacking.cy != 0) resize({size.cx + lacking.cx, size.cy + lacking.cy});
 }
 
 Scale WindowSize::scale() const {
