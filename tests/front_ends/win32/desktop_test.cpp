@@ -213,6 +213,8 @@ TEST_F(Desktop, PaintsEverythingAtItsPlaceOnAnyScreen) {
         GetObjectW(icon.hbmColor, sizeof picture, &picture);
         EXPECT_EQ(picture.bmWidth, GetSystemMetricsForDpi(SM_CXICON, dpi));
     }
+    press_key(Key::Tab);  // to the button, which shows that
+    EXPECT_GT(Ink(form, {3, 183, 78, 194}).edges[2], 70);
     form.button.Click = [&] { form.frame.Caption = "E"; };
     click(form, form.button);
     EXPECT_LT(Ink(form, {32, 20, 100, 27}).edges[2], 50);
