@@ -142,7 +142,6 @@ void FormWindow::sync_controls() {
 
 void FormWindow::bring_forward() {
     ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
-    if (GetForegroundWindow() == handle()) return;
     BringWindowToTop(handle());
     SetForegroundWindow(handle());
 }
