@@ -56,9 +56,9 @@ def play(command, elsewhere, by_link):
         wait_until_gone(its_table)
         game.to_front()
         game.click(QUIT)
+        wait_until_gone(game.table)  # or the later start would take the mouse away from a button still held
         successor = Game(command)  # started while the other ends
         require(game.exit_status() == 0, "the end is not in order")
-        wait_until_gone(game.table)
         with successor:
             successor.kill()
 
